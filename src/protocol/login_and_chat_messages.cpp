@@ -1,0 +1,76 @@
+/// Handlers of the login and chat messages: who is connected, what is said, what sounds.
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <string>
+
+#include "protocol/field_reading.h"
+#include "protocol/inbound_handlers.h"
+
+namespace korvanta::inbound {
+namespace {
+
+/// Sound number n plays entry n - 1.
+constexpr std::array<std::string_view, 6> kSoundFiles = {
+    "sounds/gamestart.wav", "sounds/tick.wav",     "sounds/attack.wav",
+    "sounds/attacked.wav",  "sounds/research.wav", "sounds/wingame.wav",
+};
+
+struct KindCode {
+  std::string_view code;
+  MessageKind kind;
+};
+
+constexpr std::array<KindCode, 7> kKindCodes = {{
+    {"cht", MessageKind::Chat},
+    {"ann", MessageKind::Announcement},
+    {"adm", MessageKind::Admin},
+    {"blk", MessageKind::Status},
+    {"tel", MessageKind::Tell},
+    {"tem", MessageKind::Team},
+    {"pln", MessageKind::Plain},
+}};
+
+}  // namespace
+
+void LoginAccepted(InboundTargets& targets, std::string_view payload) {
+  targets.connection.AcceptLogin(payload);
+}
+
+void LoginNotice(InboundTargets& targets, std::string_view payload) {
+  if (!targets.options.mnuLogins) {
+    targets.chat.AppendMessage(payload, MessageKind::Status);
+  }
+}
+
+void Caption(InboundTargets& /*targets*/, std::string_view /*payload*/) {}
+
+void Sound(InboundTargets& targets, std::string_view payload) {
+  if (!targets.options.mSounds) {
+    return;
+  }
+  const double number = ReadNumber(payload);
+  for (std::size_t i = 0; i < kSoundFiles.size(); ++i) {
+    if (number == static_cast<double>(i + 1)) {
+      targets.sounds.Play(kSoundFiles[i]);
+    }
+  }
+}
+
+void ChatLine(InboundTargets& targets, std::string_view payload) {
+  const std::string_view code = Field(payload, 0);
+  std::string_view text = Field(payload, 1);
+  ReadBoolean(Field(payload, 2));
+  std::string filtered;
+  if (targets.options.mnuFilter) {
+    filtered = targets.filter.FilterLanguage(text);
+    text = filtered;
+  }
+  const auto match = std::find_if(kKindCodes.begin(), kKindCodes.end(),
+                                  [&](const KindCode& known) { return known.code == code; });
+  if (match != kKindCodes.end()) {
+    targets.chat.AppendMessage(text, match->kind);
+  }
+}
+
+}  // namespace korvanta::inbound

@@ -1,0 +1,19 @@
+/// The kinds of lines in the message view.
+#pragma once
+
+#include <cstdint>
+
+namespace korvanta {
+
+/// Any other value is drawn like Status.
+enum class MessageKind : std::int32_t {
+  Chat = 0,
+  Announcement = 1,
+  Admin = 2,
+  Status = 3,  ///< one black line; every line that the client writes itself
+  Tell = 4,
+  Team = 5,
+  Plain = 6,
+};
+
+}  // namespace korvanta

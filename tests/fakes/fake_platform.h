@@ -1,0 +1,165 @@
+/// Hand-written fakes of everything under src/platform/: they record what the client does and do
+/// nothing by themselves. Time passes only when a test ticks a timer.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/platform.h"
+
+namespace korvanta::fakes {
+
+/// A socket whose peer is the test.
+class FakeSocket : public ClientSocket {
+ public:
+  void Close() override {
+    ++closes;
+    connected = false;
+  }
+  void Connect(const std::string& host, std::uint16_t port) override {
+    attempts.emplace_back(host, port);
+  }
+  void Send(std::string_view text) override { sent.emplace_back(text); }
+  bool IsConnected() const override { return connected; }
+  void Drain() override { ++drains; }
+
+  /// The attempt succeeds.
+  void Accept() {
+    connected = true;
+    on_connected();
+  }
+  void Receive(std::string_view block) const { on_data_arrival(block); }
+  /// The server closes the connection.
+  void Hangup() {
+    connected = false;
+    on_closed();
+  }
+  /// Everything sent since the last call.
+  std::vector<std::string> TakeSent() { return std::exchange(sent, {}); }
+
+  bool connected = false;
+  int closes = 0;
+  int drains = 0;
+  std::vector<std::pair<std::string, std::uint16_t>> attempts;
+  std::vector<std::string> sent;
+};
+
+class FakeTimer : public Timer {
+ public:
+  void SetEnabled(bool on) override { enabled = on; }
+  bool IsEnabled() const override { return enabled; }
+
+  bool enabled = false;
+};
+
+/// Keeps a view of every timer made, in order; the owner must outlive the use of it.
+class FakeTimers : public TimerFactory {
+ public:
+  std::unique_ptr<Timer> MakeTimer(std::chrono::milliseconds interval) override {
+    auto timer = std::make_unique<FakeTimer>();
+    made.emplace_back(interval, timer.get());
+    return timer;
+  }
+
+  /// The enabled timers of that interval tick once, in the order in which they were made.
+  void Tick(std::chrono::milliseconds interval) {
+    for (std::size_t i = 0; i < made.size(); ++i) {
+      if (made[i].first == interval && made[i].second->enabled) {
+        made[i].second->on_tick();
+      }
+    }
+  }
+
+  std::vector<std::pair<std::chrono::milliseconds, FakeTimer*>> made;
+};
+
+/// Settings in memory, with the order of all reads and writes.
+class MemorySettings : public SettingsStore {
+ public:
+  std::string Get(std::string_view section, std::string_view key,
+                  std::string_view default_text) override {
+    reads.push_back(Name(section, key));
+    const auto entry = entries.find(reads.back());
+    return entry == entries.end() ? std::string(default_text) : entry->second;
+  }
+  void Save(std::string_view section, std::string_view key, std::string_view text) override {
+    writes.push_back(Name(section, key));
+    entries[writes.back()] = text;
+  }
+  std::string Commit() override {
+    ++commits;
+    return commit_error;
+  }
+
+  static std::string Name(std::string_view section, std::string_view key) {
+    return std::string(section) + " > " + std::string(key);
+  }
+
+  std::map<std::string, std::string> entries;  ///< by "Section > Key"
+  std::vector<std::string> reads;
+  std::vector<std::string> writes;
+  int commits = 0;
+  std::string commit_error;
+};
+
+class RecordingSounds : public SoundPlayer {
+ public:
+  void Play(std::string_view file) override { played.emplace_back(file); }
+
+  std::vector<std::string> played;
+};
+
+class FakeWeb : public WebOpener {
+ public:
+  int Open(std::string_view address) override {
+    opened.emplace_back(address);
+    return code;
+  }
+
+  std::vector<std::string> opened;
+  int code = 33;
+};
+
+/// Records each box as "title: text" with its icon; questions get the next scripted answer.
+class FakeMessageBox : public MessageBox {
+ public:
+  void Show(std::string_view text, std::string_view title, MessageIcon icon) override {
+    shown.push_back(std::string(title) + ": " + std::string(text));
+    icons.push_back(icon);
+  }
+  bool Ask(std::string_view text, std::string_view title) override {
+    asked.push_back(std::string(title) + ": " + std::string(text));
+    if (answers.empty()) {
+      throw std::logic_error("a question that the test did not expect: " + asked.back());
+    }
+    const bool answer = answers.front();
+    answers.erase(answers.begin());
+    return answer;
+  }
+
+  std::vector<std::string> shown;
+  std::vector<MessageIcon> icons;
+  std::vector<std::string> asked;
+  std::vector<bool> answers;
+};
+
+/// All of them, as the bundle that a client takes.
+struct FakePlatform {
+  FakeSocket socket;
+  FakeTimers timers;
+  MemorySettings settings;
+  RecordingSounds sounds;
+  FakeWeb web;
+  FakeMessageBox message_box;
+
+  Platform platform() { return {socket, timers, settings, sounds, web, message_box}; }
+};
+
+}  // namespace korvanta::fakes
