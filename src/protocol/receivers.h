@@ -13,56 +13,51 @@ namespace korvanta {
 /// The message view.
 class ChatOutput {
  public:
-  virtual void AppendMessage(std::string_view text, MessageKind kind) = 0;
+  virtual ~ChatOutput() = default;
 
- protected:
-  ~ChatOutput() = default;
+  virtual void AppendMessage(std::string_view text, MessageKind kind) = 0;
 };
 
 /// The main window's title and the caption of its connect item.
 class ConnectionDisplay {
  public:
+  virtual ~ConnectionDisplay() = default;
+
   virtual void SetConnectCaption(std::string_view caption) = 0;
   virtual void SetTitle(std::string_view title) = 0;
-
- protected:
-  ~ConnectionDisplay() = default;
 };
 
 /// The research board and the game clock.
 class GameDisplay {
  public:
+  virtual ~GameDisplay() = default;
+
   virtual void StartGameClock(std::int16_t seconds) = 0;
   virtual void LightTopic(std::int16_t topic, std::int16_t level) = 0;
   virtual void ResetBoard() = 0;
   virtual void ShowResearchPoints(double points) = 0;
-
- protected:
-  ~GameDisplay() = default;
 };
 
 /// The online list and the side windows; each reads its own payload and raises MessageError from a
 /// broken one, keeping what it did before.
 class LobbyDisplay {
  public:
+  virtual ~LobbyDisplay() = default;
+
   virtual void ShowOnlineList(std::string_view payload) = 0;
   virtual void ShowUserStatistics(std::string_view payload) = 0;
   virtual void ShowNews(std::string_view payload) = 0;
   virtual void ShowTournamentInfo(std::string_view payload) = 0;
   virtual void ShowTeamList(std::string_view payload) = 0;
   virtual void ShowTeamNames(std::string_view payload) = 0;
-
- protected:
-  ~LobbyDisplay() = default;
 };
 
 /// Masks offensive words.
 class ChatFilter {
  public:
-  virtual std::string FilterLanguage(std::string_view text) const = 0;
+  virtual ~ChatFilter() = default;
 
- protected:
-  ~ChatFilter() = default;
+  virtual std::string FilterLanguage(std::string_view text) const = 0;
 };
 
 }  // namespace korvanta

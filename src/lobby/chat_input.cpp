@@ -1,0 +1,91 @@
+#include "lobby/chat_input.h"
+
+#include "protocol/message_catalogue.h"
+
+namespace korvanta {
+namespace {
+
+constexpr std::string_view kChatCommand = "c ";
+
+std::string_view TrimSpaces(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) {
+    return {};
+  }
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+/// Plain text becomes the chat command; a leading slash says that the text is a command already.
+std::string RewriteForAutoChat(std::string_view line) {
+  if (line.starts_with('/')) {
+    return std::string(line.substr(1));
+  }
+  return std::string(kChatCommand).append(line);
+}
+
+}  // namespace
+
+std::ptrdiff_t ChatInput::Remaining() const {
+  return static_cast<std::ptrdiff_t>(kLengthLimit) - static_cast<std::ptrdiff_t>(text_.size());
+}
+
+void ChatInput::TextEdited(std::string_view text) {
+  if (text == text_) {
+    return;
+  }
+  text_ = text;
+  position_ = history_.size();
+  Changed();
+}
+
+void ChatInput::HistoryChosen(std::size_t index) {
+  if (index < history_.size()) {
+    TextEdited(history_[index]);
+  }
+}
+
+void ChatInput::HistoryUp() {
+  if (position_ == 0) {
+    return;
+  }
+  if (position_ == history_.size()) {
+    draft_ = text_;
+  }
+  --position_;
+  ShowHistoryLine();
+}
+
+void ChatInput::HistoryDown() {
+  if (position_ == history_.size()) {
+    return;
+  }
+  ++position_;
+  ShowHistoryLine();
+}
+
+void ChatInput::ShowHistoryLine() {
+  text_ = position_ == history_.size() ? draft_ : history_[position_];
+  Changed();
+}
+
+void ChatInput::SendChatLine() {
+  if (!IsSendEnabled() || text_.empty() || !connection_.IsConnected()) {
+    return;
+  }
+  const std::string_view trimmed = TrimSpaces(text_);
+  std::string line = options_.mnuAutoChat ? RewriteForAutoChat(trimmed) : std::string(trimmed);
+  connection_.Send(outbound::ChatLine(line));
+  history_.push_back(std::move(line));
+  position_ = history_.size();
+  draft_.clear();
+  text_.clear();
+  Changed();
+}
+
+void ChatInput::Changed() const {
+  if (on_changed) {
+    on_changed();
+  }
+}
+
+}  // namespace korvanta

@@ -1,0 +1,60 @@
+/// The chat input below the message view: the line being typed, the history of sent lines and the
+/// send button. The plain half of `cboSend` and `btnSend`.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "protocol/connection.h"
+#include "protocol/options.h"
+
+namespace korvanta {
+
+class ChatInput {
+ public:
+  /// Characters that a line as typed may have for `btnSend` to be enabled.
+  static constexpr std::size_t kLengthLimit = 250;
+
+  ChatInput(Connection& connection, const Options& options)
+      : connection_(connection), options_(options) {}
+
+  const std::string& text() const { return text_; }
+  /// Lines as they were sent, oldest first; duplicates kept.
+  const std::vector<std::string>& history() const { return history_; }
+  bool IsSendEnabled() const { return text_.size() <= kLengthLimit; }
+  /// Characters left below the limit; negative beyond it.
+  std::ptrdiff_t Remaining() const;
+
+  /// The user typed, pasted or deleted: this is the whole text now, and a new draft.
+  void TextEdited(std::string_view text);
+
+  /// The user chose an entry of the drop-down list.
+  void HistoryChosen(std::size_t index);
+
+  /// Walk the history one line up or down; below its newest line stands the draft again.
+  void HistoryUp();
+  void HistoryDown();
+
+  /// The click of `btnSend`, or Enter: sends the line trimmed of spaces, rewritten by Auto Chat,
+  /// adds it to the history and empties the box. Nothing happens while the button is disabled, the
+  /// box is empty or nobody is logged in.
+  void SendChatLine();
+
+  std::function<void()> on_changed;
+
+ private:
+  void ShowHistoryLine();
+  void Changed() const;
+
+  Connection& connection_;
+  const Options& options_;
+  std::string text_;
+  std::string draft_;
+  std::vector<std::string> history_;
+  std::size_t position_ = 0;  // in history_; its size stands for the draft
+};
+
+}  // namespace korvanta

@@ -1,0 +1,67 @@
+#include "lobby/online_list.h"
+
+#include <array>
+
+#include "protocol/field_reading.h"
+#include "protocol/wire_format.h"
+
+namespace korvanta {
+namespace {
+
+/// Category n has entry n - 1.
+constexpr std::array<Colour, 8> kCategoryColours = {{
+    {192, 192, 0},
+    {128, 128, 128},
+    {192, 0, 192},
+    {0, 192, 0},
+    {0, 0, 192},
+    {0, 192, 192},
+    {192, 0, 0},
+    {192, 64, 0},
+}};
+
+}  // namespace
+
+Colour OnlineColour(std::string_view category) {
+  const double number = ReadNumber(category);
+  for (std::size_t i = 0; i < kCategoryColours.size(); ++i) {
+    if (number == static_cast<double>(i + 1)) {
+      return kCategoryColours[i];
+    }
+  }
+  return kBlack;
+}
+
+void OnlineList::ShowOnlineList(std::string_view payload) {
+  payload_ = payload;
+  entries_.clear();
+  selected_.reset();
+  try {
+    Rebuild();
+  } catch (...) {
+    Changed();
+    throw;
+  }
+  Changed();
+}
+
+void OnlineList::Rebuild() {
+  std::size_t position = 0;
+  for (std::string_view record : Split(payload_, kRecordSeparator)) {
+    if (!record.empty()) {
+      Entry& entry = entries_.emplace_back(Entry{position, Field(record, 0), kBlack, {}});
+      entry.colour = OnlineColour(Field(record, 1));
+      entry.level = Field(record, 2);
+      entry.marked = ReadNumber(Field(record, 3)) == 1;
+    }
+    ++position;
+  }
+}
+
+void OnlineList::Changed() const {
+  if (on_changed) {
+    on_changed();
+  }
+}
+
+}  // namespace korvanta

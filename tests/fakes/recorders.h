@@ -1,0 +1,73 @@
+/// Recorders of what the protocol shows: they implement the narrow interfaces of
+/// protocol/receivers.h and keep every call as one line of text.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "protocol/receivers.h"
+
+namespace korvanta::fakes {
+
+/// "kind|text" for each line.
+class RecordingChat : public ChatOutput {
+ public:
+  void AppendMessage(std::string_view text, MessageKind kind) override {
+    lines.push_back(std::to_string(static_cast<int>(kind)) + "|" + std::string(text));
+  }
+  std::vector<std::string> Take() { return std::exchange(lines, {}); }
+
+  std::vector<std::string> lines;
+};
+
+/// "caption=…" and "title=…" in order.
+class RecordingDisplay : public ConnectionDisplay {
+ public:
+  void SetConnectCaption(std::string_view caption) override {
+    calls.push_back("caption=" + std::string(caption));
+  }
+  void SetTitle(std::string_view title) override { calls.push_back("title=" + std::string(title)); }
+  std::vector<std::string> Take() { return std::exchange(calls, {}); }
+
+  std::vector<std::string> calls;
+};
+
+class RecordingGame : public GameDisplay {
+ public:
+  void StartGameClock(std::int16_t seconds) override {
+    calls.push_back("clock " + std::to_string(seconds));
+  }
+  void LightTopic(std::int16_t topic, std::int16_t level) override {
+    calls.push_back("light " + std::to_string(topic) + " " + std::to_string(level));
+  }
+  void ResetBoard() override { calls.emplace_back("reset"); }
+  void ShowResearchPoints(double points) override {
+    calls.push_back("points " + std::to_string(points));
+  }
+  std::vector<std::string> Take() { return std::exchange(calls, {}); }
+
+  std::vector<std::string> calls;
+};
+
+/// "tag payload" for each message handed on.
+class RecordingLobby : public LobbyDisplay {
+ public:
+  void ShowOnlineList(std::string_view payload) override { Record("onl", payload); }
+  void ShowUserStatistics(std::string_view payload) override { Record("bre", payload); }
+  void ShowNews(std::string_view payload) override { Record("nws", payload); }
+  void ShowTournamentInfo(std::string_view payload) override { Record("tif", payload); }
+  void ShowTeamList(std::string_view payload) override { Record("ttm", payload); }
+  void ShowTeamNames(std::string_view payload) override { Record("tdd", payload); }
+  std::vector<std::string> Take() { return std::exchange(calls, {}); }
+
+  std::vector<std::string> calls;
+
+ private:
+  void Record(const std::string& tag, std::string_view payload) {
+    calls.push_back(tag + " " + std::string(payload));
+  }
+};
+
+}  // namespace korvanta::fakes

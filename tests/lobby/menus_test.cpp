@@ -1,0 +1,76 @@
+#include "lobby/menus.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace korvanta {
+namespace {
+
+using testing::ElementsAre;
+
+TEST(Menus, TheBarReadsAsWritten) {
+  std::vector<std::string> lines;
+  for (const Menu& menu : MenuBar()) {
+    lines.emplace_back(menu.caption);
+    for (const MenuItem& item : menu.items) {
+      lines.push_back("  " + std::string(item.name) + " " + std::string(item.caption) +
+                      (item.shortcut.empty() ? "" : " " + std::string(item.shortcut)) +
+                      (item.option != nullptr ? " [option]" : ""));
+    }
+  }
+  EXPECT_THAT(
+      lines,
+      ElementsAre("&File", "  mnuDisCon Connect/Disconnect F1", "  mnuSplit1 -",
+                  "  mnuExit Exit F12", "&Game", "  mnuCity Enter Game Ctrl+E",
+                  "  mAuto Auto Ready Ctrl+M [option]", "  mnuTournament Tournament Ctrl+T",
+                  "G&lobal", "  mnuLookup Statistics Lookup Ctrl+L", "&Options",
+                  "  mnuAutoChat Auto Chat [option]", "  mSounds Sounds [option]", "  mnuSplit5 -",
+                  "  mnuScrollLock Scroll Lock Ctrl+K [option]",
+                  "  mnuFilter Language Filter Ctrl+F [option]", "  mnuClear Clear Window F6",
+                  "  mnuSplit9 -", "  mnuLogins Ignore Logins [option]", "&Help",
+                  "  mnuHelpSite Korvanta Help F2", "  mnuNews News F3", "  mnuSplit3 -",
+                  "  mnuHomepage Homepage F8"));
+}
+
+TEST(Menus, EachOptionTogglesItsOwnCheckMarkAndNothingElse) {
+  Options options;
+  Menus menus(options);
+  int changes = 0;
+  menus.on_changed = [&] { ++changes; };
+  std::set<bool Options::*, bool (*)(bool Options::*, bool Options::*)> toggled(
+      [](bool Options::*a, bool Options::*b) {
+        const Options probe;
+        return &(probe.*a) < &(probe.*b);
+      });
+  for (const Menu& menu : MenuBar()) {
+    for (const MenuItem& item : menu.items) {
+      const bool before = menus.IsChecked(item);
+      menus.Click(item);
+      EXPECT_EQ(menus.IsChecked(item), item.option != nullptr ? !before : before) << item.name;
+      if (item.option != nullptr) {
+        toggled.insert(item.option);
+      }
+    }
+  }
+  EXPECT_EQ(toggled.size(), 6U);
+  EXPECT_EQ(changes, 6);
+}
+
+TEST(Menus, ActionsRunAndTheConnectItemFollowsTheConnection) {
+  Options options;
+  Menus menus(options);
+  int clicks = 0;
+  menus.SetAction("mnuDisCon", [&] { ++clicks; });
+  const MenuItem& connect = MenuBar()[0].items[0];
+  menus.Click(connect);
+  EXPECT_EQ(clicks, 1);
+  menus.SetConnectCaption("Disconnect");
+  EXPECT_EQ(menus.Caption(connect), "Disconnect");
+  EXPECT_EQ(menus.Caption(MenuBar()[0].items[2]), "Exit");
+}
+
+}  // namespace
+}  // namespace korvanta

@@ -1,0 +1,53 @@
+#include "protocol/message_catalogue.h"
+
+#include <gtest/gtest.h>
+
+namespace korvanta {
+namespace {
+
+/// The bytes as they are compared: separator 1 written as ',', the terminator as ';'.
+std::string Readable(std::string message) {
+  for (char& c : message) {
+    c = c == '\001' ? ',' : c == '\0' ? ';' : c;
+  }
+  return message;
+}
+
+TEST(Catalogue, EveryOutboundMessageHasItsExactForm) {
+  const std::pair<std::string, std::string> messages[] = {
+      {outbound::Login("1.6", "name", "password"), "[con]1.6,name,password;"},
+      {outbound::Login("1.6", "name", ""), "[con]1.6,name,;"},
+      {outbound::Disconnect(), "[dis];"},
+      {outbound::KeepAlive(), "[p];"},
+      {outbound::ChatLine("c hello"), "[ctc]c hello;"},
+      {outbound::ChatLine(""), "[ctc];"},
+      {outbound::FormAlliance("Ann"), "[aly]Ann;"},
+      {outbound::AttackPlayer("Ann"), "[att]Ann;"},
+      {outbound::LookUpStatistics(" Ann "), "[bre] Ann ;"},
+      {outbound::EnterGame(), "[jon];"},
+      {outbound::TopicInformation(4), "[inf]4;"},
+      {outbound::ResearchTopic(1, 2), "[upg]1,2,;"},
+      {outbound::ResearchTopic(5, 5), "[upg]5,5,;"},
+      {outbound::RequestNews(), "[nws];"},
+      {outbound::RequestTournamentInfo(), "[tif];"},
+      {outbound::RequestTeamList(), "[ttm];"},
+      {outbound::StartTournament("", "", ""), "[tcr],,,;"},
+      {outbound::StartTournament("5", "x", " 2"), "[tcr]5,x, 2,;"},
+      {outbound::SetTournamentGame(), "[tst];"},
+      {outbound::EndTournament(), "[ted];"},
+      {outbound::JoinTeam(" Red ", "pw"), "[tjo] Red ,pw,;"},
+      {outbound::DisbandTeam(), "[tdb];"},
+      {outbound::KickPlayer("Bob"), "[tkp]Bob;"},
+  };
+  for (const auto& [message, expected] : messages) {
+    EXPECT_EQ(Readable(message), expected);
+  }
+}
+
+TEST(Catalogue, NothingIsEscaped) {
+  EXPECT_EQ(outbound::ChatLine(std::string("a\0b\001c\002\xff", 7)),
+            std::string("[ctc]a\0b\001c\002\xff\0", 13));
+}
+
+}  // namespace
+}  // namespace korvanta
