@@ -11,8 +11,10 @@ class WindowLife {
  public:
   enum class State { Absent, Hidden, Shown };
 
-  /// `load` is the window's load step, run once each time the window is created.
-  explicit WindowLife(std::function<void()> load) : load_(std::move(load)) {}
+  /// `load` is the window's load step, run once each time the window is created; `unload` what it
+  /// must undo, run once each time the window ends, shown or not.
+  explicit WindowLife(std::function<void()> load, std::function<void()> unload = {})
+      : load_(std::move(load)), unload_(std::move(unload)) {}
 
   State state() const { return state_; }
 
@@ -40,6 +42,9 @@ class WindowLife {
     }
     const bool was_shown = state_ == State::Shown;
     state_ = State::Absent;
+    if (unload_) {
+      unload_();
+    }
     if (was_shown && on_unload) {
       on_unload();
     }
@@ -50,6 +55,7 @@ class WindowLife {
 
  private:
   std::function<void()> load_;
+  std::function<void()> unload_;
   State state_ = State::Absent;
 };
 

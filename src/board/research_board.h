@@ -1,0 +1,115 @@
+/// The research board: four topics of four levels, the research points, and the clock beside them.
+/// It knows no game rules; it shows what the server's messages say.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "board/game_clock.h"
+
+namespace korvanta {
+
+class ResearchBoard;
+
+namespace modLight {
+
+/// Redraws one topic's row for the level that the server gives: frames up to the level and the
+/// lines between them are highlighted, line 4 when the level is 4. Topics other than 1, 2 and 3
+/// mean the Defense row. A level above 4 is drawn like 4, but leaves line 4 of Population plain.
+void LightTopic(ResearchBoard& board, std::int16_t topic, std::int16_t level);
+
+/// Makes every frame and line plain, stops the clock where it is, and shows zero points.
+void ResetBoard(ResearchBoard& board);
+
+}  // namespace modLight
+
+struct TopicColour {
+  std::uint8_t red;
+  std::uint8_t green;
+  std::uint8_t blue;
+};
+
+/// One row of the board. `boxes`, `frames`, `lines` and `caption` are the names of its controls.
+struct TopicRow {
+  std::int16_t code;
+  std::string_view name;
+  TopicColour colour;
+  std::string_view boxes;
+  std::string_view frames;
+  std::string_view lines;
+  std::string_view caption;
+};
+
+inline constexpr std::size_t kTopicRows = 4;
+inline constexpr int kTopLevel = 4;
+
+/// Top to bottom.
+inline constexpr std::array<TopicRow, kTopicRows> kTopics{{
+    {1, "Military", {0, 255, 0}, "Military", "MilitaryBord", "MLine", "Label2"},
+    {2, "Industry", {255, 0, 0}, "Industry", "IndustryBord", "ILine", "Label3"},
+    {3, "Population", {0, 255, 255}, "Pop", "PopBord", "PLine", "Label4"},
+    {4, "Defense", {0, 0, 255}, "Defense", "DefenseBorder", "DLine", "Label5"},
+}};
+
+/// The goal's topic code, which serves as its level too.
+inline constexpr std::int16_t kGoldenKnowledge = 5;
+inline constexpr std::string_view kGoldenKnowledgeName = "Golden Knowledge";
+inline constexpr TopicColour kGoldenKnowledgeColour{255, 255, 0};
+
+inline constexpr int kPlainWidth = 1;
+inline constexpr int kReachedWidth = 4;
+
+/// What a change touched; the first four are the rows in the order of `kTopics`.
+enum class BoardPart { Military, Industry, Population, Defense, Research, TickTime };
+
+class ResearchBoard {
+ public:
+  /// The board takes over the clock's `on_changed`; the clock outlives it.
+  explicit ResearchBoard(GameClock& clock);
+  ResearchBoard(const ResearchBoard&) = delete;
+  ResearchBoard& operator=(const ResearchBoard&) = delete;
+  ~ResearchBoard();
+
+  /// "Research Points: " and the number in plain decimal digits, as few as tell it from every other
+  /// double, without an exponent.
+  void ShowResearchPoints(double points);
+
+  /// `row` counts from 0 in the order of `kTopics`, `level` from 1 to 4; the answer is
+  /// `kPlainWidth` or `kReachedWidth`. Line i leads from frame i to the next, line 4 to the goal.
+  int FrameWidth(std::size_t row, int level) const { return rows_[row].frames[Index(level)]; }
+  int LineWidth(std::size_t row, int level) const { return rows_[row].lines[Index(level)]; }
+
+  const std::string& Research() const { return Research_; }
+  const std::string& TickTime() const { return clock_.TickTime(); }
+
+  /// Called once for each part that differs from before.
+  std::function<void(BoardPart)> on_changed;
+
+ private:
+  friend void modLight::LightTopic(ResearchBoard& board, std::int16_t topic, std::int16_t level);
+  friend void modLight::ResetBoard(ResearchBoard& board);
+
+  /// Border widths, by level.
+  struct Widths {
+    Widths();
+    bool operator==(const Widths&) const = default;
+
+    std::array<int, kTopLevel> frames;
+    std::array<int, kTopLevel> lines;
+  };
+
+  static std::size_t Index(int level) { return static_cast<std::size_t>(level - 1); }
+
+  void SetRow(std::size_t row, const Widths& widths);
+  void Changed(BoardPart part) const;
+
+  GameClock& clock_;
+  std::array<Widths, kTopicRows> rows_;
+  std::string Research_;
+};
+
+}  // namespace korvanta

@@ -1,0 +1,162 @@
+#include "board/research_board.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <cstdlib>
+#include <limits>
+
+#include "tests/fakes/fake_platform.h"
+
+namespace korvanta {
+namespace {
+
+using std::chrono_literals::operator""ms;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class ResearchBoardTest : public testing::Test {
+ protected:
+  ResearchBoardTest() {
+    board_.on_changed = [this](BoardPart part) { changed_.push_back(part); };
+  }
+
+  /// A row as its four frames, a space, and its four lines: 4 or 1 each.
+  std::string Row(std::size_t row) const {
+    std::string text;
+    for (int level = 1; level <= 4; ++level) {
+      text += std::to_string(board_.FrameWidth(row, level));
+    }
+    text += ' ';
+    for (int level = 1; level <= 4; ++level) {
+      text += std::to_string(board_.LineWidth(row, level));
+    }
+    return text;
+  }
+  std::vector<std::string> Rows() const { return {Row(0), Row(1), Row(2), Row(3)}; }
+  std::vector<BoardPart> TakeChanged() { return std::exchange(changed_, {}); }
+
+  fakes::FakeTimers timers_;
+  GameClock clock_{timers_};
+  ResearchBoard board_{clock_};
+  std::vector<BoardPart> changed_;
+};
+
+constexpr const char* kPlain = "1111 1111";
+constexpr const char* kAll = "4444 4444";
+
+TEST_F(ResearchBoardTest, StartsPlain) {
+  EXPECT_THAT(Rows(), testing::Each(kPlain));
+  EXPECT_EQ(board_.Research(), "Research Points: 0");
+  EXPECT_EQ(board_.TickTime(), "Tick Time - 0:00");
+}
+
+TEST_F(ResearchBoardTest, EveryLevelOfEveryRowWhateverItWasBefore) {
+  const char* const by_level[] = {kPlain, "4111 1111", "4411 4111", "4441 4411", kAll};
+  for (std::int16_t topic = 1; topic <= 4; ++topic) {
+    for (std::int16_t before = 0; before <= 4; ++before) {
+      for (std::int16_t level = 0; level <= 4; ++level) {
+        modLight::ResetBoard(board_);
+        modLight::LightTopic(board_, topic, before);
+        modLight::LightTopic(board_, topic, level);
+        std::vector<std::string> expected(4, kPlain);
+        expected[static_cast<std::size_t>(topic - 1)] = by_level[level];
+        EXPECT_EQ(Rows(), expected) << topic << ": " << before << " to " << level;
+      }
+    }
+  }
+}
+
+TEST_F(ResearchBoardTest, ValuesOutOfRange) {
+  struct Case {
+    std::int16_t topic;
+    std::int16_t level;
+    std::size_t row;
+    const char* shown;
+  };
+  const Case cases[] = {
+      {1, 5, 0, kAll},
+      {2, 32767, 1, kAll},
+      {3, 5, 2, "4444 4441"},
+      {3, 32767, 2, "4444 4441"},
+      {4, 9, 3, kAll},
+      {1, -1, 0, kPlain},
+      {3, -32768, 2, kPlain},
+      {5, 2, 3, "4411 4111"},
+      {0, 4, 3, kAll},
+      {-7, 1, 3, "4111 1111"},
+      {32767, 3, 3, "4441 4411"},
+  };
+  for (const Case& each : cases) {
+    modLight::ResetBoard(board_);
+    modLight::LightTopic(board_, each.topic, each.level);
+    std::vector<std::string> expected(4, kPlain);
+    expected[each.row] = each.shown;
+    EXPECT_EQ(Rows(), expected) << each.topic << ", " << each.level;
+  }
+}
+
+TEST_F(ResearchBoardTest, ResetClearsTheBoardAndFreezesTheClock) {
+  for (std::int16_t topic = 1; topic <= 4; ++topic) {
+    modLight::LightTopic(board_, topic, 4);
+  }
+  board_.ShowResearchPoints(12);
+  clock_.StartGameClock(90);
+  timers_.Tick(1000ms);
+
+  modLight::ResetBoard(board_);
+  EXPECT_THAT(Rows(), testing::Each(kPlain));
+  EXPECT_EQ(board_.Research(), "Research Points: 0");
+  timers_.Tick(1000ms);
+  EXPECT_EQ(board_.TickTime(), "Tick Time - 1:29");
+  EXPECT_EQ(clock_.TickSecondsLeft(), 89);
+}
+
+TEST_F(ResearchBoardTest, TellsEachPartThatChangedAndNothingElse) {
+  modLight::LightTopic(board_, 3, 2);
+  EXPECT_THAT(TakeChanged(), ElementsAre(BoardPart::Population));
+  modLight::LightTopic(board_, 3, 2);
+  modLight::LightTopic(board_, 1, 0);
+  board_.ShowResearchPoints(0);
+  EXPECT_THAT(TakeChanged(), IsEmpty());
+
+  board_.ShowResearchPoints(5);
+  clock_.StartGameClock(10);
+  timers_.Tick(1000ms);
+  EXPECT_THAT(TakeChanged(), ElementsAre(BoardPart::Research, BoardPart::TickTime));
+  modLight::ResetBoard(board_);
+  EXPECT_THAT(TakeChanged(), ElementsAre(BoardPart::Population, BoardPart::Research));
+  modLight::ResetBoard(board_);
+  EXPECT_THAT(TakeChanged(), IsEmpty());
+}
+
+TEST_F(ResearchBoardTest, PointsArePlainDecimalText) {
+  const std::pair<double, std::string> cases[] = {
+      {12, "12"},
+      {2.50, "2.5"},
+      {-3.25, "-3.25"},
+      {0.1, "0.1"},
+      {-0.0, "0"},
+      {1234567.875, "1234567.875"},
+      {1e15, "1000000000000000"},
+      {1e-7, "0.0000001"},
+      {0.1 + 0.2, "0.30000000000000004"},
+      {std::numeric_limits<double>::denorm_min(), "0." + std::string(323, '0') + "5"},
+  };
+  for (const auto& [points, text] : cases) {
+    board_.ShowResearchPoints(points);
+    EXPECT_EQ(board_.Research(), "Research Points: " + text);
+  }
+}
+
+TEST_F(ResearchBoardTest, TheLongestNumbersAreWhole) {
+  for (const double points : {std::numeric_limits<double>::max(), -1e308, -1.2345678901234567e-300,
+                              -2.2250738585072011e-308}) {
+    board_.ShowResearchPoints(points);
+    const std::string digits = board_.Research().substr(17);
+    EXPECT_EQ(digits.find_first_not_of("-.0123456789"), std::string::npos) << digits;
+    EXPECT_EQ(std::strtod(digits.c_str(), nullptr), points);
+  }
+}
+
+}  // namespace
+}  // namespace korvanta
