@@ -1,0 +1,128 @@
+#include "startup/saved_logins.h"
+
+#include <gtest/gtest.h>
+
+namespace korvanta {
+namespace {
+
+std::string Scrambled(std::string_view text) {
+  return modData::ScrambleLoginText(text, true).value();
+}
+
+std::string Piece(std::string_view name, std::string_view password) {
+  return Scrambled(name) + "," + Scrambled(password) + ";";
+}
+
+/// "name/password" of every slot from 1 up, joined by blanks.
+std::string Show(const SavedLogins& logins) {
+  std::string text;
+  for (const SavedLogin& login : logins.Logins()) {
+    text += (text.empty() ? "" : " ") + login.UserName + "/" + login.Password;
+  }
+  return text;
+}
+
+TEST(ScrambleLoginText, ReversesAndTransformsWholeTexts) {
+  EXPECT_EQ(Scrambled("abc"), "\xc9\xc7\xc5");
+  EXPECT_EQ(Scrambled(""), "");
+}
+
+TEST(ScrambleLoginText, DecodingUndoesEncodingWhereverThereIsOne) {
+  for (int code = 0; code < 256; ++code) {
+    const std::string text = {'x', static_cast<char>(code)};
+    const auto scrambled = modData::ScrambleLoginText(text, true);
+    ASSERT_EQ(scrambled.has_value(), code <= 126) << code;
+    if (scrambled) {
+      EXPECT_EQ(modData::ScrambleLoginText(*scrambled, false), text) << code;
+    }
+    EXPECT_EQ(modData::ScrambleLoginText(text, false).has_value(), code >= 3) << code;
+  }
+}
+
+TEST(ScrambleLoginText, DecodesHalvesToTheEvenNeighbour) {
+  const std::pair<int, int> cases[] = {{3, 0},     {4, 0},    {5, 1},    {6, 2},     {7, 2},
+                                       {8, 2},     {9, 3},    {10, 4},   {58, 28},   {60, 28},
+                                       {99, 48},   {100, 48}, {102, 50}, {252, 124}, {253, 125},
+                                       {254, 126}, {255, 126}};
+  for (const auto& [stored, code] : cases) {
+    EXPECT_EQ(modData::ScrambleLoginText(std::string(1, static_cast<char>(stored)), false),
+              std::string(1, static_cast<char>(code)))
+        << stored;
+  }
+}
+
+TEST(SavedLogins, ReadsPiecesAndSkipsWhatMakesNoSense) {
+  const std::string good = Piece("good", "pass");
+  const struct {
+    const char* what;
+    std::string stored;
+    std::string logins;
+  } cases[] = {
+      {"nothing stored", "", ""},
+      {"empty pieces", ";;", ""},
+      {"one character", "x;" + good, "good/pass"},
+      {"a comma alone", ",;" + good, "good/pass"},
+      {"no comma", "xyz;" + good, "good/pass"},
+      {"character below the scramble", std::string("a\x02z,\xc9;") + good, "good/pass"},
+      {"the same in the password", std::string("\xc9,\x01;") + good, "good/pass"},
+      {"the same behind the password", Scrambled("four") + ",," + "\x01;" + good,
+       "four/ good/pass"},
+      {"no password", Scrambled("solo") + ",;", "solo/"},
+      {"no name", "," + Scrambled("only") + ";", "/only"},
+      {"last piece without its end", Piece("ann1", "") + Scrambled("bob1") + ",", "ann1/ bob1/"},
+      {"duplicates", good + good, "good/pass good/pass"},
+  };
+  for (const auto& c : cases) {
+    SavedLogins logins;
+    logins.AddStored(c.stored);
+    EXPECT_EQ(Show(logins), c.logins) << c.what;
+  }
+}
+
+TEST(SavedLogins, WritesLoginsWithNamesInSlotOrder) {
+  SavedLogins logins;
+  EXPECT_EQ(logins.ToStored(), "");
+  for (const auto& [name, password] :
+       {std::pair{"Anna", "pass1"}, {"", "left"}, {"Bert", ""}, {"Anna", "pass2"}}) {
+    logins.Add({name, password});
+  }
+  EXPECT_EQ(logins.ToStored(),
+            Piece("Anna", "pass1") + Scrambled("Bert") + ",;" + Piece("Anna", "pass2"));
+}
+
+TEST(SavedLogins, EveryDecodableTextComesBackAfterWriting) {
+  SavedLogins logins;
+  std::string all;
+  for (int code = 0; code <= 126; ++code) {
+    all += static_cast<char>(code);
+  }
+  logins.Add({all, "first"});
+  logins.Add({"second", all});
+
+  SavedLogins again;
+  again.AddStored(logins.ToStored());
+  EXPECT_EQ(Show(again), Show(logins));
+}
+
+TEST(SavedLogins, WhatTheScrambleCannotEncodeSpoilsNoOtherLogin) {
+  SavedLogins logins;
+  logins.Add({"first", "pass"});
+  logins.Add({"Ren\xe9", "pass"});
+  logins.Add({"Luis", "se\xf1or"});
+  logins.Add({"last", "pass"});
+  EXPECT_EQ(logins.ToStored(), Piece("first", "pass") + Piece("Luis", "") + Piece("last", "pass"));
+}
+
+TEST(SavedLogins, NamesAreFoundWithoutRegardToCaseFirstSlotFirst) {
+  SavedLogins logins;
+  logins.Add({"Bob@", "1"});
+  logins.Add({"BOB@", "2"});
+  ASSERT_NE(logins.Find("bob@"), nullptr);
+  EXPECT_EQ(logins.Find("bob@")->Password, "1");
+  for (const char* other : {"bob", "bob@@", "bob`", ""}) {
+    EXPECT_EQ(logins.Find(other), nullptr) << other;
+  }
+}
+
+}  // namespace
+}  // namespace korvanta
