@@ -1,0 +1,84 @@
+/// The colours of the message view's lines. The view's text carries roles; whoever draws asks for
+/// their pixels here.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "protocol/message_kind.h"
+
+namespace korvanta {
+
+/// What a stretch of the view's text is drawn as. First and second are the parts of a two-colour
+/// line: up to its first colon, and what follows it.
+enum class ColourRole : std::uint8_t {
+  Black,
+  ChatFirst,
+  ChatSecond,
+  AnnouncementFirst,
+  AnnouncementSecond,
+  AdminFirst,
+  AdminSecond,
+  TellFirst,
+  TellSecond,
+  TeamFirst,
+  TeamSecond,
+  PlainFirst,
+  PlainSecond,
+};
+
+struct Rgb {
+  std::uint8_t red;
+  std::uint8_t green;
+  std::uint8_t blue;
+  bool operator==(const Rgb&) const = default;
+};
+
+/// In the order of the roles.
+inline constexpr std::array<Rgb, 13> kRoleColours = {{
+    {0, 0, 0},
+    {0, 0, 128},
+    {64, 64, 192},
+    {0, 128, 128},
+    {0, 164, 164},
+    {128, 0, 255},
+    {168, 81, 255},
+    {176, 0, 0},
+    {215, 0, 0},
+    {0, 140, 0},
+    {0, 183, 0},
+    {64, 128, 128},
+    {78, 156, 156},
+}};
+
+constexpr Rgb ColourOf(ColourRole role) { return kRoleColours[static_cast<std::size_t>(role)]; }
+
+/// The roles of one kind of line; a one-colour kind has the same twice.
+struct LineColours {
+  ColourRole first = ColourRole::Black;
+  ColourRole second = ColourRole::Black;
+  bool operator==(const LineColours&) const = default;
+};
+
+constexpr LineColours ColoursOf(MessageKind kind) {
+  switch (kind) {
+    case MessageKind::Chat:
+      return {ColourRole::ChatFirst, ColourRole::ChatSecond};
+    case MessageKind::Announcement:
+      return {ColourRole::AnnouncementFirst, ColourRole::AnnouncementSecond};
+    case MessageKind::Admin:
+      return {ColourRole::AdminFirst, ColourRole::AdminSecond};
+    case MessageKind::Tell:
+      return {ColourRole::TellFirst, ColourRole::TellSecond};
+    case MessageKind::Team:
+      return {ColourRole::TeamFirst, ColourRole::TeamSecond};
+    case MessageKind::Plain:
+      return {ColourRole::PlainFirst, ColourRole::PlainSecond};
+    case MessageKind::Status:
+      break;
+  }
+  return {};
+}
+
+}  // namespace korvanta

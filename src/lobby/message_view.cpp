@@ -1,0 +1,82 @@
+#include "lobby/message_view.h"
+
+#include <algorithm>
+
+#include "lobby/line_colours.h"
+
+namespace korvanta {
+
+void modData::AppendMessage(MessageView& view, std::string_view text, MessageKind kind) {
+  if (!view.IsScrollLocked()) {
+    view.anchor_ = view.caret_ = view.size();
+  }
+  const std::size_t place = view.insertion_point();
+  const auto [first, second] = ColoursOf(kind);
+  const std::size_t head = text.find(':') + 1;  // 0 without a colon
+  view.Insert(text.substr(0, head), first);
+  view.Insert(text.substr(head), second);
+  view.Insert("\r\n", second);
+  ++view.lines_written_;
+  view.Tell({MessageView::Change::What::Inserted, place, view.caret_ - place});
+}
+
+void MessageView::Clear() {
+  if (size() == 0) {
+    return;
+  }
+  text_.Clear();
+  anchor_ = caret_ = 0;
+  Tell({Change::What::Cleared});
+}
+
+TextRange MessageView::selection() const {
+  return {std::min(anchor_, caret_), std::max(anchor_, caret_)};
+}
+
+void MessageView::Select(std::size_t anchor, std::size_t caret) {
+  anchor = CaretPlace(text_, anchor);
+  caret = CaretPlace(text_, caret);
+  if (anchor == anchor_ && caret == caret_) {
+    return;
+  }
+  anchor_ = anchor;
+  caret_ = caret;
+  Tell({Change::What::Selection});
+}
+
+std::string MessageView::SelectedText() const {
+  const auto [from, to] = selection();
+  std::string text = text_.Bytes(from, to);
+  auto out = text.begin();
+  for (auto in = text.begin(); in != text.end(); ++in) {
+    if (*in == '\r') {
+      *out++ = '\n';
+      if (in + 1 != text.end() && in[1] == '\n') {
+        ++in;
+      }
+    } else {
+      *out++ = *in;
+    }
+  }
+  text.erase(out, text.end());
+  return text;
+}
+
+/// Replaces the selection by itself in this colour and the text, and selects nothing behind it.
+void MessageView::Insert(std::string_view text, ColourRole role) {
+  if (text.empty()) {
+    return;
+  }
+  const auto [from, to] = selection();
+  text_.Recolour(from, to, role);
+  text_.Insert(to, text, role);
+  anchor_ = caret_ = to + text.size();
+}
+
+void MessageView::Tell(const Change& change) const {
+  if (on_changed) {
+    on_changed(change);
+  }
+}
+
+}  // namespace korvanta

@@ -1,0 +1,282 @@
+#include "lobby/message_view.h"
+
+#include <algorithm>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace korvanta {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using What = MessageView::Change::What;
+
+/// The colours of a text, one letter a byte: the role's number as 'a', 'b', ….
+std::string Letters(const Excerpt& excerpt) {
+  std::string letters;
+  for (const ColourRun& run : excerpt.runs) {
+    letters.resize(run.end, static_cast<char>('a' + static_cast<int>(run.role)));
+  }
+  return letters;
+}
+
+Excerpt All(const ColouredText& text) {
+  Excerpt excerpt;
+  text.Read(0, text.size(), excerpt);
+  return excerpt;
+}
+
+/// The rules of the view, written down once more in the slowest and plainest way.
+struct PlainView {
+  std::string bytes;
+  std::string letters;
+  std::size_t anchor = 0;
+  std::size_t caret = 0;
+
+  void Insert(std::string_view text, ColourRole role) {
+    if (text.empty()) {
+      return;
+    }
+    const char letter = static_cast<char>('a' + static_cast<int>(role));
+    const auto [from, to] = std::minmax(anchor, caret);
+    std::fill(letters.begin() + static_cast<std::ptrdiff_t>(from),
+              letters.begin() + static_cast<std::ptrdiff_t>(to), letter);
+    bytes.insert(to, text);
+    letters.insert(to, text.size(), letter);
+    anchor = caret = to + text.size();
+  }
+
+  void Append(const std::string& text, MessageKind kind, bool locked) {
+    if (!locked) {
+      anchor = caret = bytes.size();
+    }
+    const std::size_t colon = text.find(':');
+    const std::string head = colon == std::string::npos ? "" : text.substr(0, colon + 1);
+    Insert(head, ColoursOf(kind).first);
+    Insert(text.substr(head.size()) + "\r\n", ColoursOf(kind).second);
+  }
+
+  bool InsideBreak(std::size_t offset) const {
+    return offset > 0 && offset < bytes.size() && bytes[offset - 1] == '\r' &&
+           bytes[offset] == '\n';
+  }
+
+  std::size_t Place(std::size_t offset) const {
+    offset = std::min(offset, bytes.size());
+    return InsideBreak(offset) ? offset - 1 : offset;
+  }
+
+  TextRange Line(std::size_t offset) const {
+    TextRange line{Place(offset), Place(offset)};
+    while (line.from > 0 && !IsLineBreak(bytes[line.from - 1])) {
+      --line.from;
+    }
+    while (line.to < bytes.size() && !IsLineBreak(bytes[line.to])) {
+      ++line.to;
+    }
+    if (line.to < bytes.size()) {
+      line.to += InsideBreak(line.to + 1) ? 2 : 1;
+    }
+    return line;
+  }
+};
+
+class MessageViewRandom : public testing::TestWithParam<std::size_t> {};
+
+TEST_P(MessageViewRandom, AgreesWithThePlainView) {
+  std::mt19937 random(20240613);
+  const auto below = [&random](std::size_t limit) { return random() % limit; };
+  Options options;
+  MessageView view(options, GetParam());
+  PlainView plain;
+  for (int step = 0; step < 6000; ++step) {
+    const std::size_t action = below(100);
+    if (action < 55) {
+      std::string text(below(below(10) == 0 ? 60 : 9), 'x');
+      for (char& byte : text) {
+        byte = "ab: \r\n"[below(6)];
+      }
+      const auto kind = static_cast<MessageKind>(below(9));
+      plain.Append(text, kind, options.mnuScrollLock);
+      view.AppendMessage(text, kind);
+    } else if (action < 90) {
+      const std::size_t anchor = below(view.size() + 3);
+      const std::size_t caret = below(3) == 0 ? anchor : below(view.size() + 3);
+      plain.anchor = plain.Place(anchor);
+      plain.caret = plain.Place(caret);
+      view.Select(anchor, caret);
+    } else if (action < 99) {
+      options.mnuScrollLock = below(4) != 0;
+    } else if (below(4) == 0) {
+      plain = {};
+      view.Clear();
+    }
+    ASSERT_EQ(view.anchor(), plain.anchor) << step;
+    ASSERT_EQ(view.caret(), plain.caret) << step;
+    const Excerpt all = All(view.text());
+    ASSERT_EQ(all.bytes, plain.bytes) << step;
+    ASSERT_EQ(Letters(all), plain.letters) << step;
+
+    const std::size_t from = below(view.size() + 1);
+    const std::size_t to = from + below(view.size() - from + 1);
+    Excerpt part;
+    view.text().Read(from, to, part);
+    ASSERT_EQ(part.bytes, plain.bytes.substr(from, to - from)) << step;
+    ASSERT_EQ(Letters(part), plain.letters.substr(from, to - from)) << step;
+    for (std::size_t run = 1; run < part.runs.size(); ++run) {
+      ASSERT_NE(part.runs[run - 1].role, part.runs[run].role) << step;
+    }
+    ASSERT_EQ(view.text().Bytes(from, to), part.bytes) << step;
+    ASSERT_EQ(LineAt(view.text(), from), plain.Line(from)) << step;
+    const TextRange word = WordAt(view.text(), from);
+    ASSERT_LE(word.from, plain.Place(from)) << step;
+    ASSERT_GE(word.to, plain.Place(from)) << step;
+    if (from < view.size()) {
+      ASSERT_EQ(view.text().At(from), plain.bytes[from]) << step;
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(ChunkSizes, MessageViewRandom,
+                         testing::Values(1, 2, 7, 64, ColouredText::kChunkSize));
+
+struct MessageViewTest : testing::Test {
+  std::string Bytes() const { return All(view.text()).bytes; }
+  std::vector<ColourRun> Runs() const { return All(view.text()).runs; }
+
+  Options options;
+  MessageView view{options, 16};
+};
+
+TEST_F(MessageViewTest, LinesSplitBehindTheirFirstColon) {
+  struct Case {
+    MessageKind kind;
+    std::string text;
+    std::size_t head;
+    Rgb first;
+    Rgb second;
+  };
+  const Case cases[] = {
+      {MessageKind::Chat, "Aster: hello", 6, {0, 0, 128}, {64, 64, 192}},
+      {MessageKind::Announcement, ": none", 1, {0, 128, 128}, {0, 164, 164}},
+      {MessageKind::Admin, "Admin:", 6, {128, 0, 255}, {168, 81, 255}},
+      {MessageKind::Tell, "Corin: at 10:30", 6, {176, 0, 0}, {215, 0, 0}},
+      {MessageKind::Team, "no colon", 0, {0, 140, 0}, {0, 183, 0}},
+      {MessageKind::Plain, "", 0, {64, 128, 128}, {78, 156, 156}},
+      {MessageKind::Plain, "a:b", 2, {64, 128, 128}, {78, 156, 156}},
+      {MessageKind::Status, "Connected: yes", 0, {0, 0, 0}, {0, 0, 0}},
+      {MessageKind::Status, "", 0, {0, 0, 0}, {0, 0, 0}},
+      {static_cast<MessageKind>(9), "Aster: hi", 0, {0, 0, 0}, {0, 0, 0}},
+      {static_cast<MessageKind>(-1), "Aster: hi", 0, {0, 0, 0}, {0, 0, 0}},
+  };
+  for (const Case& c : cases) {
+    view.Clear();
+    modData::AppendMessage(view, c.text, c.kind);
+    EXPECT_EQ(Bytes(), c.text + "\r\n");
+    const std::vector<ColourRun> runs = Runs();
+    ASSERT_EQ(runs.size(), c.head == 0 ? 1U : 2U) << c.text;
+    EXPECT_EQ(runs.back().end, c.text.size() + 2);
+    EXPECT_EQ(ColourOf(runs.back().role), c.second) << c.text;
+    if (c.head != 0) {
+      EXPECT_EQ(runs.front().end, c.head);
+      EXPECT_EQ(ColourOf(runs.front().role), c.first) << c.text;
+    }
+  }
+}
+
+TEST_F(MessageViewTest, WithoutScrollLockLinesGoToTheEndAndCancelTheSelection) {
+  view.AppendMessage("one", MessageKind::Status);
+  view.Select(0, 3);
+  view.AppendMessage("two", MessageKind::Status);
+  EXPECT_EQ(Bytes(), "one\r\ntwo\r\n");
+  EXPECT_EQ(view.selection(), (TextRange{10, 10}));
+}
+
+TEST_F(MessageViewTest, WithScrollLockLinesFollowTheSelectionWhichTakesTheirColour) {
+  view.AppendMessage("some words here", MessageKind::Status);
+  options.mnuScrollLock = true;
+  view.Select(10, 5);  // dragged backwards
+  view.AppendMessage("A: x", MessageKind::Chat);
+  view.AppendMessage("B: y", MessageKind::Tell);
+  EXPECT_EQ(Bytes(), "some wordsA: x\r\nB: y\r\n here\r\n");
+  EXPECT_THAT(
+      Runs(),
+      ElementsAre(ColourRun{5, ColourRole::Black}, ColourRun{12, ColourRole::ChatFirst},
+                  ColourRun{16, ColourRole::ChatSecond}, ColourRun{18, ColourRole::TellFirst},
+                  ColourRun{22, ColourRole::TellSecond}, ColourRun{29, ColourRole::Black}));
+  EXPECT_EQ(view.selection(), (TextRange{22, 22}));
+
+  options.mnuScrollLock = false;
+  view.AppendMessage("end", MessageKind::Status);
+  EXPECT_TRUE(Bytes().ends_with(" here\r\nend\r\n"));
+}
+
+TEST_F(MessageViewTest, TellsWhatChangedAndSwallowsWhatDidNot) {
+  std::vector<MessageView::Change> changes;
+  view.on_changed = [&changes](const MessageView::Change& change) { changes.push_back(change); };
+  const auto take = [&changes] { return std::exchange(changes, {}); };
+
+  view.Clear();
+  view.Select(0, 5);
+  EXPECT_THAT(take(), IsEmpty());
+
+  view.AppendMessage("A: b", MessageKind::Chat);
+  const auto written = take();
+  ASSERT_EQ(written.size(), 1U);
+  EXPECT_EQ(written[0].what, What::Inserted);
+  EXPECT_EQ(written[0].offset, 0U);
+  EXPECT_EQ(written[0].length, 6U);
+
+  options.mnuScrollLock = true;
+  view.Select(1, 3);
+  view.AppendMessage("x", MessageKind::Status);
+  const auto inserted = take();
+  ASSERT_EQ(inserted.size(), 2U);
+  EXPECT_EQ(inserted[0].what, What::Selection);
+  EXPECT_EQ(inserted[1].offset, 3U);
+  EXPECT_EQ(inserted[1].length, 3U);
+
+  view.Clear();
+  ASSERT_EQ(changes.size(), 1U);
+  EXPECT_EQ(changes[0].what, What::Cleared);
+  EXPECT_EQ(view.lines_written(), 2U);
+}
+
+TEST_F(MessageViewTest, CopiesEveryBreakAsOneLineFeed) {
+  view.AppendMessage("a\rb\nc\n\rd", MessageKind::Status);
+  view.SelectAll();
+  EXPECT_EQ(view.SelectedText(), "a\nb\nc\n\nd\n");
+  view.Select(2, 4);
+  EXPECT_EQ(view.SelectedText(), "b\n");
+}
+
+TEST_F(MessageViewTest, WordsAreFoundInsideLines) {
+  // Offsets:          0         10          20
+  view.AppendMessage("Aster: don't  caf\xe9!", MessageKind::Status);
+  view.AppendMessage("", MessageKind::Status);
+  const ColouredText& text = view.text();
+  const std::pair<std::size_t, TextRange> words[] = {
+      {0, {0, 5}},    {5, {5, 6}},    {9, {7, 12}},   {12, {12, 14}}, {17, {14, 18}},
+      {19, {18, 19}}, {20, {18, 19}}, {21, {21, 21}}, {23, {23, 23}},
+  };
+  for (const auto& [offset, word] : words) {
+    EXPECT_EQ(WordAt(text, offset), word) << offset;
+  }
+  std::vector<std::size_t> forward;
+  for (std::size_t at = 0; at < text.size();) {
+    forward.push_back(at = NextWord(text, at));
+  }
+  EXPECT_THAT(forward, ElementsAre(5, 7, 14, 18, 19, 21, 23));
+  std::vector<std::size_t> back;
+  for (std::size_t at = text.size(); at > 0;) {
+    back.push_back(at = PreviousWord(text, at));
+  }
+  EXPECT_THAT(back, ElementsAre(21, 19, 18, 14, 7, 5, 0));
+}
+
+}  // namespace
+}  // namespace korvanta
