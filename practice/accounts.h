@@ -1,0 +1,50 @@
+/// The accounts of one run of the server, in memory alone: a name belongs to the first password
+/// that it was used with.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "practice/figures.h"
+
+namespace korvanta::practice {
+
+/// A UserID from here on makes an administrator.
+inline constexpr std::int16_t kAdministratorId = 90;
+
+struct Account {
+  std::string name;  ///< in the letter case of its first login
+  std::string password;
+  std::size_t number = 0;    ///< 1 for the first account of the run, and so on
+  std::int16_t user_id = 0;  ///< 90 for the first account; the others count from 1 and stay at 89
+  Figures figures;
+
+  bool IsAdministrator() const { return user_id >= kAdministratorId; }
+};
+
+class Accounts {
+ public:
+  /// Accounts that one run takes in; it bounds what strangers can make the server keep.
+  static constexpr std::size_t kMost = 100'000;
+
+  enum class Verdict { Accepted, BadName, BadPassword, WrongPassword, NoRoom };
+
+  /// The account of that name, made when the name is new; null unless the verdict is Accepted. It
+  /// lives as long as this object.
+  struct Admission {
+    Verdict verdict;
+    Account* account = nullptr;
+  };
+  Admission Admit(std::string_view name, std::string_view password);
+
+  /// By name in any letter case; null when there is none.
+  const Account* Find(std::string_view name) const;
+
+ private:
+  std::map<std::string, Account> accounts_;  // by NameKey
+};
+
+}  // namespace korvanta::practice

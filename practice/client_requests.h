@@ -1,0 +1,44 @@
+/// Reading of what clients send: one table of tags, each with the fields that belong to it.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvanta::practice {
+
+enum class RequestKind {
+  Login,              // [con] version, user name, password
+  Disconnect,         // [dis]
+  KeepAlive,          // [p]
+  Line,               // [ctc] a chat or command line
+  FormAlliance,       // [aly] player
+  Attack,             // [att] player
+  Statistics,         // [bre] player
+  EnterGame,          // [jon]
+  TopicInformation,   // [inf] topic
+  Research,           // [upg] topic, level
+  News,               // [nws]
+  TournamentInfo,     // [tif]
+  TeamList,           // [ttm]
+  StartTournament,    // [tcr] entry fee, most teams, most players
+  SetTournamentGame,  // [tst]
+  EndTournament,      // [ted]
+  JoinTeam,           // [tjo] team name, team password
+  DisbandTeam,        // [tdb]
+  KickPlayer,         // [tkp] entry of the team list
+};
+
+struct ClientRequest {
+  RequestKind kind;
+  /// As many as belong to the kind, control characters removed. Empty when the message had too few.
+  std::vector<std::string> fields;
+  bool is_complete = true;  ///< the message had all its fields
+};
+
+/// Nothing for a message that starts with no known tag. The single field of a message that has one
+/// is everything behind its tag; behind the last of several fields, more are ignored.
+std::optional<ClientRequest> ReadRequest(std::string_view message);
+
+}  // namespace korvanta::practice

@@ -1,0 +1,32 @@
+/// Makes whole messages of the bytes that arrive from one client, however they were cut on the way.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace korvanta::practice {
+
+class MessageStream {
+ public:
+  /// Characters of the longest message taken, its terminator not counted.
+  static constexpr std::size_t kLongestMessage = 64 * 1024;
+
+  void Append(std::string_view bytes);
+
+  /// The next whole message without its terminator; nothing when more bytes are needed, or when the
+  /// stream is broken.
+  std::optional<std::string> Next();
+
+  /// The next message is longer than the longest one taken. There is no way on from here.
+  bool IsBroken() const { return broken_; }
+
+ private:
+  std::string bytes_;
+  std::size_t start_ = 0;    // of the message that Next() looks for
+  std::size_t scanned_ = 0;  // no terminator lies between start_ and here
+  bool broken_ = false;
+};
+
+}  // namespace korvanta::practice

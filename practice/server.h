@@ -1,0 +1,66 @@
+/// The practice server without its network: it is told what arrives and how time passes, and
+/// answers through a transport. The same calls and the same seed give the same answers.
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <random>
+#include <string>
+#include <string_view>
+
+#include "practice/accounts.h"
+#include "practice/client_requests.h"
+#include "practice/lobby.h"
+#include "practice/message_stream.h"
+#include "practice/transport.h"
+
+namespace korvanta::practice {
+
+class Server {
+ public:
+  /// How long a connection may stay without a login.
+  static constexpr std::chrono::seconds kLoginTime{30};
+
+  /// The transport must outlive the server. `journal` hears one line about each login and logout.
+  Server(Transport& transport, std::uint64_t seed,
+         std::function<void(std::string_view line)> journal = {});
+
+  void Connected(ConnectionId connection);
+  /// Bytes as they come, cut anywhere.
+  void Received(ConnectionId connection, std::string_view bytes);
+  /// The connection is gone, by whatever cause other than Transport::Close().
+  void Vanished(ConnectionId connection);
+
+  /// Time goes on; `now` is counted from the start of the server and never falls. To be called
+  /// about ten times a second.
+  void Tick(std::chrono::milliseconds now);
+
+  /// Tells everyone who is logged in that the server ends now.
+  void SayFarewell();
+
+ private:
+  struct Session {
+    MessageStream stream;
+    std::chrono::milliseconds connected_at;
+    Player* player = nullptr;  // null before the login
+  };
+
+  void Handle(ConnectionId connection, Session& session, std::string_view message);
+  void LogIn(ConnectionId connection, Session& session, const ClientRequest& request);
+  void End(ConnectionId connection, std::string_view reason);
+  void LogOut(const Session& session);
+  void Write(std::string_view name, std::string_view event) const;
+
+  Transport& transport_;
+  std::function<void(std::string_view)> journal_;
+  std::mt19937_64 dice_;
+  Accounts accounts_;
+  Lobby lobby_;
+  std::map<ConnectionId, Session> sessions_;
+  std::chrono::milliseconds now_{0};
+};
+
+}  // namespace korvanta::practice

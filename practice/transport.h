@@ -1,0 +1,25 @@
+/// What the server's rules ask of the network: bytes to a connection, and its end.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace korvanta::practice {
+
+/// Names one connection for as long as the server runs; never used twice.
+using ConnectionId = std::uint64_t;
+
+class Transport {
+ public:
+  Transport() = default;
+  Transport(const Transport&) = delete;
+  Transport& operator=(const Transport&) = delete;
+  virtual ~Transport() = default;
+
+  /// Queues whole messages; returns at once and never calls back. An id that has ended is ignored.
+  virtual void Send(ConnectionId connection, std::string_view messages) = 0;
+  /// Ends the connection after everything queued has left. Nothing is heard of it afterwards.
+  virtual void Close(ConnectionId connection) = 0;
+};
+
+}  // namespace korvanta::practice
