@@ -1,5 +1,6 @@
 #include "practice/client_requests.h"
 
+#include <array>
 #include <cstddef>
 
 #include "practice/player_text.h"
@@ -14,7 +15,7 @@ struct RequestLayout {
   std::size_t fields;
 };
 
-constexpr RequestLayout kLayouts[] = {
+constexpr auto kLayouts = std::to_array<RequestLayout>({
     {"[con]", RequestKind::Login, 3},
     {"[dis]", RequestKind::Disconnect, 0},
     {"[p]", RequestKind::KeepAlive, 0},
@@ -34,7 +35,7 @@ constexpr RequestLayout kLayouts[] = {
     {"[tjo]", RequestKind::JoinTeam, 2},
     {"[tdb]", RequestKind::DisbandTeam, 0},
     {"[tkp]", RequestKind::KickPlayer, 1},
-};
+});
 
 }  // namespace
 

@@ -1,6 +1,7 @@
 #include "practice/figures.h"
 
 #include <algorithm>
+#include <array>
 
 namespace korvanta::practice {
 namespace {
@@ -11,7 +12,7 @@ struct Award {
   std::int64_t threshold;
 };
 
-constexpr Award kAwards[] = {
+constexpr auto kAwards = std::to_array<Award>({
     {1, &Figures::score, 1'000'000},
     {2, &Figures::score, 500'000},
     {3, &Figures::score, 250'000},
@@ -35,7 +36,7 @@ constexpr Award kAwards[] = {
     {19, &Figures::blocks, 100},
     {23, &Figures::blocks, 50},
     {20, &Figures::blocks, 25},
-};
+});
 
 }  // namespace
 

@@ -1,7 +1,6 @@
 #include "practice/lobby.h"
 
 #include <algorithm>
-#include <iterator>
 #include <vector>
 
 #include "practice/news_text.h"
@@ -21,7 +20,7 @@ constexpr std::string_view kNoGame =
 
 }  // namespace
 
-const Lobby::Reaction Lobby::kReactions[] = {
+const std::array<Lobby::Reaction, 16> Lobby::kReactions = {{
     {RequestKind::Line, &Lobby::Line},
     {RequestKind::FormAlliance, &Lobby::RefuseMove},
     {RequestKind::Attack, &Lobby::RefuseMove},
@@ -38,7 +37,7 @@ const Lobby::Reaction Lobby::kReactions[] = {
     {RequestKind::JoinTeam, &Lobby::JoinTeam},
     {RequestKind::DisbandTeam, &Lobby::DisbandTeam},
     {RequestKind::KickPlayer, &Lobby::KickFromTeam},
-};
+}};
 
 Lobby::Lobby(Transport& transport, const Accounts& accounts, std::mt19937_64& dice)
     : transport_(transport), accounts_(accounts), dice_(dice) {}
@@ -56,7 +55,7 @@ Player& Lobby::Enter(ConnectionId connection, const Account& account) {
 }
 
 void Lobby::Leave(const Player& player) {
-  const std::string name = player.name();
+  const std::string& name = player.name();
   players_.erase(NameKey(name));
   SendToAll(messages::Notice(name + " logged out"));
   online_list_changed_ = true;
@@ -68,9 +67,9 @@ void Lobby::Handle(Player& player, const ClientRequest& request) {
     return;
   }
   const auto reaction =
-      std::find_if(std::begin(kReactions), std::end(kReactions),
+      std::find_if(kReactions.begin(), kReactions.end(),
                    [&](const Reaction& known) { return known.kind == request.kind; });
-  if (reaction != std::end(kReactions)) {
+  if (reaction != kReactions.end()) {
     (this->*reaction->react)(player, request.fields);
   }
 }

@@ -2,6 +2,7 @@
 /// The server hands it every request made behind the login.
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <map>
 #include <random>
@@ -70,8 +71,8 @@ class Lobby {
     void (Lobby::*run)(Player&, std::string_view arguments);
     bool for_administrators = false;
   };
-  static const Reaction kReactions[];
-  static const Command kCommands[];
+  static const std::array<Reaction, 16> kReactions;
+  static const std::array<Command, 13> kCommands;
 
   // What the client's windows ask for.
   void Line(Player& player, const Fields& fields);

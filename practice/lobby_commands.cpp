@@ -1,6 +1,5 @@
 /// The lines that players type: talk, and the commands that "/help" lists.
 #include <algorithm>
-#include <iterator>
 #include <random>
 
 #include "practice/lobby.h"
@@ -27,7 +26,7 @@ std::string Duration(std::chrono::milliseconds time) {
 
 }  // namespace
 
-const Lobby::Command Lobby::kCommands[] = {
+const std::array<Lobby::Command, 13> Lobby::kCommands = {{
     {"help", "", "shows this list", &Lobby::Help},
     {"who", "", "shows who is online", &Lobby::Who},
     {"tell", "name text", "speaks to one player alone", &Lobby::Tell},
@@ -43,7 +42,7 @@ const Lobby::Command Lobby::kCommands[] = {
     {"c", "text", "speaks to everyone, for clients that do not put it in by themselves",
      &Lobby::Say},
     {"announce", "text", "announces something to everyone", &Lobby::Announce, true},
-};
+}};
 
 void Lobby::Line(Player& player, const Fields& fields) {
   std::string_view line = Trimmed(fields[0]);
@@ -65,9 +64,9 @@ void Lobby::RunCommand(Player& player, std::string_view line) {
     return;
   }
   const std::string name = NameKey(word);
-  const auto command = std::find_if(std::begin(kCommands), std::end(kCommands),
+  const auto command = std::find_if(kCommands.begin(), kCommands.end(),
                                     [&](const Command& known) { return known.name == name; });
-  if (command == std::end(kCommands)) {
+  if (command == kCommands.end()) {
     Refuse(player, "There is no command \"" + std::string(word.substr(0, kLongestName)) +
                        "\". Type /help for the commands; to talk with Auto Chat off, begin the "
                        "line with \"c \".");

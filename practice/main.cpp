@@ -4,6 +4,7 @@
 #include <QHostAddress>
 #include <QSocketNotifier>
 #include <QString>
+#include <array>
 #include <csignal>
 #include <cstdio>
 #include <optional>
@@ -106,7 +107,7 @@ Settings ReadCommandLine(const QCoreApplication& application, QString& error) {
 }
 
 /// A signal writes one byte here; the event loop hears it at the other end.
-int signal_pipe[2];
+std::array<int, 2> signal_pipe;
 
 extern "C" void OnEndSignal(int /*signal*/) {
   const char byte = 0;
@@ -114,7 +115,8 @@ extern "C" void OnEndSignal(int /*signal*/) {
 }
 
 bool CatchEndSignals() {
-  if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, signal_pipe) != 0) {
+  if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, signal_pipe.data()) !=
+      0) {
     return false;
   }
   struct sigaction action = {};

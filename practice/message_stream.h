@@ -11,7 +11,7 @@ namespace korvanta::practice {
 class MessageStream {
  public:
   /// Characters of the longest message taken, its terminator not counted.
-  static constexpr std::size_t kLongestMessage = 64 * 1024;
+  static constexpr std::size_t kLongestMessage = std::size_t{64} * 1024;
 
   void Append(std::string_view bytes);
 

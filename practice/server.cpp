@@ -123,7 +123,7 @@ void Server::End(ConnectionId connection, std::string_view reason) {
 
 void Server::LogOut(const Session& session) {
   if (session.player != nullptr) {
-    const std::string name = session.player->name();
+    const std::string& name = session.player->name();
     lobby_.Leave(*session.player);
     Write(name, "logged out");
   }

@@ -1,5 +1,5 @@
 /// What logged-in players say to each other and ask for.
-#include "practice_fixture.h"
+#include "tests/practice/practice_fixture.h"
 
 namespace korvanta::practice {
 namespace {

@@ -1,5 +1,5 @@
 /// Connections and logins.
-#include "practice_fixture.h"
+#include "tests/practice/practice_fixture.h"
 
 namespace korvanta::practice {
 namespace {
