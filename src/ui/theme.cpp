@@ -64,16 +64,22 @@ QPushButton:hover { background: @chromeBorder; }
 QPushButton:focus { border: 2px solid @gold; padding: 5px 15px; }
 QPushButton:pressed { background: @chrome; }
 QPushButton:disabled { color: @mutedText; border-color: @chromeBorder; }
+QToolButton { background: transparent; border: 1px solid transparent; border-radius: 4px; padding: 5px; }
+QToolButton:hover { background: @chromeRaised; border-color: @chromeBorder; }
+QToolButton:pressed { background: @chrome; }
 QLineEdit, QComboBox, QPlainTextEdit { background: @paper; color: @ink; border: 1px solid @chromeBorder;
               border-radius: 4px; padding: 5px 8px; selection-background-color: @selection;
-              selection-color: @ink; }
+              selection-color: @ink; lineedit-password-character: 42; }
 QLineEdit[readOnly="true"] { background: @paperHeader; }
 QLineEdit:focus, QComboBox:focus, QPlainTextEdit:focus { border: 2px solid @gold; padding: 4px 7px; }
-QComboBox QLineEdit, QComboBox QLineEdit:focus { border: none; padding: 0; background: transparent; }
+QLineEdit { min-height: 18px; }
+QComboBox QLineEdit, QComboBox QLineEdit:focus { border: none; padding: 0; background: transparent; min-height: 0; }
 QComboBox::drop-down { width: 22px; border: none; border-left: 1px solid @paperHeader; }
 QComboBox::down-arrow { image: url(:/pictures/drop_down.svg); width: 10px; height: 10px; }
 QComboBox QAbstractItemView { background: @paper; color: @ink; selection-background-color: @selection;
               selection-color: @ink; border: 1px solid @chromeBorder; outline: none; }
+QComboBox QAbstractItemView::item { padding: 3px 8px; border: none; background: @paper; color: @ink; }
+QComboBox QAbstractItemView::item:selected { background: @selection; }
 QGroupBox { border: 1px solid @chromeBorder; border-radius: 6px; margin-top: 10px; padding: 12px; }
 QGroupBox::title { subcontrol-origin: margin; left: 12px; padding: 0 4px; color: @goldText; }
 QCheckBox { spacing: 8px; padding: 3px; border: 1px solid transparent; border-radius: 3px; }

@@ -4,27 +4,13 @@
 #include <gtest/gtest.h>
 
 #include "tests/fakes/fake_platform.h"
+#include "tests/fakes/recorders.h"
 
 namespace korvanta {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-/// Chat lines and the main window's caption, written down.
-class RecordingMainWindow final : public ChatOutput, public ConnectionDisplay {
- public:
-  void AppendMessage(std::string_view text, MessageKind kind) override {
-    EXPECT_EQ(kind, MessageKind::Status);
-    lines.emplace_back(text);
-  }
-  void SetConnectCaption(std::string_view text) override { caption = text; }
-  void SetTitle(std::string_view text) override { title = text; }
-
-  std::vector<std::string> lines;
-  std::string caption;
-  std::string title;
-};
 
 /// Runs something while a question stands open.
 class BusyMessageBox : public fakes::FakeMessageBox {
@@ -64,10 +50,10 @@ class LoginDialogTest : public testing::Test {
 
   fakes::FakePlatform platform;
   BusyMessageBox box;
-  RecordingMainWindow main_window;
+  fakes::RecordingChat chat;
+  fakes::RecordingDisplay display;
   ConnectionValues values;
-  Connection connection{platform.socket, platform.timers, values,
-                        main_window,     main_window,     "192.0.2.7"};
+  Connection connection{platform.socket, platform.timers, values, chat, display, "192.0.2.7"};
   SavedLogins saved;
   LoginDialog dialog{connection, values, saved, box};
 };
@@ -265,7 +251,7 @@ TEST_F(LoginDialogTest, ALoginRemembersTheUserAndStartsTheConnection) {
     dialog.SaveClicked(c.save);
     values.ConnectTicks = 5;
     platform.socket.attempts.clear();
-    main_window.lines.clear();
+    chat.lines.clear();
     dialog.LoginClicked();
     EXPECT_EQ(Slots(), c.slots) << c.what;
     EXPECT_EQ(saved.LastUser, c.current) << c.what;
@@ -274,14 +260,14 @@ TEST_F(LoginDialogTest, ALoginRemembersTheUserAndStartsTheConnection) {
     EXPECT_EQ(values.ConnectTicks, 0) << c.what;
     EXPECT_THAT(platform.socket.attempts,
                 ElementsAre(std::pair<std::string, std::uint16_t>("192.0.2.7", 7678)));
-    EXPECT_THAT(main_window.lines, ElementsAre("Connecting as " + std::string(c.current) + "..."));
+    EXPECT_THAT(chat.lines, ElementsAre("3|Connecting as " + std::string(c.current) + "..."));
     EXPECT_FALSE(IsOpen()) << c.what;
   }
   values.ClientVersion = "1.6";
   platform.socket.Accept();
   EXPECT_THAT(platform.socket.sent, ElementsAre(std::string("[con]1.6\1anna\1"
                                                             "1234\0",
-                                                            20)));
+                                                            19)));
   EXPECT_THAT(box.shown, IsEmpty());
 }
 

@@ -1,0 +1,294 @@
+#include "ui/frmLogin.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QTest>
+#include <QToolButton>
+#include <QWheelEvent>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/fakes/fake_platform.h"
+#include "tests/fakes/recorders.h"
+#include "ui/text.h"
+
+namespace korvanta {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// The window of a dialog whose saved users are Anna (password pass), Bert (none) and LongName.
+class FrmLoginTest : public testing::Test {
+ protected:
+  FrmLoginTest() {
+    saved.Add({"Anna", "pass"});
+    saved.Add({"Bert", ""});
+    saved.Add({"LongName", "longpass"});
+  }
+
+  void Open() {
+    dialog.window().Show();
+    frame = std::make_unique<frmLogin>(dialog, nullptr);
+    frame->show();
+    frame->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(frame.get()));
+  }
+
+  template <typename Control>
+  Control& Get(const char* name) {
+    auto* control = frame->findChild<Control*>(QLatin1String(name));
+    EXPECT_NE(control, nullptr) << name;
+    return *control;
+  }
+  QComboBox& Names() { return Get<QComboBox>("cboUsernames"); }
+  QLineEdit& Password() { return Get<QLineEdit>("txtPassword"); }
+
+  void TypeOver(QWidget& box, const char* text) {
+    box.setFocus();
+    QTest::keyClick(&box, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&box, Qt::Key_Delete);
+    QTest::keyClicks(&box, QLatin1String(text));
+  }
+  /// "server|name|password|saved" as the window shows it.
+  std::string Shown() {
+    return ToBytes(Get<QComboBox>("cboServer").currentText() + QLatin1Char('|') +
+                   Names().currentText() + QLatin1Char('|') + Password().text()) +
+           (Get<QCheckBox>("chkSave").isChecked() ? "|on" : "|off");
+  }
+  /// The same as the dialog holds it.
+  std::string Held() const {
+    const LoginForm& form = dialog.form();
+    return form.cboServer + "|" + form.cboUsernames + "|" + form.txtPassword +
+           (form.chkSave ? "|on" : "|off");
+  }
+  void ExpectForm(const std::string& form) {
+    EXPECT_EQ(Shown(), form);
+    EXPECT_EQ(Held(), form);
+  }
+
+  fakes::FakePlatform platform;
+  fakes::RecordingChat chat;
+  fakes::RecordingDisplay display;
+  ConnectionValues values;
+  Connection connection{platform.socket, platform.timers, values, chat, display, "192.0.2.7"};
+  SavedLogins saved;
+  LoginDialog dialog{connection, values, saved, platform.message_box};
+  std::unique_ptr<frmLogin> frame;
+};
+
+TEST_F(FrmLoginTest, ControlsCarryTheirCaptionsAndFollowTheTabOrder) {
+  Open();
+  EXPECT_EQ(frame->windowTitle(), QStringLiteral("Connection Screen"));
+  EXPECT_FALSE(frame->isModal());
+  const std::pair<const char*, const char*> names[] = {{"frmValues", "Connection Values:"},
+                                                       {"lblServer", "Server:"},
+                                                       {"lblUsername", "Username:"},
+                                                       {"lblPassword", "Password:"},
+                                                       {"cboServer", "Server:"},
+                                                       {"cboUsernames", "Username:"},
+                                                       {"txtPassword", "Password:"},
+                                                       {"imgDispose", "Remove User"},
+                                                       {"btnLogin", "Login"},
+                                                       {"chkSave", "Save Password"},
+                                                       {"btnClear", "Clear"},
+                                                       {"btnCancel", "Cancel"}};
+  for (const auto& [name, text] : names) {
+    EXPECT_EQ(Get<QWidget>(name).accessibleName(), QLatin1String(text)) << name;
+  }
+
+  Get<QComboBox>("cboServer").setFocus();
+  std::vector<std::string> order;
+  for (int i = 0; i < 8; ++i) {
+    order.push_back(frame->focusWidget()->objectName().toStdString());
+    QTest::keyClick(frame->focusWidget(), Qt::Key_Tab);
+  }
+  EXPECT_THAT(order, ElementsAre("cboServer", "cboUsernames", "txtPassword", "btnLogin", "chkSave",
+                                 "btnClear", "btnCancel", "cboServer"));
+}
+
+TEST_F(FrmLoginTest, FocusStandsWhereThePlayerGoesOn) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"", "cboUsernames"}, {"Bert", "txtPassword"}, {"Anna", "btnLogin"}};
+  for (const auto& [last_user, focus] : cases) {
+    saved.LastUser = last_user;
+    Open();
+    EXPECT_EQ(frame->focusWidget()->objectName(), QLatin1String(focus)) << last_user;
+    dialog.CancelClicked();
+  }
+}
+
+TEST_F(FrmLoginTest, ATypedNameTakesOverItsSavedFormAndKeepsTheCaret) {
+  Open();
+  TypeOver(Names(), "anna");
+  ExpectForm("Korvanta Beta Server|Anna|pass|on");
+  TypeOver(Names(), "lngname");
+  ExpectForm("Korvanta Beta Server|lngname||on");
+  QTest::keyClick(&Names(), Qt::Key_Home);
+  QTest::keyClick(&Names(), Qt::Key_Right);
+  QTest::keyClicks(&Names(), QStringLiteral("O"));
+  ExpectForm("Korvanta Beta Server|LongName|longpass|on");
+  EXPECT_EQ(Names().lineEdit()->cursorPosition(), 2);
+  // A change of the letter case alone does not stay on the screen either.
+  QTest::keyClick(&Names(), Qt::Key_Delete);
+  QTest::keyClicks(&Names(), QStringLiteral("N"));
+  ExpectForm("Korvanta Beta Server|LongName|longpass|on");
+  // Half a name is not completed.
+  TypeOver(Names(), "Ann");
+  ExpectForm("Korvanta Beta Server|Ann||on");
+  EXPECT_EQ(Names().count(), 3);
+}
+
+TEST_F(FrmLoginTest, CharactersOutsideTheCodePageStayAsTyped) {
+  Open();
+  QApplication::clipboard()->setText(QStringLiteral(u"\u03a9mega"));
+  for (QWidget* box : {static_cast<QWidget*>(&Names()), static_cast<QWidget*>(&Password())}) {
+    TypeOver(*box, "");
+    QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier);
+  }
+  EXPECT_EQ(Names().currentText(), QStringLiteral(u"\u03a9mega"));
+  EXPECT_EQ(Password().text(), QStringLiteral(u"\u03a9mega"));
+  QTest::keyClick(&Password(), Qt::Key_Return);
+  EXPECT_THAT(
+      platform.message_box.shown,
+      ElementsAre("Invalid Characters: Username & Password must contain alpha-numeric characters "
+                  "ONLY"));
+}
+
+TEST_F(FrmLoginTest, ChoosingFromTheListByKeyWheelOrMouseFillsThePassword) {
+  Open();
+  Names().setFocus();
+  QTest::keyClick(&Names(), Qt::Key_Down);
+  ExpectForm("Korvanta Beta Server|Anna|pass|on");
+  QTest::keyClick(&Names(), Qt::Key_Down);
+  ExpectForm("Korvanta Beta Server|Bert||off");
+  QWheelEvent wheel(QPointF(4, 4), Names().mapToGlobal(QPointF(4, 4)), QPoint(), QPoint(0, -120),
+                    Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&Names(), &wheel);
+  ExpectForm("Korvanta Beta Server|LongName|longpass|on");
+  QTest::keyClick(&Names(), Qt::Key_Up);
+  QTest::keyClick(&Names(), Qt::Key_Up);
+  ExpectForm("Korvanta Beta Server|Anna|pass|on");
+
+  TypeOver(Password(), "other");
+  Names().showPopup();
+  QAbstractItemView* list = Names().view();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(list->window()));
+  QTest::mouseMove(list->viewport(), list->visualRect(list->model()->index(0, 0)).center());
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                    list->visualRect(list->model()->index(0, 0)).center());
+  Names().hidePopup();
+  ExpectForm("Korvanta Beta Server|Anna|pass|on");
+}
+
+TEST_F(FrmLoginTest, LeavingTheNameBoxOrPressingEnterInItIsNoChoice) {
+  saved.LastUser = "Bert";
+  Open();
+  QTest::keyClicks(&Password(), QStringLiteral("1234"));
+  Names().setFocus();
+  QTest::keyClick(&Names(), Qt::Key_Tab);
+  ExpectForm("Korvanta Beta Server|Bert|1234|off");
+
+  dialog.UserNameTyped("anna");
+  TypeOver(Password(), "mine5");
+  Names().setFocus();
+  QTest::keyClick(&Names(), Qt::Key_Return);
+  EXPECT_EQ(values.CurrentUserName, "Anna");
+  EXPECT_EQ(values.CurrentPassword, "mine5");
+}
+
+TEST_F(FrmLoginTest, EnterLogsInAndEscapeAndTheFrameUnload) {
+  for (const char* box : {"cboServer", "cboUsernames", "txtPassword", "chkSave", "btnLogin"}) {
+    saved.LastUser = "Anna";
+    Open();
+    Get<QWidget>(box).setFocus();
+    QTest::keyClick(&Get<QWidget>(box), Qt::Key_Enter);
+    EXPECT_THAT(platform.message_box.shown, IsEmpty());
+    EXPECT_EQ(dialog.window().state(), WindowLife::State::Absent) << box;
+  }
+  EXPECT_EQ(platform.socket.attempts.size(), 5U);
+  const std::function<void()> ends[] = {
+      [this] { QTest::keyClick(&Names(), Qt::Key_Escape); }, [this] { frame->close(); },
+      [this] { QTest::mouseClick(&Get<QPushButton>("btnCancel"), Qt::LeftButton); }};
+  for (const auto& end : ends) {
+    Open();
+    end();
+    EXPECT_EQ(dialog.window().state(), WindowLife::State::Absent);
+  }
+  EXPECT_EQ(platform.socket.attempts.size(), 5U);
+}
+
+TEST_F(FrmLoginTest, ThePasswordIsMaskedAndNeitherCopiedNorBroughtBack) {
+  saved.LastUser = "Anna";
+  Open();
+  EXPECT_EQ(Password().displayText(), QStringLiteral("****"));
+  TypeOver(Password(), "secret9");
+  QApplication::clipboard()->setText(QStringLiteral("before"));
+  for (const Qt::Key key : {Qt::Key_C, Qt::Key_X}) {
+    QTest::keyClick(&Password(), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&Password(), key, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("before"));
+  }
+  TypeOver(Password(), "secret9");
+  QTest::mouseClick(&Get<QPushButton>("btnClear"), Qt::LeftButton);
+  ExpectForm("|||on");
+  for (QWidget* box : {static_cast<QWidget*>(&Password()), static_cast<QWidget*>(&Names()),
+                       &Get<QWidget>("cboServer")}) {
+    box->setFocus();
+    QTest::keyClick(box, Qt::Key_Z, Qt::ControlModifier);
+  }
+  ExpectForm("|||on");
+}
+
+TEST_F(FrmLoginTest, RemoveUserIsReachedByMouseAndByKeyboard) {
+  Open();
+  TypeOver(Names(), "Bert");
+  platform.message_box.answers = {false, true, true};
+  QTest::mouseClick(&Get<QToolButton>("imgDispose"), Qt::LeftButton);
+  ExpectForm("Korvanta Beta Server|Bert||off");
+  QTest::keyClick(&Names(), Qt::Key_R, Qt::AltModifier);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return platform.message_box.asked.size() == 2; }));
+  ExpectForm("|||off");
+  EXPECT_EQ(Names().count(), 2);
+  EXPECT_EQ(Names().currentIndex(), -1);
+
+  TypeOver(Names(), "Anna");
+  Q_EMIT Names().customContextMenuRequested(QPoint(2, 2));
+  auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  ASSERT_NE(menu, nullptr);
+  menu->actions().last()->trigger();
+  menu->close();
+  EXPECT_THAT(platform.message_box.asked,
+              ElementsAre("Remove User: Remove User: Bert?", "Remove User: Remove User: Bert?",
+                          "Remove User: Remove User: Anna?"));
+  EXPECT_EQ(Names().count(), 1);
+}
+
+TEST_F(FrmLoginTest, ManyAndLongNamesDoNotGrowTheDialog) {
+  Open();
+  const QSize size = frame->sizeHint();
+  dialog.CancelClicked();
+  for (int i = 0; i < 500; ++i) {
+    saved.Add({std::string(300, 'w') + std::to_string(i), std::string(40000, 'p')});
+  }
+  saved.LastUser = std::string(300, 'w') + "499";
+  Open();
+  EXPECT_EQ(frame->sizeHint(), size);
+  EXPECT_EQ(Names().currentText().size(), 303);
+  EXPECT_EQ(Password().text().size(), 40000);
+  Names().showPopup();
+  EXPECT_LE(Names().view()->window()->width(), Names().width());
+  EXPECT_LE(Names().view()->window()->height(), 15 * Names().height());
+  Names().hidePopup();
+}
+
+}  // namespace
+}  // namespace korvanta
