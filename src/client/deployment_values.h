@@ -1,0 +1,18 @@
+/// What a deployment of the client decides for itself; the values as built are those for the
+/// practice server.
+#pragma once
+
+#include <array>
+#include <string>
+
+namespace korvanta {
+
+struct DeploymentValues {
+  std::string server_address = "127.0.0.1";  ///< IPv4, in dotted form
+  std::string homepage_address = "http://korvanta.example/Korvanta/";
+  /// The splash's notice: a rights line, the maker's name, a line with the years.
+  std::array<std::string, 3> rights_notice = {"All rights reserved", "The makers of Korvanta",
+                                              "2026"};
+};
+
+}  // namespace korvanta

@@ -1,0 +1,103 @@
+#include "ui/desktop/deployment_file.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <optional>
+
+#include "ui/desktop/ini_text.h"
+#include "ui/desktop/web_address.h"
+#include "ui/text.h"
+
+namespace korvanta {
+namespace {
+
+constexpr qint64 kLongestFile = 64 * 1024;
+constexpr int kLongestNoticeLine = 120;
+constexpr int kLongestQuotation = 200;
+
+bool IsDottedAddress(const QString& text) {
+  static const QRegularExpression kForm(
+      QStringLiteral(R"(\A(25[0-5]|2[0-4][0-9]|1[0-9]{2}|[1-9]?[0-9])(\.(?1)){3}\z)"));
+  return kForm.match(text).hasMatch();
+}
+
+bool IsNoticeLine(const QString& text) { return text.size() <= kLongestNoticeLine; }
+
+QString Quoted(const QString& text) {
+  return QLatin1Char('"') +
+         (text.size() > kLongestQuotation ? text.first(kLongestQuotation) + QChar(0x2026) : text) +
+         QLatin1Char('"');
+}
+
+QString FromUtf8(std::string_view bytes) {
+  return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
+}
+
+struct Key {
+  std::string_view name;
+  std::string& value;
+  bool (*is_valid)(const QString& text);
+  QString form;
+};
+
+/// What is wrong, without the name of the file; empty when nothing is.
+QString ReadValues(const IniText& text, DeploymentValues& values) {
+  if (const auto& line = text.MalformedLine()) {
+    return QStringLiteral("holds the line %1, which is no entry.").arg(Quoted(FromUtf8(*line)));
+  }
+  const QString notice = QStringLiteral("of at most %1 characters").arg(kLongestNoticeLine);
+  const Key keys[] = {
+      {"ServerAddress", values.server_address, IsDottedAddress,
+       QStringLiteral("an IPv4 address such as 127.0.0.1")},
+      {"HomepageAddress", values.homepage_address, IsWebAddress,
+       QStringLiteral("an http or https address with a host")},
+      {"RightsLine", values.rights_notice[0], IsNoticeLine, notice},
+      {"MakerName", values.rights_notice[1], IsNoticeLine, notice},
+      {"Years", values.rights_notice[2], IsNoticeLine, notice},
+  };
+  for (const Key& key : keys) {
+    const auto found = text.Find("Deployment", key.name);
+    if (!found) {
+      continue;
+    }
+    const QString value = FromUtf8(*found);
+    if (!key.is_valid(value)) {
+      return QStringLiteral("gives %1 the value %2, which is not %3.")
+          .arg(FromUtf8(key.name), Quoted(value), key.form);
+    }
+    key.value = ToBytes(value);
+  }
+  return {};
+}
+
+QString Read(const QString& path, DeploymentValues& values) {
+  if (!QFileInfo::exists(path)) {
+    return {};
+  }
+  QFile file(path);
+  if (!QFileInfo(path).isFile()) {
+    return QStringLiteral("is not a file.");
+  }
+  if (!file.open(QIODevice::ReadOnly)) {
+    return QStringLiteral("cannot be read: %1.").arg(file.errorString());
+  }
+  const QByteArray bytes = file.read(kLongestFile + 1);
+  if (bytes.size() > kLongestFile) {
+    return QStringLiteral("is longer than %1 bytes.").arg(kLongestFile);
+  }
+  return ReadValues(IniText({bytes.constData(), static_cast<std::size_t>(bytes.size())}), values);
+}
+
+}  // namespace
+
+DeploymentReading ReadDeploymentFile(const QString& file) {
+  DeploymentReading reading;
+  const QString fault = Read(file, reading.values);
+  if (!fault.isEmpty()) {
+    reading.error = ToBytes(QStringLiteral("The file \"%1\" %2").arg(file, fault));
+  }
+  return reading;
+}
+
+}  // namespace korvanta

@@ -1,0 +1,43 @@
+/// The settings store in a file of the user's own.
+#pragma once
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+#include "platform/settings_store.h"
+#include "ui/desktop/ini_text.h"
+
+namespace korvanta {
+
+/// The file is read once, with the first call that needs it, and replaced as a whole by `Commit`;
+/// it is at every instant the old one or the new one, readable by its user only. In it, bytes that
+/// are no printable ASCII, and those with a meaning of their own, are written as '%' and two
+/// hexadecimal digits.
+///
+/// A file that is damaged or that cannot be one of settings is not lost: `Commit` puts it aside
+/// under its name with ".bak" added, and a number where that is taken. What could be read of it is
+/// kept. A file that cannot be read at all is left alone; `Commit` then fails.
+class IniSettingsStore final : public SettingsStore {
+ public:
+  /// The file of the program whose executable has that base name.
+  static QString FileFor(const QString& program_name);
+
+  explicit IniSettingsStore(QString file);
+
+  std::string Get(std::string_view section, std::string_view key,
+                  std::string_view default_text) override;
+  void Save(std::string_view section, std::string_view key, std::string_view text) override;
+  std::string Commit() override;
+
+ private:
+  void Load();
+
+  QString file_;
+  bool is_loaded_ = false;
+  bool is_damaged_ = false;   ///< the file is to be put aside
+  std::string read_failure_;  ///< why the file could not be read; empty when it could
+  IniText entries_;
+};
+
+}  // namespace korvanta

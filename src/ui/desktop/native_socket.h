@@ -1,0 +1,26 @@
+/// What the toolkit's sockets leave to the operating system; the client socket is the one user.
+#pragma once
+
+#include <QtGlobal>
+#include <chrono>
+#include <string>
+
+class QTcpSocket;
+
+namespace korvanta::native_socket {
+
+/// Makes a peer that vanished without a word a broken connection after a minute: 30 seconds of
+/// silence, then three probes 10 seconds apart. Bytes sent that stay unconfirmed for a minute
+/// break it as well. Systems without these options keep their own, longer times.
+void SetKeepAlive(qintptr descriptor);
+
+/// Everything that has arrived and the toolkit has not read; does not wait.
+std::string ReadWaiting(qintptr descriptor);
+
+/// Sends what is still queued and then the end of the stream, and waits until the peer's system has
+/// confirmed all of it, the peer has gone, or `limit` has passed. What arrives meanwhile is
+/// discarded: bytes left unread would make the system reset the connection on closing, and a reset
+/// can overtake what was sent.
+void FinishSending(QTcpSocket& socket, std::chrono::milliseconds limit);
+
+}  // namespace korvanta::native_socket

@@ -1,0 +1,150 @@
+#include "ui/desktop/qt_client_socket.h"
+
+#include <QHostAddress>
+#include <QNetworkProxy>
+#include <QTcpSocket>
+
+#include "ui/desktop/native_socket.h"
+
+namespace korvanta {
+namespace {
+
+constexpr std::chrono::milliseconds kDrainLimit{1000};
+
+/// Also the most that the toolkit holds for us: a peer that sends faster than we handle waits.
+constexpr qint64 kReadLimit = static_cast<qint64>(BlockAssembler::kBlockLimit);
+
+std::string_view View(const QByteArray& bytes) {
+  return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
+
+}  // namespace
+
+QtClientSocket::QtClientSocket() {
+  for (QTimer* timer : {&next_, &rest_due_}) {
+    timer->setSingleShot(true);
+    timer->setTimerType(Qt::PreciseTimer);
+    QObject::connect(timer, &QTimer::timeout, timer, [this] { RaiseNext(); });
+  }
+}
+
+QtClientSocket::~QtClientSocket() { QtClientSocket::Close(); }
+
+void QtClientSocket::Close() {
+  next_.stop();
+  rest_due_.stop();
+  if (QTcpSocket* socket = attempt_.socket; socket != nullptr) {
+    socket->disconnect();
+    socket->abort();
+    socket->deleteLater();
+  }
+  attempt_ = {};
+}
+
+void QtClientSocket::Connect(const std::string& host, std::uint16_t port) {
+  Close();
+  // Owned by the timer, so that sockets given up do not outlive this object either.
+  auto* socket = new QTcpSocket(&next_);
+  attempt_.socket = socket;
+  socket->setProxy(QNetworkProxy::NoProxy);
+  socket->setReadBufferSize(kReadLimit);
+  // Some of these come from inside connectToHost; they only take note.
+  QObject::connect(socket, &QTcpSocket::connected, &next_, [this] { Established(); });
+  QObject::connect(socket, &QTcpSocket::readyRead, &next_, [this] { next_.start(); });
+  QObject::connect(socket, &QTcpSocket::disconnected, &next_, [this] { Ended(); });
+  QObject::connect(
+      socket, &QTcpSocket::errorOccurred, &next_, [this](QAbstractSocket::SocketError error) {
+        if (!attempt_.is_established) {
+          return;
+        }
+        // The toolkit throws away what it has read as soon as a write fails.
+        const auto now = std::chrono::steady_clock::now();
+        attempt_.blocks.Add(View(attempt_.socket->readAll()), now);
+        attempt_.blocks.Add(native_socket::ReadWaiting(attempt_.socket->socketDescriptor()), now);
+        // With bytes still to send, the toolkit would first wait for a peer that no
+        // longer reads.
+        if (error == QAbstractSocket::RemoteHostClosedError) {
+          Ended();
+        }
+      });
+  const QHostAddress address(QString::fromStdString(host));
+  if (address.protocol() == QAbstractSocket::IPv4Protocol) {
+    socket->connectToHost(address, port);
+  }
+}
+
+void QtClientSocket::Send(std::string_view text) {
+  if (IsConnected()) {
+    attempt_.socket->write(text.data(), static_cast<qint64>(text.size()));
+  }
+}
+
+bool QtClientSocket::IsConnected() const {
+  return attempt_.is_announced && !attempt_.is_over &&
+         attempt_.socket->state() == QAbstractSocket::ConnectedState;
+}
+
+void QtClientSocket::Drain() {
+  if (IsConnected()) {
+    native_socket::FinishSending(*attempt_.socket, kDrainLimit);
+  }
+  Close();
+}
+
+void QtClientSocket::Established() {
+  attempt_.is_established = true;
+  attempt_.socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+  native_socket::SetKeepAlive(attempt_.socket->socketDescriptor());
+  next_.start();
+}
+
+void QtClientSocket::Ended() {
+  attempt_.is_over = attempt_.is_established;
+  next_.start();
+}
+
+void QtClientSocket::Receive(BlockAssembler::Time now) {
+  const auto rest_due = attempt_.blocks.RestDue();
+  if (rest_due && now >= *rest_due && attempt_.socket->bytesAvailable() == 0) {
+    // The continuation may have arrived while the event loop was busy elsewhere.
+    attempt_.socket->waitForReadyRead(0);
+  }
+  if (!attempt_.is_over && !attempt_.blocks.HasBlock()) {
+    attempt_.blocks.Add(View(attempt_.socket->read(kReadLimit)), now);
+  }
+}
+
+void QtClientSocket::RaiseNext() {
+  if (attempt_.socket == nullptr || !attempt_.is_established || is_raising_) {
+    return;
+  }
+  if (!attempt_.is_announced) {
+    attempt_.is_announced = true;
+    Raise(on_connected);
+    return;
+  }
+  const auto now = std::chrono::steady_clock::now();
+  if (!attempt_.is_over) {
+    Receive(now);
+  }
+  if (const std::string block = attempt_.blocks.Take(now, attempt_.is_over); !block.empty()) {
+    Raise(on_data_arrival, std::string_view(block));
+  } else if (attempt_.is_over) {
+    Close();
+    Raise(on_closed);
+  } else if (const auto due = attempt_.blocks.RestDue()) {
+    rest_due_.start(std::chrono::ceil<std::chrono::milliseconds>(*due - now));
+  }
+}
+
+template <typename... Arguments>
+void QtClientSocket::Raise(const std::function<void(Arguments...)>& event, Arguments... arguments) {
+  is_raising_ = true;
+  if (event) {
+    event(arguments...);
+  }
+  is_raising_ = false;
+  next_.start();
+}
+
+}  // namespace korvanta

@@ -1,0 +1,48 @@
+#include "ui/desktop/qt_sound_player.h"
+
+#include <QAudioDevice>
+#include <QFileInfo>
+#include <QMediaDevices>
+#include <QSoundEffect>
+#include <QUrl>
+#include <utility>
+
+#include "ui/text.h"
+
+namespace korvanta {
+namespace {
+
+constexpr qsizetype kMostTogether = 4;
+
+}  // namespace
+
+QtSoundPlayer::QtSoundPlayer(QString program_folder) : program_folder_(std::move(program_folder)) {}
+
+void QtSoundPlayer::Play(std::string_view file) {
+  const QString path = program_folder_ + QLatin1Char('/') + ToQString(file);
+  if (!QFileInfo(path).isFile()) {
+    return;
+  }
+  const QAudioDevice device = QMediaDevices::defaultAudioOutput();
+  if (device.isNull()) {
+    return;
+  }
+  while (playing_.children().size() >= kMostTogether) {
+    delete playing_.children().constFirst();
+  }
+  auto* sound = new QSoundEffect(device, &playing_);
+  QObject::connect(sound, &QSoundEffect::playingChanged, sound, [sound] {
+    if (!sound->isPlaying()) {
+      sound->deleteLater();
+    }
+  });
+  QObject::connect(sound, &QSoundEffect::statusChanged, sound, [sound] {
+    if (sound->status() == QSoundEffect::Error) {
+      sound->deleteLater();
+    }
+  });
+  sound->setSource(QUrl::fromLocalFile(path));
+  sound->play();
+}
+
+}  // namespace korvanta

@@ -1,0 +1,17 @@
+/// Timers over the toolkit's.
+#pragma once
+
+#include <chrono>
+#include <memory>
+
+#include "platform/timer.h"
+
+namespace korvanta {
+
+/// Ticks are held back while the event loop is busy, and those missed are not made up for.
+class QtTimerFactory final : public TimerFactory {
+ public:
+  std::unique_ptr<Timer> MakeTimer(std::chrono::milliseconds interval) override;
+};
+
+}  // namespace korvanta

@@ -1,0 +1,383 @@
+#include "ui/desktop/qt_client_socket.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QFile>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTest>
+#include <QThread>
+#include <algorithm>
+#include <atomic>
+#include <gmock/gmock.h>
+#include <vector>
+
+#ifdef Q_OS_LINUX
+#include <linux/sockios.h>
+#include <sys/ioctl.h>
+#include <sys/socket.h>
+#endif
+
+namespace korvanta {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const std::string kHost = "127.0.0.1";
+
+/// A client socket with a record of its events, and a server on loopback that the test plays.
+class QtClientSocketTest : public testing::Test {
+ protected:
+  QtClientSocketTest() {
+    socket.on_connected = [this] { Note("connected"); };
+    socket.on_closed = [this] { Note("closed"); };
+    socket.on_data_arrival = [this](std::string_view block) {
+      Note("data");
+      blocks.emplace_back(block);
+      received += block;
+    };
+    server.listen(QHostAddress(QString::fromStdString(kHost)));
+  }
+
+  void Note(const char* event) {
+    EXPECT_FALSE(in_call) << event << " was raised from inside a call";
+    events.emplace_back(event);
+  }
+
+  void Connect(std::uint16_t port) {
+    in_call = true;
+    socket.Connect(kHost, port);
+    in_call = false;
+  }
+
+  /// Both ends connected.
+  void Join() {
+    Connect(server.serverPort());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return server.hasPendingConnections() && !events.empty(); }));
+    peer = server.nextPendingConnection();
+  }
+
+  void PeerSends(const std::string& bytes) const {
+    peer->write(bytes.data(), static_cast<qint64>(bytes.size()));
+    peer->flush();
+  }
+
+  bool WaitForClosed() {
+    return QTest::qWaitFor([&] { return !events.empty() && events.back() == "closed"; });
+  }
+
+  /// Lets everything happen that is about to: a second connection makes its way behind it.
+  void Settle() const {
+    QTcpServer other;
+    other.listen(QHostAddress::LocalHost);
+    QTcpSocket probe;
+    probe.connectToHost(other.serverAddress(), other.serverPort());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return other.hasPendingConnections(); }));
+    QCoreApplication::processEvents();
+  }
+
+  QTcpServer server;
+  QTcpSocket* peer = nullptr;
+  QtClientSocket socket;
+  bool in_call = false;
+  std::vector<std::string> events;
+  std::vector<std::string> blocks;
+  std::string received;
+};
+
+TEST_F(QtClientSocketTest, TalksBothWaysAndSeesThePeerClose) {
+  socket.Send("too early");
+  Join();
+  EXPECT_TRUE(socket.IsConnected());
+  socket.Send(std::string_view("[con]\0", 6));
+  socket.Send(std::string_view("\xff\0", 2));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return peer->bytesAvailable() == 8; }));
+  EXPECT_EQ(peer->readAll(), QByteArray("[con]\0\xff\0", 8));
+  PeerSends(std::string("[msg]\0", 6));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !blocks.empty(); }));
+  peer->close();
+  ASSERT_TRUE(WaitForClosed());
+  EXPECT_FALSE(socket.IsConnected());
+  EXPECT_THAT(events, ElementsAre("connected", "data", "closed"));
+}
+
+TEST_F(QtClientSocketTest, BytesThatComeWithTheCloseComeFirst) {
+  Connect(server.serverPort());
+  ASSERT_TRUE(server.waitForNewConnection(5000));
+  peer = server.nextPendingConnection();
+  PeerSends(std::string("[a]\0[b]rest", 11));
+  peer->close();
+  ASSERT_TRUE(WaitForClosed());
+  EXPECT_THAT(events, ElementsAre("connected", "data", "data", "closed"));
+  EXPECT_EQ(received, std::string("[a]\0[b]rest", 11));
+}
+
+#ifdef Q_OS_LINUX
+
+TEST_F(QtClientSocketTest, BytesBeforeAResetAreNotLostToAFailingSend) {
+  Join();
+  const std::string text = std::string(50'000, 'x') + '\0';
+  PeerSends(text);
+  // Closing with a linger time of zero resets the connection.
+  const int descriptor = static_cast<int>(peer->socketDescriptor());
+  for (int unconfirmed = 1; unconfirmed > 0;) {
+    ASSERT_EQ(ioctl(descriptor, SIOCOUTQ, &unconfirmed), 0);
+  }
+  const linger reset{.l_onoff = 1, .l_linger = 0};
+  ASSERT_EQ(setsockopt(descriptor, SOL_SOCKET, SO_LINGER, &reset, sizeof reset), 0);
+  peer->abort();
+  socket.Send("x");
+  ASSERT_TRUE(WaitForClosed());
+  EXPECT_EQ(std::count(events.begin(), events.end(), "closed"), 1);
+  EXPECT_EQ(received.size(), text.size());
+}
+
+#endif
+
+TEST_F(QtClientSocketTest, OurOwnCloseAndFailedAttemptsRaiseNothing) {
+  Join();
+  PeerSends(std::string("[a]\0", 4));
+  socket.Close();
+  EXPECT_FALSE(socket.IsConnected());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return peer->state() == QTcpSocket::UnconnectedState; }));
+  socket.Close();
+  Settle();
+  EXPECT_THAT(events, ElementsAre("connected"));
+
+  const std::uint16_t refused = server.serverPort();
+  server.close();
+  Connect(refused);
+  Settle();
+  socket.Connect("no address", refused);
+  Settle();
+  EXPECT_THAT(events, ElementsAre("connected"));
+}
+
+TEST_F(QtClientSocketTest, AbandonedConnectionLeavesNothingBehindForTheNext) {
+  Join();
+  QTcpSocket* old_peer = peer;
+  old_peer->write("[old]\0[rest", 11);
+  old_peer->flush();
+  Join();
+  old_peer->close();
+  PeerSends(std::string("[new]\0", 6));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !received.empty(); }));
+  Settle();
+  EXPECT_EQ(received, std::string("[new]\0", 6));
+  EXPECT_THAT(events, ElementsAre("connected", "connected", "data"));
+}
+
+TEST_F(QtClientSocketTest, HandlerMayCloseAndConnectAgain) {
+  socket.on_data_arrival = [this](std::string_view) {
+    socket.Close();
+    Connect(server.serverPort());
+  };
+  Join();
+  PeerSends(std::string("[a]\0[b]\0", 8));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return events.size() == 2; }));
+  EXPECT_THAT(events, ElementsAre("connected", "connected"));
+}
+
+TEST_F(QtClientSocketTest, EventsNeverComeFromInsideAnother) {
+  int depth = 0;
+  socket.on_data_arrival = [&](std::string_view block) {
+    EXPECT_EQ(++depth, 1);
+    received += block;
+    if (received == std::string("[a]\0", 4)) {
+      PeerSends(std::string("[b]\0", 4));
+      peer->close();
+      Settle();
+    }
+    --depth;
+  };
+  Join();
+  PeerSends(std::string("[a]\0", 4));
+  ASSERT_TRUE(WaitForClosed());
+  EXPECT_EQ(received, std::string("[a]\0[b]\0", 8));
+}
+
+TEST_F(QtClientSocketTest, SingleBytesArriveAsWholeMessages) {
+  Join();
+  const std::string session("[con]Ann\0[msg]hello\0", 20);
+  for (const char byte : session) {
+    PeerSends({byte});
+    QCoreApplication::processEvents();
+  }
+  ASSERT_TRUE(QTest::qWaitFor([&] { return received.size() == session.size(); }));
+  EXPECT_THAT(blocks, ElementsAre(session.substr(0, 9), session.substr(9)));
+}
+
+TEST_F(QtClientSocketTest, RestArrivesAfterItsWait) {
+  Join();
+  QElapsedTimer time;
+  time.start();
+  PeerSends(std::string("[a]\0[b]half", 11));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return blocks.size() == 2; }));
+  EXPECT_THAT(blocks, ElementsAre(std::string("[a]\0", 4), "[b]half"));
+  EXPECT_GE(time.elapsed(), 250);
+}
+
+TEST_F(QtClientSocketTest, ContinuationThatArrivedDuringABusyTimeIsJoined) {
+  Join();
+  PeerSends("[a]first");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return peer->bytesToWrite() == 0; }));
+  QCoreApplication::processEvents();
+  // The event loop is kept busy past the wait, with the second half coming in meanwhile.
+  QElapsedTimer busy;
+  busy.start();
+  PeerSends(std::string(" second\0", 8));
+  while (busy.elapsed() < 300) {
+  }
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !blocks.empty(); }));
+  EXPECT_THAT(blocks, ElementsAre(std::string("[a]first second\0", 16)));
+}
+
+TEST_F(QtClientSocketTest, FloodLeavesTheEventLoopItsTurnsAndTheMemoryItsBounds) {
+  constexpr std::size_t kFlood = 32 * 1024 * 1024;
+  QEventLoop loop;
+  std::size_t longest = 0;
+  std::size_t total = 0;
+  int turns = 0;
+  socket.on_data_arrival = [&](std::string_view block) {
+    longest = std::max(longest, block.size());
+    total += block.size();
+    if (total == kFlood) {
+      loop.quit();
+    }
+  };
+  QTimer other;
+  QObject::connect(&other, &QTimer::timeout, &other, [&] { ++turns; });
+  Join();
+  const qintptr descriptor = peer->socketDescriptor();
+  QThread* flooder = QThread::create([descriptor] {
+    const std::string message = std::string(199, 'x') + '\0';
+    std::string slice;
+    for (int i = 0; i < 1024; ++i) {
+      slice += message;
+    }
+    std::size_t sent = 0;
+    while (sent < kFlood) {
+      const std::size_t length = std::min(slice.size(), kFlood - sent);
+      const ssize_t count =
+          ::send(static_cast<int>(descriptor), slice.data(), length, MSG_NOSIGNAL);
+      if (count > 0) {
+        sent += static_cast<std::size_t>(count);
+      }
+    }
+  });
+  other.start(0);
+  flooder->start();
+  QTimer::singleShot(20'000, &loop, &QEventLoop::quit);
+  loop.exec();
+  EXPECT_EQ(total, kFlood);
+  flooder->wait();
+  delete flooder;
+  EXPECT_LE(longest, BlockAssembler::kBlockLimit);
+  EXPECT_GE(turns, static_cast<int>(kFlood / BlockAssembler::kBlockLimit));
+}
+
+#ifdef Q_OS_LINUX
+
+/// The kernel's line for the connection from that local port: field 5 is the running timer and
+/// when it goes off, in ticks of 10 ms; kind 02 is keep-alive.
+QByteArray TimerOf(quint16 local_port) {
+  QFile table(QStringLiteral("/proc/net/tcp"));
+  table.open(QIODevice::ReadOnly);
+  const QByteArray wanted =
+      ":" + QByteArray::number(local_port, 16).toUpper().rightJustified(4, '0');
+  for (const QByteArray& line : table.readAll().split('\n')) {
+    const QList<QByteArray> fields = line.simplified().split(' ');
+    if (fields.size() > 5 && fields[1].endsWith(wanted)) {
+      return fields[5];
+    }
+  }
+  return {};
+}
+
+TEST_F(QtClientSocketTest, SilentConnectionIsProbedWithinHalfAMinute) {
+  Join();
+  const QList<QByteArray> timer = TimerOf(peer->peerPort()).split(':');
+  ASSERT_EQ(timer.size(), 2);
+  EXPECT_EQ(timer[0], "02");
+  EXPECT_LE(timer[1].toInt(nullptr, 16), 30 * 100);
+  EXPECT_GT(timer[1].toInt(nullptr, 16), 20 * 100);
+}
+
+#endif
+
+/// A peer whose system takes in little, played by hand on another thread.
+class Drain : public QtClientSocketTest {
+ protected:
+  /// More than the systems of both ends hold, so that some of it waits for the peer to read.
+  static constexpr qsizetype kMuch = 24 * 1024 * 1024;
+};
+
+TEST_F(Drain, SmallTextIsThereBeforeItReturnsAndTheEndFollows) {
+  Join();
+  PeerSends("unread bytes that would make the close a reset");
+  socket.Send(std::string_view("[dis]\0", 6));
+  QElapsedTimer time;
+  time.start();
+  socket.Drain();
+  EXPECT_LT(time.elapsed(), 500);
+  EXPECT_FALSE(socket.IsConnected());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return peer->state() == QTcpSocket::UnconnectedState; }));
+  EXPECT_EQ(peer->error(), QTcpSocket::RemoteHostClosedError);
+  EXPECT_EQ(peer->readAll(), QByteArray("[dis]\0", 6));
+  EXPECT_THAT(events, ElementsAre("connected"));
+}
+
+TEST_F(Drain, SlowReaderGetsEverything) {
+  Join();
+  std::atomic<qint64> read_count = 0;
+  const qintptr descriptor = peer->socketDescriptor();
+  QThread* reader = QThread::create([&read_count, descriptor] {
+    QByteArray buffer(512 * 1024, Qt::Uninitialized);
+    for (;;) {
+      const ssize_t count = ::recv(static_cast<int>(descriptor), buffer.data(),
+                                   static_cast<std::size_t>(buffer.size()), 0);
+      if (count == 0 || (count < 0 && errno != EAGAIN)) {
+        return;
+      }
+      read_count += std::max<ssize_t>(count, 0);
+      QThread::usleep(2000);
+    }
+  });
+  const std::string much(static_cast<std::size_t>(kMuch), 'x');
+  socket.Send(much);
+  socket.Send("[dis]");
+  reader->start();
+  socket.Drain();
+  ASSERT_TRUE(reader->wait(5000));
+  delete reader;
+  EXPECT_EQ(read_count, kMuch + 5);
+}
+
+TEST_F(Drain, PeerThatDoesNotReadHoldsItForASecondAtMost) {
+  Join();
+  peer->setReadBufferSize(1);
+  const std::string much(static_cast<std::size_t>(kMuch), 'x');
+  socket.Send(much);
+  QElapsedTimer time;
+  time.start();
+  socket.Drain();
+  EXPECT_GE(time.elapsed(), 900);
+  EXPECT_LT(time.elapsed(), 1300);
+}
+
+TEST_F(Drain, WithoutAConnectionItReturnsAtOnce) {
+  QElapsedTimer time;
+  time.start();
+  socket.Drain();
+  Join();
+  peer->abort();
+  ASSERT_TRUE(WaitForClosed());
+  socket.Drain();
+  EXPECT_LT(time.elapsed(), 500);
+}
+
+}  // namespace
+}  // namespace korvanta
