@@ -8,9 +8,9 @@
 namespace korvanta {
 namespace {
 
-constexpr int kMostCharacters = 1500;
-constexpr int kMostLines = 25;
-constexpr int kLongestWord = 40;
+constexpr int kMostLines = 24;
+constexpr int kLineLength = 40;  ///< in characters
+constexpr int kTabWidth = 8;
 constexpr QChar kBreakPlace{0x200B};
 constexpr QChar kEllipsis{0x2026};
 
@@ -55,20 +55,25 @@ bool QtMessageBox::Ask(std::string_view text, std::string_view title) {
 
 QString QtMessageBox::Fit(const QString& text) {
   QString fitted;
-  int lines = 1;
+  int line = 1;
+  int column = 0;
   int word = 0;
-  for (const QChar character : text.first(std::min<qsizetype>(text.size(), kMostCharacters))) {
-    if (character == QLatin1Char('\n') && ++lines > kMostLines) {
-      return fitted + kEllipsis;
-    }
+  for (const QChar character : text) {
+    column += character == QLatin1Char('\t') ? kTabWidth : 1;
     word = character.isSpace() ? 0 : word + 1;
-    if (word > kLongestWord) {
+    if (character == QLatin1Char('\n') || column > kLineLength) {
+      column = 0;
+      if (++line > kMostLines) {
+        return fitted + kEllipsis;
+      }
+    }
+    if (word > kLineLength) {
       fitted += kBreakPlace;
       word = 1;
     }
     fitted += character;
   }
-  return text.size() > kMostCharacters ? fitted + kEllipsis : fitted;
+  return fitted;
 }
 
 }  // namespace korvanta

@@ -14,8 +14,8 @@ class QtMessageBox final : public MessageBox {
   void Show(std::string_view text, std::string_view title, MessageIcon icon) override;
   bool Ask(std::string_view text, std::string_view title) override;
 
-  /// What a box shows of a text: the whole of it up to 1500 characters and 25 lines, then an
-  /// ellipsis. Words too long for a line get invisible places to break.
+  /// What a box shows of a text: as much as fills 24 lines of 40 characters, then an ellipsis, so
+  /// that no box outgrows the screen. Words longer than a line get invisible places to break.
   static QString Fit(const QString& text);
 };
 

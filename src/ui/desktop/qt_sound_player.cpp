@@ -10,11 +10,6 @@
 #include "ui/text.h"
 
 namespace korvanta {
-namespace {
-
-constexpr qsizetype kMostTogether = 4;
-
-}  // namespace
 
 QtSoundPlayer::QtSoundPlayer(QString program_folder) : program_folder_(std::move(program_folder)) {}
 
