@@ -1,7 +1,8 @@
 #include "board/research_board.h"
 
 #include <charconv>
-#include <system_error>
+#include <string_view>
+#include <utility>
 
 namespace korvanta {
 namespace {
@@ -9,16 +10,37 @@ namespace {
 constexpr std::size_t kPopulationRow = 2;
 constexpr std::size_t kDefenseRow = 3;
 
-/// The longest double has a sign, "0." and 323 zeros before its 17 digits.
-constexpr std::size_t kLongestNumber = 1 + 2 + 323 + 17;
+/// The fewest significant digits that tell the number from every other, filled up with zeros to
+/// where the decimal point belongs.
+std::string PlainDecimal(double number) {
+  std::array<char, 32> written;
+  const auto end = std::to_chars(written.data(), written.data() + written.size(), number,
+                                 std::chars_format::scientific)
+                       .ptr;
+  const std::string_view text(written.data(), static_cast<std::size_t>(end - written.data()));
+  const std::size_t mark = text.find('e');
+  if (mark == std::string_view::npos) {
+    return std::string(text);  // infinite, or not a number
+  }
+  const bool negative = text.front() == '-';
+  std::string digits(text.substr(negative ? 1 : 0, mark - (negative ? 1 : 0)));
+  std::erase(digits, '.');
+  const bool small = text[mark + 1] == '-';
+  int exponent = 0;
+  std::from_chars(text.data() + mark + 2, end, exponent);
+  if (small) {
+    digits.insert(0, static_cast<std::size_t>(exponent), '0');
+    digits.insert(1, 1, '.');
+  } else if (const auto whole = static_cast<std::size_t>(exponent) + 1; digits.size() > whole) {
+    digits.insert(whole, 1, '.');
+  } else {
+    digits.resize(whole, '0');
+  }
+  return (negative ? "-" : "") + digits;
+}
 
 std::string PointsText(double points) {
-  std::array<char, kLongestNumber> digits;
-  const double value = points == 0 ? 0 : points;  // no sign on a negative zero
-  const auto [end, error] =
-      std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed);
-  std::string text = "Research Points: ";
-  return error == std::errc() ? text.append(digits.data(), end) : text;
+  return "Research Points: " + PlainDecimal(points == 0 ? 0 : points);  // no sign on a zero
 }
 
 std::size_t RowOf(std::int16_t topic) {

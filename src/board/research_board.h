@@ -74,8 +74,8 @@ class ResearchBoard {
   ResearchBoard& operator=(const ResearchBoard&) = delete;
   ~ResearchBoard();
 
-  /// "Research Points: " and the number in plain decimal digits, as few as tell it from every other
-  /// double, without an exponent.
+  /// "Research Points: " and the number in its shortest plain decimal form, however large or small:
+  /// no exponent, no digits but zeros beyond those that tell it from every other double.
   void ShowResearchPoints(double points);
 
   /// `row` counts from 0 in the order of `kTopics`, `level` from 1 to 4; the answer is

@@ -1,8 +1,8 @@
 #include "board/research_board.h"
 
+#include <cstdlib>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <cstdlib>
 #include <limits>
 
 #include "tests/fakes/fake_platform.h"
@@ -138,6 +138,12 @@ TEST_F(ResearchBoardTest, PointsArePlainDecimalText) {
       {-0.0, "0"},
       {1234567.875, "1234567.875"},
       {1e15, "1000000000000000"},
+      {1e23, "1" + std::string(23, '0')},
+      {-1.25e308, "-125" + std::string(306, '0')},
+      {9007199254740993.0, "9007199254740992"},
+      {99.5, "99.5"},
+      {10, "10"},
+      {0.05, "0.05"},
       {1e-7, "0.0000001"},
       {0.1 + 0.2, "0.30000000000000004"},
       {std::numeric_limits<double>::denorm_min(), "0." + std::string(323, '0') + "5"},
@@ -148,7 +154,7 @@ TEST_F(ResearchBoardTest, PointsArePlainDecimalText) {
   }
 }
 
-TEST_F(ResearchBoardTest, TheLongestNumbersAreWhole) {
+TEST_F(ResearchBoardTest, TheLongestNumbersReadBackTheSame) {
   for (const double points : {std::numeric_limits<double>::max(), -1e308, -1.2345678901234567e-300,
                               -2.2250738585072011e-308}) {
     board_.ShowResearchPoints(points);
