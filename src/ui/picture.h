@@ -1,0 +1,14 @@
+/// Our own pictures, rendered sharp for a screen.
+#pragma once
+
+#include <QPixmap>
+#include <QSize>
+#include <QString>
+
+namespace korvanta {
+
+/// The picture of that name (a file in assets/pictures, without its ending), filling `size` logical
+/// pixels on a screen of `device_pixel_ratio`. Transparent when there is none.
+QPixmap RenderPicture(const QString& name, QSize size, qreal device_pixel_ratio);
+
+}  // namespace korvanta

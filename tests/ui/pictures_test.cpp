@@ -1,0 +1,64 @@
+#include <QDir>
+#include <QIcon>
+#include <QImage>
+#include <QSet>
+#include <gtest/gtest.h>
+
+#include "ui/contrast.h"
+#include "ui/picture.h"
+#include "ui/theme.h"
+
+namespace korvanta {
+namespace {
+
+/// The share of the picture, 0 to 1, that stands out on the ground with a contrast of 3 or more.
+double LegibleShare(const QImage& picture, QColor ground) {
+  int legible = 0;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      const QColor colour = picture.pixelColor(x, y);
+      legible += colour.alpha() > 128 && Contrast(colour, ground) >= 3 ? 1 : 0;
+    }
+  }
+  return static_cast<double>(legible) / (picture.width() * picture.height());
+}
+
+TEST(Pictures, EachIsLegibleOnItsGroundFromSixteenPixelsUp) {
+  struct Case {
+    const char* name;
+    QColor ground;
+    double least_share = 0.04;
+  };
+  const Case cases[] = {
+      {"military", Qt::black},     {"industry", Qt::black},         {"population", Qt::black},
+      {"defense", Qt::black},      {"golden_knowledge", Qt::black}, {"korvanta", Qt::black},
+      {"splash", Qt::black, 0.01}, {"remove_user", theme::kChrome}, {"marked", theme::kPaper},
+      {"check", theme::kPaper},    {"drop_down", theme::kPaper},
+  };
+  QSet<QString> seen;
+  for (const Case& each : cases) {
+    const QString name = QString::fromLatin1(each.name);
+    for (const int side : {16, 48, 512}) {
+      const QImage picture = RenderPicture(name, {side, side}, 1).toImage();
+      ASSERT_EQ(picture.size(), QSize(side, side)) << each.name;
+      EXPECT_GT(LegibleShare(picture, each.ground), each.least_share) << each.name << ' ' << side;
+    }
+    seen.insert(name + QStringLiteral(".svg"));
+  }
+  const QStringList all = QDir(QStringLiteral(":/pictures")).entryList();
+  EXPECT_EQ(seen, QSet<QString>(all.begin(), all.end())) << "pictures without a ground above";
+}
+
+TEST(Pictures, ServeAsIcons) {
+  const QIcon icon(QStringLiteral(":/pictures/remove_user.svg"));
+  EXPECT_GT(LegibleShare(icon.pixmap(20, 20).toImage(), theme::kChrome), 0.1);
+}
+
+TEST(Pictures, AreRenderedForTheScreensRatio) {
+  const QPixmap picture = RenderPicture(QStringLiteral("military"), {38, 38}, 1.5);
+  EXPECT_EQ(picture.size(), QSize(57, 57));
+  EXPECT_EQ(picture.deviceIndependentSize(), QSizeF(38, 38));
+}
+
+}  // namespace
+}  // namespace korvanta
