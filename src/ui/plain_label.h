@@ -1,0 +1,28 @@
+/// Labels at fixed places on a drawn ground: the board's and the splash's.
+#pragma once
+
+#include <QColor>
+#include <QLabel>
+#include <QRect>
+#include <QString>
+
+namespace korvanta {
+
+struct LabelLook {
+  QRect place;
+  QColor colour;
+  int pixels;  ///< letter size
+  bool bold = false;
+  Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter;
+};
+
+/// Gives a label its name, place and look, and makes it take every text as plain text.
+void SetUpLabel(QLabel& label, const QString& name, const LabelLook& look);
+
+/// A new label, owned by `parent`.
+QLabel& MakeLabel(QWidget* parent, const QString& name, const LabelLook& look);
+
+/// Sets a text of one line. What does not fit gives way to an ellipsis; screen readers get all.
+void ShowLine(QLabel& label, const QString& text);
+
+}  // namespace korvanta
