@@ -1,0 +1,65 @@
+/// Where everything on the research board stands, in logical pixels; used by the board's widget and
+/// its accessibility tree.
+#pragma once
+
+#include <QPointF>
+#include <QRect>
+#include <cstddef>
+#include <cstdint>
+
+#include "board/research_board.h"
+
+namespace korvanta::board_layout {
+
+inline constexpr QSize kSize{1120, 366};
+
+inline constexpr int kBoxSide = 58;
+inline constexpr int kColumnPitch = 142;
+inline constexpr int kRowPitch = 76;
+inline constexpr QPoint kFirstBox{175, 51};
+inline constexpr QRect kGoldenBox{826, 156, 76, 76};
+inline constexpr int kPictureSide = 38;
+inline constexpr int kGoldenPictureSide = 56;
+
+inline constexpr QRect kHint{872, 14, 224, 64};       ///< Label6
+inline constexpr QRect kResearch{740, 298, 356, 24};  ///< from below the goal to the right margin
+inline constexpr QRect kTickTime{740, 324, 356, 28};
+inline constexpr int kCaptionLeft = 24;
+inline constexpr int kCaptionWidth = 143;
+inline constexpr int kLevelCaptionTop = 14;
+inline constexpr int kLevelCaptionOverhang = 20;  ///< on either side of its column
+
+/// Distance between two lines 4 where they meet the goal's frame.
+inline constexpr int kPortPitch = 14;
+
+/// The boxes count row by row, level by level; the last one is the Golden Knowledge.
+inline constexpr int kBoxes = static_cast<int>(kTopicRows) * kTopLevel + 1;
+inline constexpr int kGoldenIndex = kBoxes - 1;
+
+constexpr std::size_t RowOf(int box) { return static_cast<std::size_t>(box / kTopLevel); }
+constexpr int LevelOf(int box) { return box % kTopLevel + 1; }
+constexpr int BoxAt(std::size_t row, int level) {
+  return static_cast<int>(row) * kTopLevel + level - 1;
+}
+
+/// The outer edge of a box's frame.
+constexpr QRect BoxRect(int box) {
+  if (box == kGoldenIndex) {
+    return kGoldenBox;
+  }
+  return {kFirstBox.x() + (LevelOf(box) - 1) * kColumnPitch,
+          kFirstBox.y() + static_cast<int>(RowOf(box)) * kRowPitch, kBoxSide, kBoxSide};
+}
+
+/// The middle of a row, where its lines run.
+constexpr int RowMiddle(std::size_t row) {
+  return kFirstBox.y() + static_cast<int>(row) * kRowPitch + kBoxSide / 2;
+}
+
+/// The height at which a row's line 4 meets the goal's frame.
+constexpr int PortOf(std::size_t row) {
+  const int fan = static_cast<int>(kTopicRows - 1) * kPortPitch;
+  return kGoldenBox.y() + kGoldenBox.height() / 2 - fan / 2 + static_cast<int>(row) * kPortPitch;
+}
+
+}  // namespace korvanta::board_layout
