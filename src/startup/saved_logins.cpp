@@ -64,14 +64,15 @@ char LowerCase(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A'
 std::optional<std::string> modData::ScrambleLoginText(std::string_view text, bool encode) {
   std::string result;
   result.reserve(text.size());
-  for (auto c = text.rbegin(); c != text.rend(); ++c) {
-    const auto code = static_cast<unsigned char>(*c);
+  for (const char c : text) {
+    const auto code = static_cast<unsigned char>(c);
     const auto changed = encode ? Encode(code) : Decode(code);
     if (!changed) {
       return std::nullopt;
     }
     result += *changed;
   }
+  std::reverse(result.begin(), result.end());
   return result;
 }
 

@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QStyledItemDelegate>
 #include <QToolButton>
+#include <initializer_list>
 #include <limits>
 
 #include "ui/text.h"
@@ -141,10 +142,11 @@ void frmLogin::Build() {
   whole->addStretch();
   btnLogin->setDefault(true);  // the dialog hears of it only from a button that it has
 
-  QWidget* const order[] = {cboServer, cboUsernames, txtPassword, btnLogin,
-                            chkSave,   btnClear,     btnCancel};
-  for (std::size_t i = 1; i < std::size(order); ++i) {
-    setTabOrder(order[i - 1], order[i]);
+  QWidget* before = cboServer;
+  for (QWidget* next : std::initializer_list<QWidget*>{cboUsernames, txtPassword, btnLogin, chkSave,
+                                                       btnClear, btnCancel}) {
+    setTabOrder(before, next);
+    before = next;
   }
 }
 
