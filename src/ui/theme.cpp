@@ -90,6 +90,9 @@ QCheckBox::indicator:checked { image: url(:/pictures/check.svg); }
 QTreeView { background: @paper; color: @ink; border: 1px solid @chromeBorder; border-radius: 4px;
               selection-background-color: @selection; selection-color: @ink; outline: none; }
 QTreeView:focus { border: 2px solid @gold; }
+QAbstractScrollArea#rbMessages { background: @paper; border: 1px solid @chromeBorder; border-radius: 4px;
+              padding: 1px; }
+QAbstractScrollArea#rbMessages:focus { border: 2px solid @gold; padding: 0; }
 QTreeView::item { padding: 3px 4px; }
 QTreeView::item:selected { background: @selection; color: @ink; }
 QHeaderView { background: @paperHeader; border: none; }

@@ -1,0 +1,358 @@
+#include "ui/message_view_widget.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QMenu>
+#include <QScrollBar>
+#include <QTest>
+#include <QWheelEvent>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "ui/glyph_table.h"
+#include "ui/text.h"
+#include "ui/theme.h"
+
+namespace korvanta {
+namespace {
+
+constexpr int kMargin = theme::kUnit;
+
+class PaintCounter : public QObject {
+ public:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    count += event->type() == QEvent::Paint ? 1 : 0;
+    return false;
+  }
+  int count = 0;
+};
+
+struct MessageViewWidgetTest : testing::Test {
+  MessageViewWidgetTest() {
+    widget.resize(420, 220);
+    widget.viewport()->installEventFilter(&paints);
+    widget.show();
+    widget.activateWindow();
+    widget.setFocus();
+    Frame();
+  }
+
+  /// Waits until what changed is painted.
+  void Frame() {
+    const int before = paints.count;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return paints.count > before; }, 2000));
+  }
+
+  void Write(int lines) {
+    QApplication::processEvents();  // what is to be painted for earlier reasons
+    for (int line = 0; line < lines; ++line) {
+      view.AppendMessage("line " + std::to_string(view.lines_written()), MessageKind::Status);
+    }
+    Frame();
+  }
+
+  void Lock(bool on) {
+    options.mnuScrollLock = on;
+    view.ScrollLockToggled();
+    Frame();
+  }
+
+  /// The line that is seen first.
+  std::string TopLine() const {
+    return view.text().Bytes(widget.top(), LineEnd(view.text(), widget.top()));
+  }
+
+  int bar() const { return widget.verticalScrollBar()->value(); }
+  int bar_end() const { return widget.verticalScrollBar()->maximum(); }
+  int whole_rows() const {
+    return (widget.viewport()->height() - 2 * kMargin) / glyphs.row_height();
+  }
+
+  /// The middle of the byte in that row, both counted in the viewport; the row's text is `text`.
+  QPoint PointAt(int row, std::string_view text, std::size_t column) const {
+    const float x = WidthOf(text.substr(0, column), glyphs.advances());
+    return {kMargin + static_cast<int>(x) + 2,
+            kMargin + row * glyphs.row_height() + glyphs.row_height() / 2};
+  }
+
+  std::string Selected() const { return view.SelectedText(); }
+
+  void Wheel(int angle) {
+    const QPointF at = widget.viewport()->rect().center();
+    QWheelEvent event(at, widget.viewport()->mapToGlobal(at), {}, {0, angle}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(widget.viewport(), &event);
+  }
+
+  bool Shows(const QColor& colour) {
+    const QImage image = widget.viewport()->grab().toImage();
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = 0; x < image.width(); ++x) {
+        const QColor pixel = image.pixelColor(x, y);
+        if (std::abs(pixel.red() - colour.red()) + std::abs(pixel.green() - colour.green()) +
+                std::abs(pixel.blue() - colour.blue()) <
+            12) {
+          return true;
+        }
+      }
+    }
+    return false;
+  }
+
+  Options options;
+  MessageView view{options, 64};
+  PaintCounter paints;
+  MessageViewWidget widget{view};
+  GlyphTable glyphs{widget.font()};
+};
+
+TEST_F(MessageViewWidgetTest, FollowsTheEndAndThumbAndKeysReachBothEndsExactly) {
+  Write(200);
+  EXPECT_EQ(bar(), bar_end());
+  EXPECT_EQ(TopLine(), "line " + std::to_string(200 - whole_rows()));
+
+  widget.verticalScrollBar()->setValue(0);
+  EXPECT_EQ(TopLine(), "line 0");
+  widget.verticalScrollBar()->setValue(17);  // inside "line 2", which starts at 16
+  EXPECT_EQ(TopLine(), "line 2");
+  widget.verticalScrollBar()->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+  EXPECT_EQ(TopLine(), "line 3");
+  EXPECT_EQ(bar(), static_cast<int>(widget.top()));
+  widget.verticalScrollBar()->triggerAction(QAbstractSlider::SliderPageStepAdd);
+  EXPECT_EQ(TopLine(), "line " + std::to_string(3 + whole_rows() - 1));
+  widget.verticalScrollBar()->triggerAction(QAbstractSlider::SliderToMaximum);
+  EXPECT_EQ(bar(), bar_end());
+
+  QTest::keyClick(&widget, Qt::Key_Home, Qt::ControlModifier);
+  EXPECT_EQ(TopLine(), "line 0");
+  Write(1);
+  EXPECT_EQ(bar(), bar_end());
+  EXPECT_TRUE(view.selection().empty());
+}
+
+TEST_F(MessageViewWidgetTest, ScrollLockHoldsWhatIsSeenInPlace) {
+  Write(100);
+  Lock(true);
+  widget.verticalScrollBar()->setValue(400);
+  const std::string seen = TopLine();
+  const QImage before = widget.viewport()->grab().toImage();
+  for (const std::size_t place : {std::size_t{8}, view.size(), widget.top()}) {
+    view.MoveCaret(place, false);
+    Write(5);
+    EXPECT_EQ(TopLine(), seen) << place;
+  }
+  view.MoveCaret(0, false);
+  Frame();
+  EXPECT_EQ(widget.viewport()->grab().toImage(), before);
+  EXPECT_LT(bar(), bar_end());
+
+  view.Clear();
+  Frame();
+  EXPECT_EQ(bar_end(), 0);
+  view.AppendMessage("first", MessageKind::Status);
+  view.AppendMessage("second", MessageKind::Status);
+  Frame();
+  EXPECT_EQ(TopLine(), "first");
+  Write(100);
+  EXPECT_EQ(TopLine(), "first");
+}
+
+TEST_F(MessageViewWidgetTest, ResizingKeepsTheTopLineOrTheEnd) {
+  for (int line = 0; line < 60; ++line) {
+    view.AppendMessage("words that wrap when it is narrow, number " + std::to_string(line),
+                       MessageKind::Chat);
+  }
+  Frame();
+  widget.resize(200, 160);
+  EXPECT_EQ(bar(), bar_end());
+  widget.resize(420, 220);
+  EXPECT_EQ(bar(), bar_end());
+
+  widget.verticalScrollBar()->setValue(1000);
+  const std::size_t top = widget.top();
+  for (const int width : {200, 130, 300, 420}) {
+    widget.resize(width, 220);
+    EXPECT_LE(widget.top(), top);
+    EXPECT_EQ(LineStart(view.text(), widget.top()), LineStart(view.text(), top));
+  }
+  EXPECT_EQ(widget.top(), top);
+}
+
+TEST_F(MessageViewWidgetTest, WheelTurnsThreeRowsANotchAndKeepsParts) {
+  Write(100);
+  widget.verticalScrollBar()->setValue(0);
+  Wheel(-120);
+  EXPECT_EQ(TopLine(), "line 3");
+  Wheel(120);
+  EXPECT_EQ(TopLine(), "line 0");
+  for (int step = 0; step < 6; ++step) {
+    Wheel(-20);
+  }
+  EXPECT_EQ(TopLine(), "line 3");
+}
+
+TEST_F(MessageViewWidgetTest, AFloodIsPaintedOnce) {
+  const int before = paints.count;
+  for (int line = 0; line < 20000; ++line) {
+    view.AppendMessage("flood", MessageKind::Status);
+  }
+  Frame();
+  QApplication::processEvents();
+  EXPECT_LE(paints.count - before, 2);
+}
+
+TEST_F(MessageViewWidgetTest, MouseSelects) {
+  const std::string line = "Aster: hello there";
+  view.AppendMessage(line, MessageKind::Chat);
+  view.AppendMessage("Brisk: second", MessageKind::Chat);
+  Frame();
+  QWidget* const port = widget.viewport();
+
+  QTest::mouseClick(port, Qt::LeftButton, {}, PointAt(0, line, 7));
+  EXPECT_EQ(view.selection(), (TextRange{7, 7}));
+  QTest::mouseClick(port, Qt::LeftButton, Qt::ShiftModifier, PointAt(0, line, 12));
+  EXPECT_EQ(Selected(), "hello");
+
+  QTest::mousePress(port, Qt::LeftButton, {}, PointAt(1, "Brisk", 5));
+  QTest::mouseMove(port, PointAt(0, line, 13));
+  QTest::mouseRelease(port, Qt::LeftButton, {}, PointAt(0, line, 13));
+  EXPECT_EQ(Selected(), "there\nBrisk");
+  EXPECT_GT(view.anchor(), view.caret());
+  Frame();
+  EXPECT_TRUE(Shows(theme::kSelection));
+
+  QTest::mouseDClick(port, Qt::LeftButton, {}, PointAt(0, line, 8));
+  EXPECT_EQ(Selected(), "hello");
+  QTest::mousePress(port, Qt::LeftButton, {}, PointAt(0, line, 8));
+  EXPECT_EQ(Selected(), line + "\n");
+  QTest::mouseMove(port, PointAt(1, "Brisk", 2));
+  QTest::mouseRelease(port, Qt::LeftButton, {}, PointAt(1, "Brisk", 2));
+  EXPECT_EQ(Selected(), line + "\nBrisk: second\n");
+}
+
+TEST_F(MessageViewWidgetTest, DraggingBeyondAnEdgeScrolls) {
+  Write(100);
+  widget.verticalScrollBar()->setValue(400);
+  const std::size_t top = widget.top();
+  QWidget* const port = widget.viewport();
+  QTest::mousePress(port, Qt::LeftButton, {}, {kMargin, kMargin + 2});
+  QTest::mouseMove(port, {kMargin, -30});
+  EXPECT_TRUE(QTest::qWaitFor([&] { return widget.top() == 0; }, 5000));
+  QTest::mouseRelease(port, Qt::LeftButton, {}, {kMargin, -30});
+  EXPECT_EQ(view.selection(), (TextRange{0, top}));
+}
+
+TEST_F(MessageViewWidgetTest, KeysMoveAndSelect) {
+  const std::string line = "Aster: hello there";  // breaks at 18 and 35
+  view.AppendMessage(line, MessageKind::Chat);
+  view.AppendMessage("Brisk: hi there", MessageKind::Chat);
+  Frame();
+  struct Step {
+    int key;
+    Qt::KeyboardModifiers modifiers;
+    std::size_t anchor;
+    std::size_t caret;
+  };
+  const Qt::KeyboardModifiers none;
+  const Qt::KeyboardModifiers control = Qt::ControlModifier;
+  const Qt::KeyboardModifiers shift = Qt::ShiftModifier;
+  const Step steps[] = {
+      {Qt::Key_Home, control, 0, 0},
+      {Qt::Key_Left, none, 0, 0},
+      {Qt::Key_Right, none, 1, 1},
+      {Qt::Key_Right, shift, 1, 2},
+      {Qt::Key_Left, none, 1, 1},
+      {Qt::Key_End, shift, 1, 18},
+      {Qt::Key_Right, none, 18, 18},
+      {Qt::Key_Right, none, 20, 20},
+      {Qt::Key_Left, none, 18, 18},
+      {Qt::Key_Down, none, 35, 35},
+      {Qt::Key_Up, none, 18, 18},
+      {Qt::Key_Home, none, 0, 0},
+      {Qt::Key_Right, control, 5, 5},
+      {Qt::Key_Right, control | shift, 5, 7},
+      {Qt::Key_Left, control, 5, 5},
+      {Qt::Key_PageDown, shift, 5, 37},
+      {Qt::Key_End, control | shift, 5, 37},
+      {Qt::Key_A, control, 0, 37},
+  };
+  int number = 0;
+  for (const Step& step : steps) {
+    QTest::keyClick(&widget, static_cast<Qt::Key>(step.key), step.modifiers);
+    EXPECT_EQ(view.anchor(), step.anchor) << number;
+    EXPECT_EQ(view.caret(), step.caret) << number;
+    ++number;
+  }
+}
+
+TEST_F(MessageViewWidgetTest, CopyGivesPlainTextAndTheMenuKnowsWhetherItCan) {
+  view.AppendMessage("Aster: caf\xe9", MessageKind::Chat);
+  Frame();
+  QClipboard* const clipboard = QApplication::clipboard();
+  clipboard->setText(QStringLiteral("before"));
+  QTest::keyClick(&widget, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(clipboard->text(), QStringLiteral("before"));
+
+  const auto open_menu = [this] {
+    QTest::keyClick(&widget, Qt::Key_F10, Qt::ShiftModifier);
+    return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  };
+  QMenu* menu = open_menu();
+  ASSERT_NE(menu, nullptr);
+  ASSERT_EQ(menu->actions().size(), 2);
+  EXPECT_EQ(menu->actions()[0]->text(), QStringLiteral("&Copy"));
+  EXPECT_FALSE(menu->actions()[0]->isEnabled());
+  menu->actions()[1]->trigger();
+  menu->close();
+  EXPECT_EQ(view.selection(), (TextRange{0, view.size()}));
+
+  menu = open_menu();
+  ASSERT_NE(menu, nullptr);
+  EXPECT_TRUE(menu->actions()[0]->isEnabled());
+  menu->actions()[0]->trigger();
+  menu->close();
+  EXPECT_EQ(clipboard->text(), ToQString("Aster: caf\xe9\n"));
+
+  QTest::keyClick(&widget, Qt::Key_Home, Qt::ControlModifier);
+  QTest::keyClick(&widget, Qt::Key_Right, Qt::ShiftModifier);
+  QTest::keyClick(&widget, Qt::Key_Insert, Qt::ControlModifier);
+  EXPECT_EQ(clipboard->text(), QStringLiteral("A"));
+}
+
+TEST_F(MessageViewWidgetTest, PaintsEachKindInItsColoursAndTheCaretOfScrollLock) {
+  QFont large = widget.font();
+  large.setPixelSize(40);  // strokes wide enough to have pixels of the pure colour
+  widget.setFont(large);
+  view.AppendMessage("III: HHH", MessageKind::Tell);
+  Frame();
+  EXPECT_TRUE(Shows(QColor(176, 0, 0)));
+  EXPECT_TRUE(Shows(QColor(215, 0, 0)));
+  EXPECT_FALSE(Shows(QColor(0, 140, 0)));
+
+  widget.clearFocus();
+  Frame();
+  EXPECT_FALSE(Shows(theme::kInk));
+  Lock(true);
+  EXPECT_TRUE(Shows(theme::kInk));
+}
+
+TEST_F(MessageViewWidgetTest, FocusMovesNothing) {
+  const QRect before = widget.viewport()->geometry();
+  widget.clearFocus();
+  Frame();
+  EXPECT_EQ(widget.viewport()->geometry(), before);
+  EXPECT_TRUE(widget.verticalScrollBar()->isVisible());
+}
+
+TEST_F(MessageViewWidgetTest, EveryByteIsSeen) {
+  for (int byte = 0; byte < 256; ++byte) {
+    const auto character = static_cast<char>(byte);
+    const bool blank = character == ' ' || character == '\t' || byte == 0xA0;
+    EXPECT_EQ(glyphs.GlyphOf(character) == 0, blank) << byte;
+    EXPECT_GE(glyphs.advances()[static_cast<std::size_t>(byte)], 1.0F) << byte;
+  }
+}
+
+}  // namespace
+}  // namespace korvanta
