@@ -1,0 +1,160 @@
+/// What the message view costs as it grows: a line in at the end and at a caret, memory, a frame.
+#include <QApplication>
+#include <QImage>
+#include <QPainter>
+#include <benchmark/benchmark.h>
+#include <malloc.h>
+#include <string>
+#include <vector>
+
+#include "lobby/message_view.h"
+#include "ui/message_canvas.h"
+
+namespace korvanta {
+namespace {
+
+/// 75 characters in two colours; 77 bytes with the line break.
+const std::string kLine =
+    "Marlow: keep your defense up, I go for Industry and then we both take Corin";
+
+constexpr std::int64_t kLinesInAll = 1'000'000;
+
+void Fill(MessageView& view, std::int64_t lines) {
+  for (std::int64_t line = 0; line < lines; ++line) {
+    view.AppendMessage(kLine, MessageKind::Chat);
+  }
+}
+
+/// The last tenth of a view that grows to range(0) lines.
+void AppendLine(benchmark::State& state) {
+  const std::int64_t lines = state.range(0);
+  for (auto _ : state) {
+    state.PauseTiming();
+    const Options options;
+    MessageView view(options);
+    Fill(view, lines - lines / 10);
+    state.ResumeTiming();
+    Fill(view, lines / 10);
+    state.PauseTiming();
+    view.Clear();
+    state.ResumeTiming();
+  }
+  state.counters["per_line"] = benchmark::Counter(
+      static_cast<double>(lines / 10),
+      benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+BENCHMARK(AppendLine)->RangeMultiplier(10)->Range(1'000, 10'000'000)->Unit(benchmark::kMillisecond);
+
+/// The yardstick of AppendLine: the same bytes copied into blocks of the same size, no more.
+void CopyLine(benchmark::State& state) {
+  const std::int64_t lines = state.range(0);
+  for (auto _ : state) {
+    state.PauseTiming();
+    std::vector<std::string> blocks;
+    const auto copy = [&blocks](std::int64_t count) {
+      for (std::int64_t line = 0; line < count; ++line) {
+        if (blocks.empty() || blocks.back().size() + kLine.size() + 2 > ColouredText::kChunkSize) {
+          blocks.emplace_back().reserve(ColouredText::kChunkSize);
+        }
+        blocks.back().append(kLine).append("\r\n");
+      }
+    };
+    copy(lines - lines / 10);
+    state.ResumeTiming();
+    copy(lines / 10);
+    state.PauseTiming();
+    blocks.clear();
+    state.ResumeTiming();
+  }
+  state.counters["per_line"] = benchmark::Counter(
+      static_cast<double>(lines / 10),
+      benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+BENCHMARK(CopyLine)->RangeMultiplier(10)->Range(1'000, 10'000'000)->Unit(benchmark::kMillisecond);
+
+/// 100,000 lines into 1,000,000: at the end, or with Scroll Lock at a caret in the middle.
+void InsertInto(benchmark::State& state, bool at_caret) {
+  constexpr std::int64_t kInserted = 100'000;
+  for (auto _ : state) {
+    state.PauseTiming();
+    Options options;
+    MessageView view(options);
+    Fill(view, kLinesInAll);
+    options.mnuScrollLock = at_caret;
+    view.MoveCaret(at_caret ? view.size() / 2 : view.size(), false);
+    state.ResumeTiming();
+    Fill(view, kInserted);
+    benchmark::DoNotOptimize(
+        view.text().At(view.size() - 1));  // the offsets are brought up to date
+    state.PauseTiming();
+    view.Clear();
+    state.ResumeTiming();
+  }
+  state.counters["per_line"] = benchmark::Counter(
+      static_cast<double>(kInserted),
+      benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+BENCHMARK_CAPTURE(InsertInto, end, false)->Unit(benchmark::kMillisecond)->Iterations(20);
+BENCHMARK_CAPTURE(InsertInto, caret, true)->Unit(benchmark::kMillisecond)->Iterations(20);
+
+std::size_t AllocatedBytes() {
+  const struct mallinfo2 info = mallinfo2();
+  return info.uordblks + info.hblkhd;
+}
+
+/// Allocated bytes a line beyond the bytes of the text itself.
+void Memory(benchmark::State& state) {
+  double overhead = 0;
+  for (auto _ : state) {
+    const std::size_t before = AllocatedBytes();
+    const Options options;
+    MessageView view(options);
+    Fill(view, state.range(0));
+    overhead = (static_cast<double>(AllocatedBytes() - before) - static_cast<double>(view.size())) /
+               static_cast<double>(state.range(0));
+  }
+  state.counters["bytes_a_line_over_text"] = overhead;
+}
+BENCHMARK(Memory)->Arg(kLinesInAll)->Arg(10'000'000)->Iterations(1)->Unit(benchmark::kMillisecond);
+
+enum class Place { End, Middle };
+
+/// One frame of 740 x 216 pixels as the widget makes it, the search for the end included.
+void Frame(benchmark::State& state, Place place) {
+  Options options;
+  MessageView view(options);
+  Fill(view, state.range(0));
+  options.mnuScrollLock = place == Place::Middle;
+  MessageCanvas canvas(view, QApplication::font());
+  QImage image(740, 216, QImage::Format_RGB32);
+  canvas.SetSize(image.size());
+  const std::size_t middle = LineStart(view.text(), view.size() / 2);
+  view.MoveCaret(middle, false);
+  for (auto _ : state) {
+    view.AppendMessage(kLine, MessageKind::Chat);  // what came in since the frame before
+    const std::size_t end = canvas.LastTop();
+    QPainter painter(&image);
+    painter.fillRect(image.rect(), Qt::white);
+    canvas.Paint(painter, place == Place::End ? end : middle, false);
+  }
+}
+BENCHMARK_CAPTURE(Frame, end, Place::End)
+    ->Arg(1'000)
+    ->Arg(kLinesInAll)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Frame, middle, Place::Middle)
+    ->Arg(1'000)
+    ->Arg(kLinesInAll)
+    ->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+}  // namespace korvanta
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QApplication application(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  benchmark::Shutdown();
+  return 0;
+}
