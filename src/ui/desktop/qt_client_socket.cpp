@@ -103,17 +103,6 @@ void QtClientSocket::Ended() {
   next_.start();
 }
 
-void QtClientSocket::Receive(BlockAssembler::Time now) {
-  const auto rest_due = attempt_.blocks.RestDue();
-  if (rest_due && now >= *rest_due && attempt_.socket->bytesAvailable() == 0) {
-    // The continuation may have arrived while the event loop was busy elsewhere.
-    attempt_.socket->waitForReadyRead(0);
-  }
-  if (!attempt_.is_over && !attempt_.blocks.HasBlock()) {
-    attempt_.blocks.Add(View(attempt_.socket->read(kReadLimit)), now);
-  }
-}
-
 void QtClientSocket::RaiseNext() {
   if (attempt_.socket == nullptr || !attempt_.is_established || is_raising_) {
     return;
@@ -124,8 +113,8 @@ void QtClientSocket::RaiseNext() {
     return;
   }
   const auto now = std::chrono::steady_clock::now();
-  if (!attempt_.is_over) {
-    Receive(now);
+  if (!attempt_.is_over && !attempt_.blocks.HasBlock()) {
+    attempt_.blocks.Add(View(attempt_.socket->read(kReadLimit)), now);
   }
   if (const std::string block = attempt_.blocks.Take(now, attempt_.is_over); !block.empty()) {
     Raise(on_data_arrival, std::string_view(block));

@@ -41,7 +41,6 @@ class QtClientSocket final : public ClientSocket {
 
   void Established();
   void Ended();
-  void Receive(BlockAssembler::Time now);
   void RaiseNext();
   template <typename... Arguments>
   void Raise(const std::function<void(Arguments...)>& event, Arguments... arguments);
