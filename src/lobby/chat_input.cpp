@@ -1,19 +1,12 @@
 #include "lobby/chat_input.h"
 
+#include "lobby/trim_spaces.h"
 #include "protocol/message_catalogue.h"
 
 namespace korvanta {
 namespace {
 
 constexpr std::string_view kChatCommand = "c ";
-
-std::string_view TrimSpaces(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) {
-    return {};
-  }
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
 
 /// Plain text becomes the chat command; a leading slash says that the text is a command already.
 std::string RewriteForAutoChat(std::string_view line) {

@@ -93,7 +93,7 @@ QTreeView:focus { border: 2px solid @gold; }
 QAbstractScrollArea#rbMessages { background: @paper; border: 1px solid @chromeBorder; border-radius: 4px;
               padding: 1px; }
 QAbstractScrollArea#rbMessages:focus { border: 2px solid @gold; padding: 0; }
-QTreeView::item { padding: 3px 4px; }
+QTreeView::item { padding: 3px 4px; border: none; }
 QTreeView::item:selected { background: @selection; color: @ink; }
 QHeaderView { background: @paperHeader; border: none; }
 QHeaderView::section { background: @paperHeader; color: @ink; border: none; padding: 5px 8px; }

@@ -1,0 +1,149 @@
+#include "board/tournament.h"
+
+#include <cstdint>
+
+#include "lobby/change_notice.h"
+#include "lobby/trim_spaces.h"
+#include "protocol/field_reading.h"
+#include "protocol/message_catalogue.h"
+#include "protocol/wire_format.h"
+
+namespace korvanta {
+namespace {
+
+/// Users with this id and above administer tournaments.
+constexpr std::int16_t kFirstAdminID = 90;
+
+}  // namespace
+
+Tournament::Tournament(Connection& connection, const ConnectionValues& values,
+                       MessageBox& message_box)
+    : connection_(connection),
+      values_(values),
+      message_box_(message_box),
+      window_([this] { Load(); }) {}
+
+void Tournament::Load() {
+  state_ = {};
+  state_.has_admin_tab = values_.UserID >= kFirstAdminID;
+  SendIfConnected(outbound::RequestTournamentInfo());
+}
+
+void Tournament::TabChosen(TournamentTab tab) {
+  if (tab == TournamentTab::Admin && !state_.has_admin_tab) {
+    return;
+  }
+  const ChangeNotice notice(state_, on_changed);
+  state_.chosen_tab = tab;
+  if (tab == TournamentTab::Info) {
+    SendIfConnected(outbound::RequestTournamentInfo());
+  } else if (tab == TournamentTab::Teams) {
+    SendIfConnected(outbound::RequestTeamList());
+  }
+}
+
+void Tournament::TeamSelected(std::optional<std::size_t> index) {
+  state_.selected_team = index && *index < state_.lstTeams.size() ? index : std::nullopt;
+}
+
+void Tournament::CreateJoinClicked() {
+  if (TrimSpaces(state_.texts.cmbTeam).empty()) {
+    Tell("Please Enter a Team Name or Choose one!");
+    return;
+  }
+  if (TrimSpaces(state_.texts.txtPassword).empty()) {
+    Tell("Please Enter a Team Password!");
+    return;
+  }
+  if (!connection_.IsSocketConnected()) {
+    return;
+  }
+  const ChangeNotice notice(state_, on_changed);
+  connection_.Send(outbound::JoinTeam(state_.texts.cmbTeam, state_.texts.txtPassword));
+  state_.texts.txtPassword.clear();
+}
+
+void Tournament::KickPlayerClicked() {
+  // A list may arrive while the user is asked; whom the question was about does not change.
+  const std::string player(TrimSpaces(SelectedTeamText()));
+  if (player.empty()) {
+    Tell("You must choose a player to kick!");
+    return;
+  }
+  if (message_box_.Ask("Are you sure you wish to kick this player?", kApplicationTitle)) {
+    SendIfConnected(outbound::KickPlayer(player));
+  }
+}
+
+void Tournament::DisbandTeamClicked() {
+  if (SelectedTeamText().empty()) {
+    return;
+  }
+  if (message_box_.Ask("Are you sure you wish to disband your team?", kApplicationTitle)) {
+    SendIfConnected(outbound::DisbandTeam());
+  }
+}
+
+void Tournament::StartTournamentClicked() {
+  const TournamentTexts& texts = state_.texts;
+  SendIfConnected(outbound::StartTournament(texts.EntryFee, texts.MaxTeams, texts.MaxPlayers));
+}
+
+void Tournament::SetTournamentGameClicked() { SendIfConnected(outbound::SetTournamentGame()); }
+
+void Tournament::EndTournamentClicked() { SendIfConnected(outbound::EndTournament()); }
+
+void Tournament::ShowTournamentInfo(std::string_view payload) {
+  window_.Create();
+  const ChangeNotice notice(state_, on_changed);
+  TournamentTexts& texts = state_.texts;
+  texts.iEntryFee.clear();
+  texts.iMaxTeams.clear();
+  texts.iMaxPlayers.clear();
+  texts.iEntryFee = Field(payload, 0);
+  texts.txtPurse = Field(payload, 1);
+  texts.iMaxTeams = Field(payload, 2);
+  texts.iMaxPlayers = Field(payload, 3);
+}
+
+void Tournament::ShowTeamList(std::string_view payload) {
+  window_.Create();
+  const ChangeNotice notice(state_, on_changed);
+  state_.lstTeams.clear();
+  state_.selected_team.reset();
+  std::size_t position = 0;
+  for (std::string_view record : Split(payload, kRecordSeparator)) {
+    if (!record.empty()) {
+      state_.lstTeams.push_back({"S" + std::to_string(position), std::string(record)});
+    }
+    ++position;
+  }
+}
+
+void Tournament::ShowTeamNames(std::string_view payload) {
+  window_.Create();
+  const ChangeNotice notice(state_, on_changed);
+  state_.team_names.clear();
+  for (std::string_view name : Split(payload, kFieldSeparator)) {
+    if (!name.empty()) {
+      state_.team_names.emplace_back(name);
+    }
+  }
+}
+
+void Tournament::SendIfConnected(std::string_view message) {
+  if (connection_.IsSocketConnected()) {
+    connection_.Send(message);
+  }
+}
+
+void Tournament::Tell(std::string_view text) {
+  message_box_.Show(text, kApplicationTitle, MessageIcon::None);
+}
+
+std::string_view Tournament::SelectedTeamText() const {
+  return state_.selected_team ? std::string_view(state_.lstTeams[*state_.selected_team].text)
+                              : std::string_view();
+}
+
+}  // namespace korvanta

@@ -1,0 +1,113 @@
+/// The tournament window: the tournament's figures, the teams, and the requests of players and
+/// administrators. The server keeps the tournament; this only asks and shows.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "lobby/window_life.h"
+#include "platform/message_box.h"
+#include "protocol/connection.h"
+#include "protocol/connection_values.h"
+
+namespace korvanta {
+
+/// The boxes of the window, every one of them editable.
+struct TournamentTexts {
+  std::string iEntryFee;
+  std::string txtPurse;
+  std::string iMaxTeams;    ///< shows the current number of teams
+  std::string iMaxPlayers;  ///< shows the current number of players
+  std::string cmbTeam;
+  std::string txtPassword;
+  std::string EntryFee;
+  std::string MaxTeams;
+  std::string MaxPlayers;
+
+  bool operator==(const TournamentTexts&) const = default;
+};
+
+/// One entry of lstTeams.
+struct TeamListEntry {
+  std::string key;  ///< "S" and the position of its record, counted from 0
+  std::string text;
+
+  bool operator==(const TeamListEntry&) const = default;
+};
+
+enum class TournamentTab { Info, Teams, Admin };
+
+/// What the window shows.
+struct TournamentState {
+  TournamentTexts texts;
+  std::vector<std::string> team_names;  ///< the drop-down list of cmbTeam
+  std::vector<TeamListEntry> lstTeams;
+  std::optional<std::size_t> selected_team;  ///< an index into lstTeams
+  TournamentTab chosen_tab = TournamentTab::Info;
+  bool has_admin_tab = false;  ///< settled when the window is created
+
+  bool operator==(const TournamentState&) const = default;
+};
+
+/// Every request is dropped silently while the socket is not connected.
+class Tournament {
+ public:
+  /// Loading the window settles whether there is an Admin tab, then asks for the figures.
+  Tournament(Connection& connection, const ConnectionValues& values, MessageBox& message_box);
+
+  WindowLife& window() { return window_; }
+  const TournamentState& state() const { return state_; }
+
+  void ShowTournamentWindow() { window_.Show(); }
+
+  /// The user changed a box; nobody is told, the box shows it already.
+  void Typed(std::string TournamentTexts::*box, std::string_view text) { state_.texts.*box = text; }
+
+  /// The user chose a tab, be it the chosen one again. The Info tab asks for the figures anew, the
+  /// Teams tab for the list of teams. A tab that is not there is ignored.
+  void TabChosen(TournamentTab tab);
+
+  /// The user selected an entry of lstTeams or none; nobody is told.
+  void TeamSelected(std::optional<std::size_t> index);
+
+  void CreateJoinClicked();         // Command4
+  void KickPlayerClicked();         // KickPlayer
+  void DisbandTeamClicked();        // btnDisband
+  void StartTournamentClicked();    // Command1
+  void SetTournamentGameClicked();  // Command2
+  void EndTournamentClicked();      // Command3
+
+  /// The server's "[tif]", "[ttm]" and "[tdd]". Each creates the window unseen when it is absent
+  /// and leaves the tab in view as it is.
+
+  /// Raises MessageError for a missing field, after showing those in front of it.
+  void ShowTournamentInfo(std::string_view payload);
+
+  /// Rebuilds the list of teams; the selection goes with the entries.
+  void ShowTeamList(std::string_view payload);
+
+  /// Rebuilds the names to choose from; the name typed stays.
+  void ShowTeamNames(std::string_view payload);
+
+  std::function<void()> on_changed;
+
+ private:
+  void Load();
+  void SendIfConnected(std::string_view message);
+  void Tell(std::string_view text);
+
+  /// Empty when none is selected.
+  std::string_view SelectedTeamText() const;
+
+  Connection& connection_;
+  const ConnectionValues& values_;
+  MessageBox& message_box_;
+  TournamentState state_;
+  WindowLife window_;
+};
+
+}  // namespace korvanta

@@ -1,0 +1,96 @@
+#include "lobby/statistics.h"
+
+#include <algorithm>
+
+#include "lobby/change_notice.h"
+#include "lobby/trim_spaces.h"
+#include "protocol/field_reading.h"
+#include "protocol/message_catalogue.h"
+#include "protocol/wire_format.h"
+
+namespace korvanta {
+namespace {
+
+/// Award code n is entry n - 1.
+constexpr std::array<std::string_view, 24> kAwards = {
+    "Gold Award - 1,000,000 Total Score",
+    "Silver Award - 500,000 Total Score",
+    "Purple Award - 250,000 Total Score",
+    "Green Award - 100,000 Total Score",
+    "Blue Award - 50,000 Total Score",
+    "Red Award - 10,000 Total Score",
+    "Overlord Ace Award - 1,000 Wins",
+    "Master Ace Award - 500 Wins",
+    "Pro Ace Award - 100 Wins",
+    "Ace Award - 10 Wins",
+    "Winner Award - 1 Win",
+    "Devastation Award - 5,000 Research Destroyed",
+    "Carnage Award - 1,000 Research Destroyed",
+    "Massacre Award - 250 Research Destroyed",
+    "Ruin Award - 100 Research Destroyed",
+    "Wreckage Award - 50 Research Destroyed",
+    "Fortification Award - 1,000 Blocks",
+    "Restraint Award - 500 Blocks",
+    "Blockade Award - 100 Blocks",
+    "Barrier Award - 25 Blocks",
+    "Orange Award - 1,000 Total Score",
+    "Light Blue Award - 25,000 Total Score",
+    "Obstacle Award - 50 Blocks",
+    "No awards for this user!",
+};
+
+constexpr std::size_t kNameField = 0;
+constexpr std::size_t kAwardCodesField = 12;
+
+std::string Quoted(std::string_view words, std::string_view name) {
+  return std::string(words) + " '" + std::string(name) + "'";
+}
+
+}  // namespace
+
+Statistics::Statistics(Connection& connection, const ConnectionValues& values)
+    : connection_(connection), values_(values), window_([this] { Load(); }) {}
+
+void Statistics::Load() {
+  state_ = {};
+  if (connection_.IsConnected()) {
+    connection_.Send(outbound::LookUpStatistics(values_.CurrentUserName));
+  }
+}
+
+void Statistics::SearchClicked() {
+  if (connection_.IsConnected() && !TrimSpaces(state_.UserInput).empty()) {
+    connection_.Send(outbound::LookUpStatistics(state_.UserInput));
+  }
+}
+
+void Statistics::ShowUserStatistics(std::string_view payload) {
+  window_.Create();
+  const ChangeNotice notice(state_, on_changed);
+  const std::string_view name = Field(payload, kNameField);
+  state_.frmUserData = Quoted("Statistics for", name);
+  state_.frmAward = Quoted("Awards for", name);
+  for (std::size_t field = 1; field <= kStatisticsFields.size(); ++field) {
+    const auto row = std::ranges::find(kStatisticsFields, field, &StatisticsField::reply_field);
+    state_.fields[static_cast<std::size_t>(row - kStatisticsFields.begin())] =
+        Field(payload, field);
+  }
+  const std::string_view codes = Field(payload, kAwardCodesField);
+  state_.lstAwards.clear();
+  for (std::string_view code : Split(codes, kRecordSeparator)) {
+    if (ReadLeadingNumber(code) > 0) {
+      modData::AddAward(*this, code);
+    }
+  }
+}
+
+void modData::AddAward(Statistics& statistics, std::string_view code) {
+  const double number = ReadNumber(code);
+  for (std::size_t i = 0; i < kAwards.size(); ++i) {
+    if (number == static_cast<double>(i + 1)) {
+      statistics.state_.lstAwards.push_back(kAwards[i]);
+    }
+  }
+}
+
+}  // namespace korvanta

@@ -1,0 +1,198 @@
+#include "ui/frmMain.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "ui/board_widget.h"
+#include "ui/chat_box.h"
+#include "ui/frmLogin.h"
+#include "ui/frmNews.h"
+#include "ui/frmStats.h"
+#include "ui/frmTournament.h"
+#include "ui/message_view_widget.h"
+#include "ui/online_list_view.h"
+#include "ui/text.h"
+#include "ui/theme.h"
+#include "ui/window_binding.h"
+
+namespace korvanta {
+namespace {
+
+/// Logical pixels of everything below the menu bar.
+constexpr QSize kContentSize{1120, 660};
+constexpr int kOnlineListWidth = 316;
+constexpr int kSendWidth = 112;
+
+}  // namespace
+
+frmMain::frmMain(Client& client) : client_(client) {
+  setObjectName(QStringLiteral("frmMain"));
+  MakeMenuBar();
+  mPopMenu = MakeMenu(PopMenu());
+  mnuWarMenu = MakeMenu(WarMenu());
+
+  // The content keeps its size and place whatever becomes of the window's.
+  auto* ground = new QWidget(this);
+  QWidget* content = MakeContent();
+  content->setParent(ground);
+  content->move(0, 0);
+  setCentralWidget(ground);
+  resize(kContentSize.width(), kContentSize.height() + menuBar()->sizeHint().height());
+
+  BindClient();
+  cboSend->setFocus();
+}
+
+QWidget* frmMain::MakeContent() {
+  auto* content = new QWidget;
+  content->setFixedSize(kContentSize);
+  board = new BoardWidget(client_.research_board, content);
+  rbMessages = new MessageViewWidget(client_.message_view, content);
+  cboSend = new ChatBox(client_.chat_input, content);
+  btnSend = new QPushButton(QStringLiteral("Transmit"), content);
+  btnSend->setObjectName(QStringLiteral("btnSend"));
+  btnSend->setAccessibleName(btnSend->text());
+  btnSend->setDefault(true);
+  lstOnline = new OnlineListView(client_.online_list, content);
+
+  cboSend->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  btnSend->setFixedWidth(kSendWidth);
+  lstOnline->setFixedWidth(kOnlineListWidth);
+  auto* lobby = new QGridLayout;
+  lobby->setContentsMargins(2 * theme::kUnit, 2 * theme::kUnit, 2 * theme::kUnit,
+                            2 * theme::kUnit);
+  lobby->setHorizontalSpacing(theme::kUnit);
+  lobby->setVerticalSpacing(theme::kUnit + theme::kUnit / 2);
+  lobby->addWidget(rbMessages, 0, 0, 1, 2);
+  lobby->addWidget(cboSend, 1, 0);
+  lobby->addWidget(btnSend, 1, 1);
+  lobby->setColumnMinimumWidth(2, 0);
+  lobby->addWidget(lstOnline, 0, 3, 2, 1);
+  lobby->setColumnStretch(0, 1);
+  lobby->setRowStretch(0, 1);
+
+  auto* column = new QVBoxLayout(content);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(board);
+  column->addLayout(lobby, 1);
+
+  setTabOrder(board, rbMessages);
+  setTabOrder(rbMessages, cboSend);
+  setTabOrder(cboSend, btnSend);
+  setTabOrder(btnSend, lstOnline);
+  return content;
+}
+
+void frmMain::MakeMenuBar() {
+  for (const Menu& menu : MenuBar()) {
+    menuBar()->addMenu(MakeMenu(menu));
+  }
+  RefreshMenus();
+}
+
+QMenu* frmMain::MakeMenu(const Menu& menu) {
+  auto* result = new QMenu(ToQString(menu.caption), this);
+  result->setObjectName(ToQString(menu.name));
+  for (const MenuItem& item : menu.items) {
+    if (item.IsSeparator()) {
+      result->addSeparator()->setObjectName(ToQString(item.name));
+      continue;
+    }
+    QAction* action = result->addAction(ToQString(item.caption));
+    action->setObjectName(ToQString(item.name));
+    action->setShortcut(QKeySequence(ToQString(item.shortcut), QKeySequence::PortableText));
+    action->setCheckable(item.option != nullptr);
+    connect(action, &QAction::triggered, this,
+            [this, &item] { client_.main_window.menus.Click(item); });
+    actions_.push_back({&item, action});
+  }
+  return result;
+}
+
+void frmMain::BindClient() {
+  MainWindow& window = client_.main_window;
+  setWindowTitle(ToQString(window.title()));
+  window.on_title_changed = [this] { setWindowTitle(ToQString(client_.main_window.title())); };
+  window.on_show = [this] {
+    RefreshMenus();
+    show();
+  };
+  window.on_close = [this] { close(); };
+  window.menus.on_changed = [this] {
+    RefreshMenus();
+    rbMessages->viewport()->update();
+  };
+  client_.chat_input.on_changed = [this] { RefreshChatInput(); };
+  connect(btnSend, &QPushButton::clicked, this, [this] { client_.chat_input.SendChatLine(); });
+  connect(cboSend->lineEdit(), &QLineEdit::returnPressed, btnSend, &QPushButton::click);
+  cboSend->lineEdit()->installEventFilter(this);
+  board->on_box_menu = [this](std::int16_t topic, std::int16_t level, QPoint global_pos) {
+    ShowBoxMenu(topic, level, global_pos);
+  };
+  lstOnline->on_menu = [this](QPoint global_pos) { ShowPlayerMenu(global_pos); };
+
+  BindWindow<frmLogin>(client_.login_dialog, this);
+  BindWindow<frmStats>(client_.statistics, this);
+  BindWindow<frmNews>(client_.news, this);
+  BindWindow<frmTournament>(client_.tournament, this);
+}
+
+void frmMain::RefreshMenus() {
+  const Menus& menus = client_.main_window.menus;
+  for (const auto& [item, action] : actions_) {
+    action->setText(ToQString(menus.Caption(*item)));
+    action->setChecked(menus.IsChecked(*item));
+  }
+}
+
+void frmMain::RefreshChatInput() {
+  cboSend->Refresh();
+  btnSend->setEnabled(client_.chat_input.IsSendEnabled());
+}
+
+void frmMain::ShowBoxMenu(std::int16_t topic, std::int16_t level, QPoint global_pos) {
+  client_.board_actions.BoxRightClicked(topic, level);
+  mPopMenu->popup(global_pos);
+}
+
+void frmMain::ShowPlayerMenu(QPoint global_pos) {
+  if (client_.board_actions.PlayerRightClicked()) {
+    mnuWarMenu->popup(global_pos);
+  }
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+  client_.CloseMainWindow();
+  event->accept();
+  QApplication::quit();
+}
+
+/// A menu's shortcut goes before the editing keys of the chat line, some of which are the same.
+bool frmMain::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride &&
+      IsMenuShortcut(*static_cast<QKeyEvent*>(event))) {
+    event->ignore();
+    return true;
+  }
+  return QMainWindow::eventFilter(watched, event);
+}
+
+bool frmMain::IsMenuShortcut(const QKeyEvent& event) const {
+  const QKeySequence pressed(event.keyCombination());
+  for (const auto& [item, action] : actions_) {
+    if (action->shortcut() == pressed) {
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace korvanta

@@ -1,0 +1,75 @@
+#include "ui/frmNews.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "ui/text.h"
+#include "ui/theme.h"
+
+namespace korvanta {
+namespace {
+
+constexpr qsizetype kLongWord = 500;
+
+bool HasLongWord(const QString& text) {
+  qsizetype length = 0;
+  return std::any_of(text.begin(), text.end(), [&length](QChar c) {
+    length = c.isSpace() ? 0 : length + 1;
+    return length > kLongWord;
+  });
+}
+
+}  // namespace
+
+frmNews::frmNews(News& news, QWidget* owner)
+    : SideWindow(news.window(), owner),
+      news_(news),
+      frmBorder(new QFrame),
+      rbNews(new QPlainTextEdit),
+      btnClose(new QPushButton(QStringLiteral("&Close"))) {
+  setObjectName(QStringLiteral("frmNews"));
+  setWindowTitle(QStringLiteral("News"));
+  resize(75 * theme::kUnit, 60 * theme::kUnit);
+
+  NameControl(*frmBorder, QStringLiteral("frmBorder"), QStringLiteral("News"));
+  NameControl(*rbNews, QStringLiteral("rbNews"), QStringLiteral("News"));
+  rbNews->setReadOnly(true);
+  rbNews->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  rbNews->setUndoRedoEnabled(false);
+  rbNews->setTabChangesFocus(true);
+  NameControl(*btnClose, QStringLiteral("btnClose"), QStringLiteral("Close"));
+  btnClose->setDefault(true);
+
+  auto* border = new QVBoxLayout(frmBorder);
+  border->setContentsMargins(0, 0, 0, 0);
+  border->addWidget(rbNews);
+
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  buttons->addWidget(btnClose);
+
+  auto* all = new QVBoxLayout(this);
+  all->setContentsMargins(2 * theme::kUnit, 2 * theme::kUnit, 2 * theme::kUnit, 2 * theme::kUnit);
+  all->setSpacing(2 * theme::kUnit);
+  all->addWidget(frmBorder, 1);
+  all->addLayout(buttons);
+
+  connect(btnClose, &QPushButton::clicked, this, [this] { news_.window().Unload(); });
+  news_.on_changed = [this] { Refresh(); };
+  Refresh();
+  rbNews->setFocus();
+}
+
+frmNews::~frmNews() { news_.on_changed = nullptr; }
+
+void frmNews::Refresh() {
+  const QString text = ToQString(news_.rbNews());
+  // Breaking a word between its letters takes the square of its length, unless any place will do.
+  rbNews->clear();
+  rbNews->setWordWrapMode(HasLongWord(text) ? QTextOption::WrapAnywhere
+                                            : QTextOption::WrapAtWordBoundaryOrAnywhere);
+  rbNews->setPlainText(text);
+}
+
+}  // namespace korvanta

@@ -1,0 +1,121 @@
+#include "ui/frmStats.h"
+
+#include <gmock/gmock.h>
+
+#include "protocol/message_catalogue.h"
+#include "tests/fakes/logged_in_player.h"
+#include "tests/ui/side_windows.h"
+#include "ui/text.h"
+
+namespace korvanta {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class FrmStatsTest : public testing::Test {
+ protected:
+  static std::string Reply(const std::string& name, const std::string& text,
+                           const std::string& codes) {
+    std::string reply = name;
+    for (int field = 1; field <= 11; ++field) {
+      reply += '\001';
+      reply += text;
+    }
+    return reply + "\001" + codes;
+  }
+
+  fakes::LoggedInPlayer player;
+  Statistics statistics{player.connection, player.values};
+  Desk<frmStats, Statistics> desk{statistics};
+};
+
+TEST_F(FrmStatsTest, OpensWithWhatIsThereAndTheNameToType) {
+  statistics.ShowUserStatistics(Reply("Ann", "7", "11\00224"));
+  desk.Open();
+  EXPECT_EQ(desk.frame->windowTitle(), QStringLiteral("Search Online User"));
+  EXPECT_EQ(desk.Get<QGroupBox>("frmUserData").title(), QStringLiteral("Statistics for 'Ann'"));
+  EXPECT_EQ(desk.Get<QGroupBox>("frmAward").title(), QStringLiteral("Awards for 'Ann'"));
+  EXPECT_TRUE(desk.Get<QLineEdit>("UserInput").hasFocus());
+  EXPECT_EQ(desk.Get<QTreeView>("lstAwards").model()->rowCount(), 2);
+  int y = 0;
+  for (const StatisticsField& field : kStatisticsFields) {
+    const auto& box = desk.Get<QLineEdit>(std::string(field.control).c_str());
+    EXPECT_EQ(box.text(), QStringLiteral("7"));
+    EXPECT_EQ(box.accessibleName(), ToQString(field.label));
+    EXPECT_TRUE(box.isReadOnly());
+    EXPECT_GT(box.y(), y) << field.control;
+    y = box.y();
+  }
+  for (const QLabel* label : desk.frame->findChildren<QLabel*>()) {
+    EXPECT_EQ(label->text().remove(QLatin1Char('&')), label->buddy()->accessibleName());
+  }
+}
+
+TEST_F(FrmStatsTest, EnterAndTheButtonSearchForWhatIsTyped) {
+  desk.Open();
+  player.TakeSent();
+  auto& input = desk.Get<QLineEdit>("UserInput");
+  QTest::keyClicks(&input, QStringLiteral(" Ann"));
+  QTest::keyClick(&input, Qt::Key_Return);
+  QTest::mouseClick(&desk.Get<QPushButton>("btnLoad"), Qt::LeftButton);
+  const std::string request = outbound::LookUpStatistics(" Ann");
+  EXPECT_THAT(player.TakeSent(), ElementsAre(request, request));
+}
+
+TEST_F(FrmStatsTest, AReplyLeavesCaretAndFocusWhereTheyAre) {
+  desk.Open();
+  auto& input = desk.Get<QLineEdit>("UserInput");
+  QTest::keyClicks(&input, QStringLiteral("Ann"));
+  input.setSelection(0, 2);
+  statistics.ShowUserStatistics(Reply("Bob", "8", "1"));
+  EXPECT_EQ(input.selectedText(), QStringLiteral("An"));
+  EXPECT_TRUE(input.hasFocus());
+}
+
+TEST_F(FrmStatsTest, LongTextsAreWholeAndDoNotGrowTheWindow) {
+  desk.Open();
+  const QSize size = desk.frame->size();
+  const std::string name(5000, 'W');
+  const std::string text = std::string(40000, '9') + " & <b>x</b>\r\n";
+  std::string codes = "1";
+  for (int i = 1; i < 40; ++i) {
+    codes += "\0021";
+  }
+  statistics.ShowUserStatistics(Reply(name, text, codes));
+  QTest::qWait(0);
+  EXPECT_EQ(desk.frame->size(), size);
+  EXPECT_LE(desk.frame->minimumSizeHint().width(), size.width());
+  EXPECT_EQ(desk.Get<QLineEdit>("rbScore").text(), ToQString(text));
+  EXPECT_EQ(desk.Get<QLineEdit>("rbScore").cursorPosition(), 0);
+  auto& caption = desk.Get<QGroupBox>("frmUserData");
+  EXPECT_LT(caption.fontMetrics().horizontalAdvance(caption.title()), caption.width());
+  EXPECT_EQ(caption.accessibleName(), ToQString("Statistics for '" + name + "'"));
+}
+
+TEST_F(FrmStatsTest, CaptionsShowMarkupAndAmpersandsAsTheyAre) {
+  desk.Open();
+  statistics.ShowUserStatistics(Reply("A&B<i>", "", ""));
+  auto& caption = desk.Get<QGroupBox>("frmUserData");
+  EXPECT_EQ(caption.title(), QStringLiteral("Statistics for 'A&&B<i>'"));
+  EXPECT_TRUE(caption.toolTip().isEmpty());
+  statistics.ShowUserStatistics(Reply("<b>" + std::string(300, 'W'), "", ""));
+  EXPECT_TRUE(caption.toolTip().contains(QStringLiteral("Statistics for '&lt;b&gt;W")));
+}
+
+TEST_F(FrmStatsTest, EveryControlIsNamedAndNoAccessKeyDoubled) {
+  desk.Open();
+  EXPECT_EQ(NamelessControls(*desk.frame), "");
+  QStringList keys = AccessKeys(*desk.frame);
+  EXPECT_EQ(keys.size(), 12);
+  EXPECT_EQ(keys.removeDuplicates(), 0);
+}
+
+TEST_F(FrmStatsTest, ClosesByEscAndByItsFrame) {
+  ExpectClosesByEscAndByItsFrame(desk);
+  statistics.ShowUserStatistics(Reply("Ann", "7", "1"));
+  EXPECT_FALSE(desk.frame);
+}
+
+}  // namespace
+}  // namespace korvanta
