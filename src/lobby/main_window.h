@@ -23,18 +23,27 @@ class MainWindow : public ConnectionDisplay {
       return;
     }
     title_ = title;
-    if (on_title_changed) {
-      on_title_changed();
-    }
+    Tell(on_title_changed);
   }
+
+  /// Start-up is done: the window comes on the screen.
+  void Show() const { Tell(on_show); }
+  /// "Exit": the window closes as by its close button.
+  void Close() const { Tell(on_close); }
 
   Menus menus;
 
   std::function<void()> on_title_changed;
-  std::function<void()> on_show;   ///< start-up is done: come on the screen
-  std::function<void()> on_close;  ///< "Exit" was chosen: close as by the close button
+  std::function<void()> on_show;
+  std::function<void()> on_close;
 
  private:
+  static void Tell(const std::function<void()>& listener) {
+    if (listener) {
+      listener();
+    }
+  }
+
   std::string title_;
 };
 

@@ -80,7 +80,8 @@ void Menus::Click(const MenuItem& item) {
   if (item.option != nullptr) {
     options_.*item.option = !(options_.*item.option);
     Changed();
-  } else if (const auto action = actions_.find(item.name); action != actions_.end()) {
+  }
+  if (const auto action = actions_.find(item.name); action != actions_.end()) {
     action->second();
   }
 }

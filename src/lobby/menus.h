@@ -40,10 +40,11 @@ class Menus {
  public:
   explicit Menus(Options& options) : options_(options) {}
 
-  /// What a click on an action item does; set once for each by the client.
+  /// What a click on the item does, for an option after its check mark was toggled; set by the
+  /// client.
   void SetAction(std::string_view item, std::function<void()> action);
 
-  /// A click on the item: toggles the check mark of an option, runs the action of any other.
+  /// A click on the item: toggles the check mark of an option, then runs the action if it has one.
   void Click(const MenuItem& item);
 
   bool IsChecked(const MenuItem& item) const {

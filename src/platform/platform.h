@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/client_socket.h"
+#include "platform/instance_guard.h"
 #include "platform/message_box.h"
 #include "platform/settings_store.h"
 #include "platform/sound_player.h"
@@ -18,6 +19,7 @@ struct Platform {
   SoundPlayer& sounds;
   WebOpener& web;
   MessageBox& message_box;
+  InstanceGuard& instance;
 };
 
 }  // namespace korvanta

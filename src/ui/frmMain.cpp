@@ -66,8 +66,7 @@ QWidget* frmMain::MakeContent() {
   btnSend->setFixedWidth(kSendWidth);
   lstOnline->setFixedWidth(kOnlineListWidth);
   auto* lobby = new QGridLayout;
-  lobby->setContentsMargins(2 * theme::kUnit, 2 * theme::kUnit, 2 * theme::kUnit,
-                            2 * theme::kUnit);
+  lobby->setContentsMargins(2 * theme::kUnit, 2 * theme::kUnit, 2 * theme::kUnit, 2 * theme::kUnit);
   lobby->setHorizontalSpacing(theme::kUnit);
   lobby->setVerticalSpacing(theme::kUnit + theme::kUnit / 2);
   lobby->addWidget(rbMessages, 0, 0, 1, 2);

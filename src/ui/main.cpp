@@ -1,13 +1,93 @@
+/// The program: makes the desktop's half of everything, one client on it, and its windows.
 #include <QApplication>
-#include <QWidget>
+#include <QDir>
+#include <QFileInfo>
+#include <QIcon>
+#include <QTimer>
+#include <functional>
+#include <memory>
+#include <utility>
 
+#include "client/client.h"
+#include "ui/desktop/deployment_file.h"
+#include "ui/desktop/desktop_web_opener.h"
+#include "ui/desktop/ini_settings_store.h"
+#include "ui/desktop/instance_lock.h"
+#include "ui/desktop/qt_client_socket.h"
+#include "ui/desktop/qt_message_box.h"
+#include "ui/desktop/qt_sound_player.h"
+#include "ui/desktop/qt_timers.h"
+#include "ui/frmMain.h"
+#include "ui/frmSplash.h"
+#include "ui/text.h"
 #include "ui/theme.h"
+
+namespace {
+
+using namespace korvanta;
+
+/// Runs something once, right after a widget was painted for the first time.
+class AfterFirstPaint : public QObject {
+ public:
+  AfterFirstPaint(QWidget& widget, std::function<void()> run)
+      : QObject(&widget), run_(std::move(run)) {
+    widget.installEventFilter(this);
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Paint) {
+      watched->removeEventFilter(this);
+      QTimer::singleShot(0, this, run_);
+    }
+    return false;
+  }
+
+ private:
+  std::function<void()> run_;
+};
+
+int RunClient(const QString& folder, const QString& program_name,
+              const DeploymentValues& deployment, QtMessageBox& message_box) {
+  QtClientSocket socket;
+  QtTimerFactory timers;
+  IniSettingsStore settings(IniSettingsStore::FileFor(program_name));
+  QtSoundPlayer sounds(folder);
+  DesktopWebOpener web;
+  InstanceLock instance(program_name);
+  Client client({socket, timers, settings, sounds, web, message_box, instance}, deployment);
+
+  std::unique_ptr<frmSplash> splash;
+  std::unique_ptr<frmMain> main_window;
+  client.splash.window().on_show = [&] {
+    splash = std::make_unique<frmSplash>(client.splash);
+    new AfterFirstPaint(*splash, [&] { main_window = std::make_unique<frmMain>(client); });
+    splash->show();
+  };
+  client.splash.window().on_unload = [&] { splash->hide(); };
+  if (!client.StartUp()) {
+    return 0;
+  }
+  return QApplication::exec();
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
-  korvanta::theme::Apply(application);
-  QWidget window;
-  window.setWindowTitle(QStringLiteral("Korvanta"));
-  window.show();
-  return QApplication::exec();
+  QApplication::setApplicationName(ToQString(kApplicationTitle));
+  QApplication::setApplicationVersion(ToQString(kVersionText));
+  QApplication::setWindowIcon(QIcon(QStringLiteral(":/pictures/korvanta.svg")));
+  QApplication::setQuitOnLastWindowClosed(false);
+  theme::Apply(application);
+
+  const QString folder = QApplication::applicationDirPath();
+  const QFileInfo program(QApplication::applicationFilePath());
+  QtMessageBox message_box;
+  const DeploymentReading deployment =
+      ReadDeploymentFile(QDir(folder).filePath(QStringLiteral("deployment.ini")));
+  if (!deployment.error.empty()) {
+    message_box.Show(deployment.error, kApplicationTitle, MessageIcon::Critical);
+    return 1;
+  }
+  return RunClient(folder, program.completeBaseName(), deployment.values, message_box);
 }

@@ -150,6 +150,13 @@ class FakeMessageBox : public MessageBox {
   std::vector<bool> answers;
 };
 
+class FakeInstance : public InstanceGuard {
+ public:
+  bool IsAnotherRunning() override { return another_runs; }
+
+  bool another_runs = false;
+};
+
 /// All of them, as the bundle that a client takes.
 struct FakePlatform {
   FakeSocket socket;
@@ -158,8 +165,9 @@ struct FakePlatform {
   RecordingSounds sounds;
   FakeWeb web;
   FakeMessageBox message_box;
+  FakeInstance instance;
 
-  Platform platform() { return {socket, timers, settings, sounds, web, message_box}; }
+  Platform platform() { return {socket, timers, settings, sounds, web, message_box, instance}; }
 };
 
 }  // namespace korvanta::fakes

@@ -1,8 +1,5 @@
 #include "ui/frmMain.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
@@ -11,6 +8,8 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTreeView>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 #include <string>
 
 #include "tests/fakes/fake_platform.h"
@@ -21,10 +20,10 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-std::string Message(const std::string &text) { return text + '\0'; }
+std::string Message(const std::string& text) { return text + '\0'; }
 
 class frmMainTest : public testing::Test {
-protected:
+ protected:
   frmMainTest() {
     EXPECT_TRUE(client.StartUp());
     client.splash.window().Unload();
@@ -32,20 +31,19 @@ protected:
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
   }
 
-  template <typename Control> Control &Get(const char *name) {
-    auto *control = window.findChild<Control *>(QString::fromLatin1(name));
+  template <typename Control>
+  Control& Get(const char* name) {
+    auto* control = window.findChild<Control*>(QString::fromLatin1(name));
     EXPECT_NE(control, nullptr) << name;
     return *control;
   }
-  QLineEdit &ChatLine() { return *Get<QComboBox>("cboSend").lineEdit(); }
+  QLineEdit& ChatLine() { return *Get<QComboBox>("cboSend").lineEdit(); }
   void LogIn() {
     platform.socket.Accept();
     Receive("[con]Ann\0011");
     platform.socket.TakeSent();
   }
-  void Receive(const std::string &message) {
-    platform.socket.Receive(Message(message));
-  }
+  void Receive(const std::string& message) { platform.socket.Receive(Message(message)); }
 
   fakes::FakePlatform platform;
   Client client{platform.platform(), DeploymentValues{}};
@@ -53,13 +51,11 @@ protected:
 };
 
 TEST_F(frmMainTest, TitleAndConnectItemFollowTheConnection) {
-  QAction &connect = Get<QAction>("mnuDisCon");
-  EXPECT_EQ(window.windowTitle(),
-            QStringLiteral("Korvanta - v1.6 - Disconnected"));
+  QAction& connect = Get<QAction>("mnuDisCon");
+  EXPECT_EQ(window.windowTitle(), QStringLiteral("Korvanta - v1.6 - Disconnected"));
   EXPECT_EQ(connect.text(), QStringLiteral("Connect"));
   platform.socket.Accept();
-  EXPECT_EQ(window.windowTitle(),
-            QStringLiteral("Korvanta - v1.6 - Connected"));
+  EXPECT_EQ(window.windowTitle(), QStringLiteral("Korvanta - v1.6 - Connected"));
   EXPECT_EQ(connect.text(), QStringLiteral("Connect"));
   Receive("[con]Ann\0011");
   EXPECT_EQ(connect.text(), QStringLiteral("Disconnect"));
@@ -75,7 +71,7 @@ TEST_F(frmMainTest, EnterAndTheButtonSendWhatWasTypedUpToTheLimit) {
   EXPECT_THAT(platform.socket.TakeSent(), ElementsAre(Message("[ctc]c hello")));
   EXPECT_EQ(ChatLine().text(), QString());
 
-  QPushButton &send = Get<QPushButton>("btnSend");
+  QPushButton& send = Get<QPushButton>("btnSend");
   QTest::keyClicks(&ChatLine(), QString(251, QLatin1Char('x')));
   EXPECT_FALSE(send.isEnabled());
   QTest::keyClick(&ChatLine(), Qt::Key_Return);
@@ -84,8 +80,7 @@ TEST_F(frmMainTest, EnterAndTheButtonSendWhatWasTypedUpToTheLimit) {
   QTest::keyClick(&ChatLine(), Qt::Key_Backspace);
   EXPECT_TRUE(send.isEnabled());
   QTest::mouseClick(&send, Qt::LeftButton);
-  EXPECT_THAT(platform.socket.TakeSent(),
-              ElementsAre(Message("[ctc]c " + std::string(250, 'x'))));
+  EXPECT_THAT(platform.socket.TakeSent(), ElementsAre(Message("[ctc]c " + std::string(250, 'x'))));
 }
 
 TEST_F(frmMainTest, ShortcutsGoBeforeTheEditingKeysOfTheChatLine) {
@@ -102,14 +97,12 @@ TEST_F(frmMainTest, ShortcutsGoBeforeTheEditingKeysOfTheChatLine) {
 }
 
 TEST_F(frmMainTest, ChecksShowTheOptionsAndASecondClickTakesThemBack) {
-  for (const auto &[name, option] :
-       {std::pair{"mAuto", &Options::mAuto},
-        std::pair{"mnuAutoChat", &Options::mnuAutoChat},
+  for (const auto& [name, option] :
+       {std::pair{"mAuto", &Options::mAuto}, std::pair{"mnuAutoChat", &Options::mnuAutoChat},
         std::pair{"mSounds", &Options::mSounds},
         std::pair{"mnuScrollLock", &Options::mnuScrollLock},
-        std::pair{"mnuFilter", &Options::mnuFilter},
-        std::pair{"mnuLogins", &Options::mnuLogins}}) {
-    QAction &action = Get<QAction>(name);
+        std::pair{"mnuFilter", &Options::mnuFilter}, std::pair{"mnuLogins", &Options::mnuLogins}}) {
+    QAction& action = Get<QAction>(name);
     const bool before = client.options.*option;
     EXPECT_EQ(action.isChecked(), before) << name;
     action.trigger();
@@ -123,7 +116,7 @@ TEST_F(frmMainTest, ChecksShowTheOptionsAndASecondClickTakesThemBack) {
 TEST_F(frmMainTest, ThePlayerMenuActsOnTheEntryItWasOpenedFor) {
   LogIn();
   Receive("[onl]Bob\0011\0011\0010\002Cid\0011\0011\0010");
-  auto &list = Get<QTreeView>("lstOnline");
+  auto& list = Get<QTreeView>("lstOnline");
   const QPoint cid = list.visualRect(list.model()->index(1, 0)).center();
   QTest::mouseClick(list.viewport(), Qt::RightButton, Qt::NoModifier, cid);
   EXPECT_TRUE(Get<QMenu>("mnuWarMenu").isVisible());
@@ -135,14 +128,12 @@ TEST_F(frmMainTest, ThePlayerMenuActsOnTheEntryItWasOpenedFor) {
 
 TEST_F(frmMainTest, ResizingMovesNothing) {
   std::vector<QRect> before;
-  const QList<QWidget *> controls = {
-      &Get<QWidget>("rbMessages"), &Get<QWidget>("cboSend"),
-      &Get<QWidget>("btnSend"), &Get<QWidget>("lstOnline")};
+  const QList<QWidget*> controls = {&Get<QWidget>("rbMessages"), &Get<QWidget>("cboSend"),
+                                    &Get<QWidget>("btnSend"), &Get<QWidget>("lstOnline")};
   const auto places = [&] {
     std::vector<QRect> rects;
-    for (const QWidget *control : controls) {
-      rects.emplace_back(control->mapTo(&window, QPoint(0, 0)),
-                         control->size());
+    for (const QWidget* control : controls) {
+      rects.emplace_back(control->mapTo(&window, QPoint(0, 0)), control->size());
     }
     return rects;
   };
@@ -168,5 +159,5 @@ TEST_F(frmMainTest, ClosingTheWindowRunsTheClosingSteps) {
   EXPECT_EQ(platform.settings.commits, 1);
 }
 
-} // namespace
-} // namespace korvanta
+}  // namespace
+}  // namespace korvanta

@@ -1,0 +1,104 @@
+/// The whole program below its windows: one of everything, wired together. Read this file and
+/// client.cpp to see how the parts meet; main.cpp makes one, tests make as many as they like.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "board/board_actions.h"
+#include "board/game_clock.h"
+#include "board/research_board.h"
+#include "board/tournament.h"
+#include "client/deployment_values.h"
+#include "lobby/chat_input.h"
+#include "lobby/language_filter.h"
+#include "lobby/main_window.h"
+#include "lobby/message_view.h"
+#include "lobby/news.h"
+#include "lobby/online_list.h"
+#include "lobby/statistics.h"
+#include "platform/platform.h"
+#include "protocol/connection.h"
+#include "protocol/connection_values.h"
+#include "protocol/dispatcher.h"
+#include "protocol/options.h"
+#include "protocol/receivers.h"
+#include "startup/login_dialog.h"
+#include "startup/saved_logins.h"
+#include "startup/settings.h"
+#include "startup/splash.h"
+
+namespace korvanta {
+
+class Client;
+
+namespace modData {
+
+/// The start-up initialisation: connection display, filter words, version, saved logins, settings.
+void InitClient(Client& client);
+
+}  // namespace modData
+
+/// The parts are public: each window talks to its own plain half and to nothing else.
+class Client : private GameDisplay, private LobbyDisplay {
+ public:
+  /// Everything that `platform` refers to outlives the client.
+  Client(const Platform& platform, const DeploymentValues& deployment);
+
+  /// Shows the splash with the main window loaded behind it; four seconds later the main window and
+  /// the login dialog. False when another instance is running: the user has been told so, no
+  /// setting was read, and the program is to end at once.
+  bool StartUp();
+
+  /// The closing of the main window, whatever asked for it: says goodbye to the server, saves the
+  /// settings, unloads the other windows, and lets what was sent leave. Only the first call counts.
+  void CloseMainWindow();
+
+ private:
+  // In the order in which they depend on each other, which the public parts below continue.
+  Platform platform_;
+  DeploymentValues deployment_;
+
+ public:
+  ConnectionValues values;
+  Options options;
+  SavedLogins saved_logins;
+  Settings settings{options, saved_logins};
+
+  MainWindow main_window{options};
+  MessageView message_view{options};
+  LanguageFilter language_filter;
+  Connection connection;
+  ChatInput chat_input{connection, options};
+  OnlineList online_list;
+  GameClock game_clock;
+  ResearchBoard research_board{game_clock};
+  Statistics statistics{connection, values};
+  News news{connection};
+  Tournament tournament;
+  BoardActions board_actions;
+  LoginDialog login_dialog;
+  Splash splash;
+
+ private:
+  friend void modData::InitClient(Client& client);
+
+  void WireMenus();
+
+  void StartGameClock(std::int16_t seconds) override;
+  void LightTopic(std::int16_t topic, std::int16_t level) override;
+  void ResetBoard() override;
+  void ShowResearchPoints(double points) override;
+
+  void ShowOnlineList(std::string_view payload) override;
+  void ShowUserStatistics(std::string_view payload) override;
+  void ShowNews(std::string_view payload) override;
+  void ShowTournamentInfo(std::string_view payload) override;
+  void ShowTeamList(std::string_view payload) override;
+  void ShowTeamNames(std::string_view payload) override;
+
+  Dispatcher dispatcher_;
+  bool closed_ = false;
+};
+
+}  // namespace korvanta

@@ -1,0 +1,102 @@
+#include "ui/chat_box.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalBlocker>
+#include <QWheelEvent>
+
+#include "ui/text.h"
+#include "ui/theme.h"
+
+namespace korvanta {
+namespace {
+
+/// Remaining characters are shown from this many down.
+constexpr std::ptrdiff_t kShowRemainingFrom = 50;
+
+/// Room that the line keeps free for the remaining characters, shown or not.
+constexpr int kRemainingWidth = 5 * theme::kUnit;
+
+}  // namespace
+
+ChatBox::ChatBox(ChatInput& input, QWidget* parent)
+    : QComboBox(parent), input_(input), lblRemaining(nullptr) {
+  setObjectName(QStringLiteral("cboSend"));
+  setAccessibleName(QStringLiteral("Chat line"));
+  setEditable(true);
+  setInsertPolicy(QComboBox::NoInsert);
+  setDuplicatesEnabled(true);
+  setCompleter(nullptr);
+  setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  lineEdit()->setTextMargins(0, 0, kRemainingWidth, 0);
+
+  lblRemaining = new QLabel(lineEdit());
+  lblRemaining->setObjectName(QStringLiteral("lblRemaining"));
+  lblRemaining->setTextFormat(Qt::PlainText);
+  lblRemaining->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  lblRemaining->setAttribute(Qt::WA_TransparentForMouseEvents);
+
+  connect(lineEdit(), &QLineEdit::textEdited, this,
+          [this](const QString& text) { input_.TextEdited(ToBytes(text)); });
+  connect(this, &QComboBox::activated, this, [this](int index) {
+    input_.HistoryChosen(static_cast<std::size_t>(index));
+    Refresh();
+  });
+  Refresh();
+}
+
+void ChatBox::Refresh() {
+  RefreshHistory();
+  if (ToBytes(lineEdit()->text()) != input_.text()) {
+    lineEdit()->setText(ToQString(input_.text()));
+  }
+  RefreshRemaining();
+}
+
+/// The toolkit takes the box for a choice among its items; here it is a line of its own.
+void ChatBox::RefreshHistory() {
+  const QSignalBlocker blocker(this);
+  const QString text = lineEdit()->text();
+  const int caret = lineEdit()->cursorPosition();
+  for (auto i = static_cast<std::size_t>(count()); i < input_.history().size(); ++i) {
+    addItem(ToQString(input_.history()[i]));
+  }
+  if (currentIndex() != -1) {
+    setCurrentIndex(-1);
+    lineEdit()->setText(text);
+    lineEdit()->setCursorPosition(caret);
+  }
+}
+
+void ChatBox::RefreshRemaining() {
+  const std::ptrdiff_t remaining = input_.Remaining();
+  const bool near = remaining <= kShowRemainingFrom;
+  lblRemaining->setVisible(near);
+  if (near) {
+    lblRemaining->setText(QString::number(remaining));
+    QPalette colours = lblRemaining->palette();
+    colours.setColor(QPalette::WindowText, remaining < 0 ? theme::kWarning : theme::kInkMuted);
+    lblRemaining->setPalette(colours);
+  }
+}
+
+void ChatBox::keyPressEvent(QKeyEvent* event) {
+  if (event->modifiers() == Qt::NoModifier && event->key() == Qt::Key_Up) {
+    input_.HistoryUp();
+  } else if (event->modifiers() == Qt::NoModifier && event->key() == Qt::Key_Down) {
+    input_.HistoryDown();
+  } else {
+    QComboBox::keyPressEvent(event);
+  }
+}
+
+void ChatBox::wheelEvent(QWheelEvent* event) { event->ignore(); }
+
+void ChatBox::resizeEvent(QResizeEvent* event) {
+  QComboBox::resizeEvent(event);
+  const QRect line = lineEdit()->rect();
+  lblRemaining->setGeometry(line.right() - kRemainingWidth, 0, kRemainingWidth, line.height());
+}
+
+}  // namespace korvanta

@@ -1,0 +1,46 @@
+/// The toolkit's view of the online list: a table of names and levels that draws from the plain
+/// list and keeps nothing but the order in which its rows are shown.
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QIcon>
+#include <cstddef>
+#include <vector>
+
+#include "lobby/online_list.h"
+
+namespace korvanta {
+
+class OnlineListModel : public QAbstractTableModel {
+ public:
+  enum Column { Name, Level, ColumnCount };
+
+  /// The list outlives the model; its `on_changed` stays with the owner, who calls `Rebuilt`.
+  OnlineListModel(const OnlineList& list, QObject* parent);
+
+  void Rebuilt();
+
+  /// Index in the plain list of the entry in a row.
+  std::size_t EntryAt(int row) const { return order_[static_cast<std::size_t>(row)]; }
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+  /// By name without regard to case, or by level as a number with texts behind; equal ones stay in
+  /// the order received. Column -1 gives that order itself.
+  void sort(int column, Qt::SortOrder order) override;
+
+ private:
+  void Sort();
+
+  const OnlineList& list_;
+  std::vector<std::size_t> order_;
+  int sort_column_ = -1;
+  Qt::SortOrder sort_order_ = Qt::AscendingOrder;
+  QIcon marked_;
+  QIcon unmarked_;
+};
+
+}  // namespace korvanta

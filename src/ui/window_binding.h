@@ -1,0 +1,37 @@
+/// Ties a window's plain half to its Qt half: the Qt window exists from the moment the plain half
+/// shows it until the plain half unloads it.
+#pragma once
+
+#include <QPointer>
+#include <memory>
+
+#include "lobby/window_life.h"
+
+class QWidget;
+
+namespace korvanta {
+
+/// `Form` is made as `new Form(plain, owner)` and sets `plain.on_changed`; the binding clears that
+/// when the window goes, so that a window on its way out never hears of changes.
+template <typename Form, typename Plain>
+void BindWindow(Plain& plain, QWidget* owner) {
+  const auto form = std::make_shared<QPointer<Form>>();
+  plain.window().on_show = [&plain, owner, form] {
+    if (form->isNull()) {
+      *form = new Form(plain, owner);
+    }
+    (*form)->show();
+    (*form)->raise();
+    (*form)->activateWindow();
+  };
+  plain.window().on_unload = [&plain, form] {
+    plain.on_changed = nullptr;
+    if (!form->isNull()) {
+      (*form)->hide();
+      (*form)->deleteLater();
+      form->clear();
+    }
+  };
+}
+
+}  // namespace korvanta

@@ -1,0 +1,209 @@
+#include "client/client.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <initializer_list>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tests/fakes/fake_platform.h"
+
+namespace korvanta {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class ClientTest : public testing::Test {
+ protected:
+  ClientTest() {
+    client.main_window.on_show = [this] { Note("main shown"); };
+    client.login_dialog.window().on_show = [this] { Note("login shown"); };
+    client.login_dialog.window().on_unload = [this] { Note("login gone"); };
+    client.news.window().on_unload = [this] { Note("news gone"); };
+    client.splash.window().on_show = [this] { Note("splash shown"); };
+    client.splash.window().on_unload = [this] { Note("splash gone"); };
+    client.statistics.window().on_unload = [this] { Note("statistics gone"); };
+    client.tournament.window().on_unload = [this] { Note("tournament gone"); };
+  }
+
+  void Note(const std::string& event) { events.push_back(event); }
+  std::vector<std::string> TakeEvents() { return std::exchange(events, {}); }
+
+  void Click(std::string_view name) {
+    for (const Menu& menu : MenuBar()) {
+      for (const MenuItem& item : menu.items) {
+        if (item.name == name) {
+          client.main_window.menus.Click(item);
+          return;
+        }
+      }
+    }
+    FAIL() << "no menu item " << name;
+  }
+
+  void LogIn(const std::string& user_id) {
+    client.login_dialog.window().Show();
+    client.login_dialog.UserNameTyped("alice");
+    client.login_dialog.PasswordTyped("secret");
+    client.login_dialog.LoginClicked();
+    platform.socket.Accept();
+    Receive({"[con]Alice\001" + user_id});
+    platform.socket.TakeSent();
+    TakeEvents();
+  }
+
+  void Receive(std::initializer_list<std::string> messages) {
+    std::string block;
+    for (const std::string& message : messages) {
+      block += message + '\0';
+    }
+    platform.socket.Receive(block);
+  }
+
+  std::string ViewText() const {
+    return client.message_view.text().Bytes(0, client.message_view.size());
+  }
+
+  std::vector<std::string> events;
+  fakes::FakePlatform platform;
+  Client client{platform.platform(), DeploymentValues{}};
+};
+
+std::string Message(const std::string& text) { return text + '\0'; }
+
+TEST_F(ClientTest, StartsWithTheSplashAndShowsTheWindowsAfterFourSeconds) {
+  ASSERT_TRUE(client.StartUp());
+  EXPECT_THAT(TakeEvents(), ElementsAre("splash shown"));
+  EXPECT_EQ(client.main_window.title(), "Korvanta - v1.6 - Disconnected");
+  EXPECT_EQ(client.values.ClientVersion, "1.6");
+  EXPECT_EQ(client.splash.Label3(), "Version: 1.6");
+  EXPECT_EQ(client.language_filter.FilterLanguage("damn"), "****");
+  EXPECT_EQ(platform.settings.reads.size(), 10U);
+
+  platform.timers.Tick(200ms);
+  EXPECT_EQ(client.splash.Label4(), "Now Loading.");
+  platform.timers.Tick(4000ms);
+  EXPECT_THAT(TakeEvents(), ElementsAre("splash gone", "main shown", "login shown"));
+  platform.timers.Tick(4000ms);
+  EXPECT_THAT(TakeEvents(), IsEmpty());
+}
+
+TEST_F(ClientTest, ASecondCopyOnlySaysSo) {
+  platform.instance.another_runs = true;
+  EXPECT_FALSE(client.StartUp());
+  EXPECT_THAT(platform.message_box.shown,
+              ElementsAre("Korvanta: A version of Korvanta is already running."));
+  EXPECT_EQ(platform.message_box.icons.front(), MessageIcon::None);
+  EXPECT_THAT(platform.settings.reads, IsEmpty());
+  platform.timers.Tick(4000ms);
+  EXPECT_THAT(TakeEvents(), IsEmpty());
+}
+
+TEST_F(ClientTest, ClosingSaysGoodbyeSavesAndUnloadsInOrder) {
+  ASSERT_TRUE(client.StartUp());
+  LogIn("12");
+  client.tournament.window().Show();
+  client.statistics.window().Show();
+  client.news.window().Show();
+  client.login_dialog.window().Show();
+  platform.socket.TakeSent();
+  TakeEvents();
+  Click("mnuScrollLock");
+  client.main_window.on_close = [this] { client.CloseMainWindow(); };
+
+  Click("mnuExit");
+  EXPECT_THAT(platform.socket.TakeSent(), ElementsAre(Message("[dis]")));
+  EXPECT_THAT(TakeEvents(), ElementsAre("login gone", "news gone", "splash gone", "statistics gone",
+                                        "tournament gone"));
+  EXPECT_EQ(platform.settings.entries["Menu > ScrollLock"], "True");
+  EXPECT_EQ(platform.settings.entries["Logins > Last User"], "alice");
+  EXPECT_EQ(platform.settings.writes.size(), 10U);
+  EXPECT_EQ(platform.settings.commits, 1);
+  EXPECT_EQ(platform.socket.drains, 1);
+
+  client.CloseMainWindow();
+  EXPECT_EQ(platform.settings.commits, 1);
+}
+
+TEST_F(ClientTest, ClosingUnconnectedSendsNothingAndTellsWhatCouldNotBeSaved) {
+  ASSERT_TRUE(client.StartUp());
+  platform.settings.commit_error = "The settings could not be saved.";
+  client.CloseMainWindow();
+  EXPECT_THAT(platform.socket.TakeSent(), IsEmpty());
+  EXPECT_THAT(platform.message_box.shown,
+              ElementsAre("Korvanta: The settings could not be saved."));
+}
+
+TEST_F(ClientTest, AGameFromClockToClear) {
+  ASSERT_TRUE(client.StartUp());
+  LogIn("12");
+  Receive({"[tim]90", "[poi]12.50", "[upg]1\0012", "[sou]5", "[msg]ann\001Server: go\001False"});
+  platform.timers.Tick(1000ms);
+  EXPECT_EQ(client.research_board.TickTime(), "Tick Time - 1:29");
+  EXPECT_EQ(client.research_board.Research(), "Research Points: 12.5");
+  EXPECT_EQ(client.research_board.FrameWidth(0, 2), kReachedWidth);
+  EXPECT_EQ(client.research_board.LineWidth(0, 1), kReachedWidth);
+  EXPECT_THAT(platform.sounds.played, ElementsAre("sounds/research.wav"));
+
+  client.board_actions.BoxRightClicked(1, 3);
+  client.board_actions.ResearchThis();
+  EXPECT_THAT(platform.socket.TakeSent(), ElementsAre(Message("[upg]1\0013\001")));
+  EXPECT_EQ(client.research_board.FrameWidth(0, 3), kPlainWidth);
+
+  Receive({"[att]1\0011", "[end]30"});
+  EXPECT_EQ(client.research_board.FrameWidth(0, 2), kPlainWidth);
+  platform.timers.Tick(1000ms);
+  EXPECT_EQ(client.research_board.TickTime(), "Tick Time - 0:29");
+
+  Click("mAuto");
+  Receive({"[clr]"});
+  EXPECT_THAT(platform.socket.TakeSent(), ElementsAre(Message("[jon]")));
+  EXPECT_EQ(client.research_board.Research(), "Research Points: 0");
+  platform.timers.Tick(1000ms);
+  EXPECT_EQ(client.research_board.TickTime(), "Tick Time - 0:29");
+}
+
+TEST_F(ClientTest, SideWindowsAreCreatedHiddenByTheirMessages) {
+  ASSERT_TRUE(client.StartUp());
+  LogIn("90");
+  Receive({"[nws]news", "[tdd]Red\001Blue"});
+  EXPECT_THAT(platform.socket.TakeSent(), ElementsAre(Message("[nws]"), Message("[tif]")));
+  EXPECT_EQ(client.news.window().state(), WindowLife::State::Hidden);
+  EXPECT_EQ(client.tournament.window().state(), WindowLife::State::Hidden);
+  EXPECT_TRUE(client.tournament.state().has_admin_tab);
+  Click("mnuNews");
+  Click("mnuTournament");
+  EXPECT_THAT(platform.socket.TakeSent(), IsEmpty());
+  EXPECT_EQ(client.news.rbNews(), "news");
+}
+
+TEST_F(ClientTest, TheConnectItemLogsInAndOut) {
+  ASSERT_TRUE(client.StartUp());
+  Click("mnuDisCon");
+  EXPECT_THAT(TakeEvents(), ElementsAre("splash shown", "login shown"));
+  LogIn("1");
+  Click("mnuDisCon");
+  EXPECT_THAT(platform.socket.TakeSent(), ElementsAre(Message("[dis]")));
+  platform.socket.Hangup();
+  EXPECT_EQ(client.main_window.title(), "Korvanta - v1.6 - Disconnected");
+  EXPECT_EQ(ViewText(), "Connecting as alice...\r\nConnected as Alice\r\nDisconnected\r\n");
+  Click("mnuClear");
+  EXPECT_EQ(ViewText(), "");
+}
+
+TEST_F(ClientTest, BothHelpItemsOpenTheHomepage) {
+  ASSERT_TRUE(client.StartUp());
+  Click("mnuHelpSite");
+  platform.web.code = 5;
+  Click("mnuHomepage");
+  EXPECT_THAT(platform.web.opened, ElementsAre("http://korvanta.example/Korvanta/",
+                                               "http://korvanta.example/Korvanta/"));
+  EXPECT_THAT(platform.message_box.shown, ElementsAre(HasSubstr("(ShellExecute code 5).")));
+}
+
+}  // namespace
+}  // namespace korvanta
