@@ -108,6 +108,9 @@ QScrollBar::handle { background: @mutedText; border-radius: 4px; margin: 2px; mi
 QScrollBar::handle:hover { background: @inkMuted; }
 QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
 QScrollBar::add-page, QScrollBar::sub-page { background: none; }
+QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
+QMessageBox QLabel { padding: 4px; }
+QMessageBox QPushButton { min-width: 56px; }
 QToolTip { background: @chromeRaised; color: @chromeText; border: 1px solid @chromeBorder; padding: 4px; }
 )";
 

@@ -4,12 +4,14 @@
 #include <QLockFile>
 #include <QString>
 
+#include "platform/instance_guard.h"
+
 namespace korvanta {
 
 /// A lock file of the user's, one for each name of the program. Its holder also locks it with the
 /// system, which lets go when the holder ends in whatever way; so a file left behind by a crash
 /// keeps nobody out, even when its process number belongs to another process by now.
-class InstanceLock {
+class InstanceLock final : public InstanceGuard {
  public:
   /// `program_name` is the base name of the executable.
   explicit InstanceLock(const QString& program_name);
@@ -17,6 +19,8 @@ class InstanceLock {
   /// False only when another process holds the lock. True as well when no lock file can be made:
   /// then nothing is known of others, and the player plays. Held until this object ends.
   bool TryAcquire();
+
+  bool IsAnotherRunning() override { return !TryAcquire(); }
 
  private:
   QLockFile lock_;
