@@ -33,7 +33,7 @@ struct Excerpt {
 
 class ColouredText {
  public:
-  static constexpr std::size_t kChunkSize = 64 * 1024;
+  static constexpr std::size_t kChunkSize = std::size_t{64} * 1024;
 
   /// `chunk_size`, the most bytes that a chunk holds, is from 1 to 2^24 - 1.
   explicit ColouredText(std::size_t chunk_size = kChunkSize) : chunk_size_(chunk_size) {}
@@ -77,11 +77,10 @@ class ColouredText {
   std::size_t FindBack(std::size_t to, Predicate matches) const {
     while (to > 0) {
       const std::string_view piece = PieceUpTo(to);
-      for (auto byte = piece.rbegin(); byte != piece.rend(); ++byte) {
-        if (matches(*byte)) {
+      for (std::size_t left = piece.size(); left > 0; --left, --to) {
+        if (matches(piece[left - 1])) {
           return to;
         }
-        --to;
       }
     }
     return 0;

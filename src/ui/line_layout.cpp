@@ -7,7 +7,7 @@ namespace korvanta {
 namespace {
 
 /// Bytes that a walk over many rows reads at a time.
-constexpr std::size_t kBlock = 16 * 1024;
+constexpr std::size_t kBlock = std::size_t{16} * 1024;
 
 float AdvanceOf(char byte, const Advances& advances) {
   return advances[static_cast<unsigned char>(byte)];

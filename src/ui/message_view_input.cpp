@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QStyleHints>
 #include <algorithm>
+#include <array>
 
 #include "ui/message_view_widget.h"
 #include "ui/text.h"
@@ -38,7 +39,7 @@ struct MotionKeys {
   QKeySequence::StandardKey select;
 };
 
-constexpr MotionKeys kMotionKeys[] = {
+constexpr std::array<MotionKeys, 12> kMotionKeys = {{
     {Motion::Left, QKeySequence::MoveToPreviousChar, QKeySequence::SelectPreviousChar},
     {Motion::Right, QKeySequence::MoveToNextChar, QKeySequence::SelectNextChar},
     {Motion::Up, QKeySequence::MoveToPreviousLine, QKeySequence::SelectPreviousLine},
@@ -51,13 +52,13 @@ constexpr MotionKeys kMotionKeys[] = {
     {Motion::RowEnd, QKeySequence::MoveToEndOfLine, QKeySequence::SelectEndOfLine},
     {Motion::Start, QKeySequence::MoveToStartOfDocument, QKeySequence::SelectStartOfDocument},
     {Motion::End, QKeySequence::MoveToEndOfDocument, QKeySequence::SelectEndOfDocument},
-};
+}};
 
 const MotionKeys* MotionOf(QKeyEvent* event) {
   const auto keys = std::find_if(
-      std::begin(kMotionKeys), std::end(kMotionKeys),
+      kMotionKeys.begin(), kMotionKeys.end(),
       [event](const MotionKeys& k) { return event->matches(k.move) || event->matches(k.select); });
-  return keys == std::end(kMotionKeys) ? nullptr : keys;
+  return keys == kMotionKeys.end() ? nullptr : keys;
 }
 
 }  // namespace
@@ -102,55 +103,49 @@ bool MessageViewWidget::MoveByKey(QKeyEvent* event) {
   if (keys == nullptr) {
     return false;
   }
+  const Motion motion = keys->motion;
+  const bool extend = event->matches(keys->select);
+  const bool keeps_column = motion == Motion::Up || motion == Motion::Down ||
+                            motion == Motion::PageUp || motion == Motion::PageDown;
   const ColouredText& text = view_.text();
   const std::size_t caret = view_.caret();
   const TextRange selection = view_.selection();
-  const bool extend = event->matches(keys->select);
   const bool collapse = !extend && !selection.empty();
   const int page = static_cast<int>(std::max<std::size_t>(2, canvas_.WholeRows())) - 1;
-  const float column = column_ < 0 ? canvas_.XOf(caret) : column_;
-  column_ = column;
-  bool keeps_column = false;
-  std::size_t target = caret;
-  switch (keys->motion) {
-    case Motion::Left:
-      target = collapse ? selection.from : PreviousCaretPlace(text, caret);
-      break;
-    case Motion::Right:
-      target = collapse ? selection.to : NextCaretPlace(text, caret);
-      break;
-    case Motion::Up:
-    case Motion::Down:
-    case Motion::PageUp:
-    case Motion::PageDown: {
-      const bool up = keys->motion == Motion::Up || keys->motion == Motion::PageUp;
-      const bool row = keys->motion == Motion::Up || keys->motion == Motion::Down;
-      target = RowsFromCaret((up ? -1 : 1) * (row ? 1 : page));
-      keeps_column = true;
-      break;
-    }
-    case Motion::WordLeft:
-      target = PreviousWord(text, caret);
-      break;
-    case Motion::WordRight:
-      target = NextWord(text, caret);
-      break;
-    case Motion::RowStart:
-      target = canvas_.rows().StartOf(caret);
-      break;
-    case Motion::RowEnd:
-      target = canvas_.OffsetInRow(canvas_.rows().StartOf(caret),
-                                   static_cast<float>(viewport()->width()), Aim::Caret);
-      break;
-    case Motion::Start:
-      target = 0;
-      break;
-    case Motion::End:
-      target = view_.size();
-      break;
+  if (column_ < 0 || !keeps_column) {
+    column_ = keeps_column ? canvas_.XOf(caret) : -1;
   }
-  MoveCaret(target, extend);
-  column_ = keeps_column ? column : -1;
+  const auto target = [&]() -> std::size_t {
+    switch (motion) {
+      case Motion::Left:
+        return collapse ? selection.from : PreviousCaretPlace(text, caret);
+      case Motion::Right:
+        return collapse ? selection.to : NextCaretPlace(text, caret);
+      case Motion::Up:
+        return RowsFromCaret(-1);
+      case Motion::Down:
+        return RowsFromCaret(1);
+      case Motion::PageUp:
+        return RowsFromCaret(-page);
+      case Motion::PageDown:
+        return RowsFromCaret(page);
+      case Motion::WordLeft:
+        return PreviousWord(text, caret);
+      case Motion::WordRight:
+        return NextWord(text, caret);
+      case Motion::RowStart:
+        return canvas_.rows().StartOf(caret);
+      case Motion::RowEnd:
+        return canvas_.OffsetInRow(canvas_.rows().StartOf(caret),
+                                   static_cast<float>(viewport()->width()), Aim::Caret);
+      case Motion::Start:
+        return 0;
+      case Motion::End:
+        return view_.size();
+    }
+    return caret;
+  };
+  MoveCaret(target(), extend);
   return true;
 }
 

@@ -34,6 +34,7 @@ MessageViewWidget::MessageViewWidget(MessageView& view, QWidget* parent)
   connect(verticalScrollBar(), &QScrollBar::actionTriggered, this,
           &MessageViewWidget::OnScrollAction);
 
+  frame_timer_.setObjectName(QStringLiteral("frame"));
   frame_timer_.setSingleShot(true);
   frame_timer_.setTimerType(Qt::PreciseTimer);
   connect(&frame_timer_, &QTimer::timeout, this, [this] {
@@ -81,16 +82,13 @@ void MessageViewWidget::Settle() {
   if (end_changed_) {
     last_top_ = canvas_.LastTop();
   }
-  if (follow_) {
-    anchor_ = last_top_;
-  }
-  if (follow_ || wrap_changed_) {
+  if (wrap_changed_ && !follow_) {
     top_ = canvas_.rows().StartOf(anchor_);
   }
-  follow_ = wrap_changed_ = end_changed_ = false;
-  if (top_ > last_top_) {
+  if (follow_ || top_ > last_top_) {
     top_ = anchor_ = last_top_;
   }
+  follow_ = wrap_changed_ = end_changed_ = false;
   ShowTop();
 }
 
@@ -106,6 +104,7 @@ void MessageViewWidget::ShowTop() {
   const QSignalBlocker quiet(bar);
   const std::size_t step = BytesPerStep(view_.size());
   bar->setRange(0, static_cast<int>(last_top_ / step));
+  bar->setEnabled(last_top_ > 0);  // always there, but no thumb to see when all of the text is
   bar->setPageStep(std::max(1, static_cast<int>((view_.size() - last_top_) / step)));
   if (!bar->isSliderDown() || top_ == last_top_) {
     bar->setValue(static_cast<int>(top_ / step));

@@ -75,7 +75,7 @@ class MessageViewWidget : public QAbstractScrollArea {
   bool wrap_changed_ = false;  // rows may start elsewhere
   bool end_changed_ = true;    // last_top_ is out of date
 
-  QTimer frame_timer_;
+  QTimer frame_timer_{this};
   QElapsedTimer last_frame_;
 
   float column_ = -1;  // where Up and Down aim; negative when the caret moved otherwise

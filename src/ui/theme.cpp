@@ -106,6 +106,7 @@ QScrollBar:vertical { background: @paperHeader; width: 12px; margin: 0; }
 QScrollBar:horizontal { background: @paperHeader; height: 12px; margin: 0; }
 QScrollBar::handle { background: @mutedText; border-radius: 4px; margin: 2px; min-height: 24px; min-width: 24px; }
 QScrollBar::handle:hover { background: @inkMuted; }
+QScrollBar::handle:disabled { background: @paperHeader; }
 QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
 QScrollBar::add-page, QScrollBar::sub-page { background: none; }
 QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
