@@ -65,6 +65,9 @@ void MessageViewWidget::OnChanged(const MessageView::Change& change) {
       anchor_ = top_;
     }
   }
+  if (change.what == What::Inserted || change.what == What::Cleared) {
+    column_ = -1;
+  }
   end_changed_ = end_changed_ || change.what != What::Selection;
   ScheduleFrame();
 }
