@@ -3,6 +3,7 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPaintEvent>
+#include <QTimer>
 #include <QToolTip>
 
 #include "ui/board_accessible.h"
@@ -236,7 +237,12 @@ void BoardWidget::keyPressEvent(QKeyEvent* event) {
 
 void BoardWidget::focusInEvent(QFocusEvent* /*event*/) {
   UpdateBox(current_);
-  TellBoxFocused(*this, current_);
+  // behind the toolkit's own word that the board as a whole has the focus
+  QTimer::singleShot(0, this, [this] {
+    if (hasFocus()) {
+      TellBoxFocused(*this, current_);
+    }
+  });
 }
 
 void BoardWidget::focusOutEvent(QFocusEvent* /*event*/) { UpdateBox(current_); }
