@@ -36,7 +36,7 @@ struct Sound {
   std::vector<Note> notes;
 };
 
-const Sound kSounds[] = {
+const std::vector<Sound> kSounds = {
     {"gamestart",
      950,
      {{Voice::Horn, 0, 300, 12, 110, 39200, 39200, 80},

@@ -1,6 +1,9 @@
 #include "board/game_clock.h"
 
 #include <gtest/gtest.h>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "tests/fakes/fake_platform.h"
 
@@ -48,7 +51,7 @@ TEST_F(GameClockTest, CountsDownAndStopsOneTickAfterZero) {
 }
 
 TEST_F(GameClockTest, FirstTickShowsOneSecondLess) {
-  const std::pair<std::int16_t, const char*> cases[] = {
+  const std::vector<std::pair<std::int16_t, const char*>> cases = {
       {1, "0:00"},      {11, "0:10"},      {60, "0:59"}, {61, "1:00"}, {3601, "60:00"},
       {7201, "120:00"}, {32767, "546:06"}, {0, "0:00"},  {-1, "0:00"}, {-32768, "0:00"},
   };

@@ -1,9 +1,13 @@
 #include "board/research_board.h"
 
+#include <array>
 #include <cstdlib>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <limits>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "tests/fakes/fake_platform.h"
 
@@ -51,7 +55,7 @@ TEST_F(ResearchBoardTest, StartsPlain) {
 }
 
 TEST_F(ResearchBoardTest, EveryLevelOfEveryRowWhateverItWasBefore) {
-  const char* const by_level[] = {kPlain, "4111 1111", "4411 4111", "4441 4411", kAll};
+  const std::array<const char*, 5> by_level = {kPlain, "4111 1111", "4411 4111", "4441 4411", kAll};
   for (std::int16_t topic = 1; topic <= 4; ++topic) {
     for (std::int16_t before = 0; before <= 4; ++before) {
       for (std::int16_t level = 0; level <= 4; ++level) {
@@ -59,7 +63,7 @@ TEST_F(ResearchBoardTest, EveryLevelOfEveryRowWhateverItWasBefore) {
         modLight::LightTopic(board_, topic, before);
         modLight::LightTopic(board_, topic, level);
         std::vector<std::string> expected(4, kPlain);
-        expected[static_cast<std::size_t>(topic - 1)] = by_level[level];
+        expected[static_cast<std::size_t>(topic - 1)] = by_level[static_cast<std::size_t>(level)];
         EXPECT_EQ(Rows(), expected) << topic << ": " << before << " to " << level;
       }
     }
@@ -73,7 +77,7 @@ TEST_F(ResearchBoardTest, ValuesOutOfRange) {
     std::size_t row;
     const char* shown;
   };
-  const Case cases[] = {
+  const std::vector<Case> cases = {
       {1, 5, 0, kAll},
       {2, 32767, 1, kAll},
       {3, 5, 2, "4444 4441"},
@@ -130,7 +134,7 @@ TEST_F(ResearchBoardTest, TellsEachPartThatChangedAndNothingElse) {
 }
 
 TEST_F(ResearchBoardTest, PointsArePlainDecimalText) {
-  const std::pair<double, std::string> cases[] = {
+  const std::vector<std::pair<double, std::string>> cases = {
       {12, "12"},
       {2.50, "2.5"},
       {-3.25, "-3.25"},

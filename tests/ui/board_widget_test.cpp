@@ -12,6 +12,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <optional>
+#include <utility>
+#include <vector>
 
 #include "tests/fakes/fake_platform.h"
 #include "ui/board_layout.h"
@@ -135,7 +137,7 @@ TEST_F(BoardWidgetTest, ArrowKeysWalkAndTheMenuKeysOpen) {
     Qt::Key key;
     int box;
   };
-  const Step steps[] = {
+  const std::vector<Step> steps = {
       {Qt::Key_Left, 0},   {Qt::Key_Up, 0},     {Qt::Key_Right, 1},  {Qt::Key_Down, 5},
       {Qt::Key_Down, 9},   {Qt::Key_Down, 13},  {Qt::Key_Down, 13},  {Qt::Key_Up, 9},
       {Qt::Key_Right, 10}, {Qt::Key_Right, 11}, {Qt::Key_Right, 16}, {Qt::Key_Right, 16},
@@ -143,7 +145,7 @@ TEST_F(BoardWidgetTest, ArrowKeysWalkAndTheMenuKeysOpen) {
   };
   for (const Step& step : steps) {
     QTest::keyClick(&widget_, step.key);
-    EXPECT_EQ(widget_.current_box(), step.box) << &step - steps;
+    EXPECT_EQ(widget_.current_box(), step.box) << step.box;
   }
   EXPECT_EQ(TakeMenu(), std::nullopt);
   const MenuCall expected{3, 3, widget_.mapToGlobal(Middle(10))};

@@ -3,6 +3,7 @@
 #include <QImage>
 #include <QSet>
 #include <gtest/gtest.h>
+#include <vector>
 
 #include "ui/contrast.h"
 #include "ui/picture.h"
@@ -29,7 +30,7 @@ TEST(Pictures, EachIsLegibleOnItsGroundFromSixteenPixelsUp) {
     QColor ground;
     double least_share = 0.04;
   };
-  const Case cases[] = {
+  const std::vector<Case> cases = {
       {"military", Qt::black},     {"industry", Qt::black},         {"population", Qt::black},
       {"defense", Qt::black},      {"golden_knowledge", Qt::black}, {"korvanta", Qt::black},
       {"splash", Qt::black, 0.01}, {"remove_user", theme::kChrome}, {"marked", theme::kPaper},
