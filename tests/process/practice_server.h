@@ -1,0 +1,25 @@
+/// The built practice server as a running process on a loopback address of its own.
+#pragma once
+
+#include <QProcess>
+#include <QString>
+
+namespace korvanta::process {
+
+class PracticeServer {
+ public:
+  /// Accepts players when it returns; HarnessError with the server's own words when it does not
+  /// come up.
+  explicit PracticeServer(const QStringList& options = {});
+  ~PracticeServer();
+  PracticeServer(const PracticeServer&) = delete;
+  PracticeServer& operator=(const PracticeServer&) = delete;
+
+  const QString& address() const { return address_; }
+
+ private:
+  QString address_;
+  QProcess process_;
+};
+
+}  // namespace korvanta::process

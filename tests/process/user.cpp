@@ -1,0 +1,139 @@
+#include "tests/process/user.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSize>
+#include <algorithm>
+#include <cmath>
+
+namespace korvanta::process {
+namespace {
+
+bool Fits(const Window& window, const QString& title) {
+  return title.endsWith('*') ? window.title.startsWith(title.chopped(1)) : window.title == title;
+}
+
+}  // namespace
+
+QList<Window> User::Windows(qint64 pid) const {
+  const ToolResult found =
+      RunTool("xdotool",
+              {"search", "--onlyvisible", "--all", "--pid", QString::number(pid), "--name", ".*"},
+              environment_);
+  QList<Window> windows;
+  for (const QByteArray& id : found.output.split('\n')) {
+    // A window may go while we look at it; then there is nothing to be seen of it.
+    const ToolResult name = id.isEmpty() ? ToolResult{1, {}, {}}
+                                         : RunTool("xdotool", {"getwindowname", id}, environment_);
+    if (name.status == 0) {
+      windows.push_back({id, QString::fromUtf8(name.output).chopped(1)});
+    }
+  }
+  return windows;
+}
+
+bool User::Sees(qint64 pid, const QString& title) const {
+  const QList<Window> windows = Windows(pid);
+  return std::any_of(windows.begin(), windows.end(),
+                     [&](const Window& window) { return Fits(window, title); });
+}
+
+Window User::WaitForWindow(qint64 pid, const QString& title,
+                           std::chrono::milliseconds patience) const {
+  Window found;
+  WaitUntil(
+      QString("a window \"%1\" is seen").arg(title),
+      [&] {
+        for (const Window& window : Windows(pid)) {
+          if (Fits(window, title)) {
+            found = window;
+          }
+        }
+        return !found.id.isEmpty();
+      },
+      patience);
+  return found;
+}
+
+void User::WaitUntilGone(const Window& window) const {
+  WaitUntil(QString("the window \"%1\" is gone").arg(window.title), [&] {
+    const QByteArray id = window.id.toLatin1();
+    const ToolResult seen =
+        RunTool("xdotool", {"search", "--onlyvisible", "--name", ".*"}, environment_);
+    return !seen.output.split('\n').contains(id);
+  });
+}
+
+void User::Activate(const Window& window) const {
+  Do("xdotool", {"windowactivate", window.id});
+  WaitUntil(QString("the window \"%1\" has the keyboard").arg(window.title),
+            [&] { return HasKeyboard(window); });
+}
+
+bool User::HasKeyboard(const Window& window) const {
+  return RunTool("xdotool", {"getwindowfocus"}, environment_).output.trimmed() == window.id;
+}
+
+void User::Type(const QString& text) const { Do("xdotool", {"type", "--delay", "4", "--", text}); }
+
+void User::Press(const QStringList& chords) const {
+  Do("xdotool", QStringList{"key", "--delay", "4", "--"} + chords);
+}
+
+void User::Click(const Window& window, QPointF place, int button) const {
+  QSize size;
+  for (const QString& line :
+       Do("xdotool", {"getwindowgeometry", "--shell", window.id}).split('\n')) {
+    const int value = line.section('=', 1).toInt();
+    if (line.startsWith("WIDTH=")) {
+      size.setWidth(value);
+    } else if (line.startsWith("HEIGHT=")) {
+      size.setHeight(value);
+    }
+  }
+  const auto x = std::lround(place.x() * size.width());
+  const auto y = std::lround(place.y() * size.height());
+  Do("xdotool", {"mousemove", "--window", window.id, QString::number(x), QString::number(y),
+                 "click", QString::number(button)});
+}
+
+QString User::Clipboard() const {
+  const ToolResult held =
+      RunTool("xclip", {"-selection", "clipboard", "-out", "-target", "UTF8_STRING"}, environment_);
+  return held.status == 0 ? QString::fromUtf8(held.output) : QString();
+}
+
+QString User::WaitForText(const Window& window, QPointF place, const QString& what,
+                          const std::function<bool(const QString&)>& contents) const {
+  QString text;
+  Activate(window);
+  Click(window, place);
+  try {
+    WaitUntil(QString("the text shows %1").arg(what), [&] {
+      Press({"ctrl+a", "ctrl+c"});
+      text = Clipboard();
+      return contents(text);
+    });
+  } catch (const HarnessError& error) {
+    throw HarnessError(QString("%1; it reads:\n%2").arg(error.what(), text));
+  }
+  return text;
+}
+
+void User::Photograph(const Window& window, const QString& file) const {
+  QDir().mkpath(QFileInfo(file).path());
+  Do("import", {"-window", window.id, file});
+}
+
+void User::PhotographScreen(const QString& file) const { Photograph({"root", {}}, file); }
+
+QString User::Do(const QString& program, const QStringList& arguments) const {
+  const ToolResult result = RunTool(program, arguments, environment_);
+  if (result.status != 0) {
+    throw HarnessError(
+        QString("%1 %2: %3").arg(program, arguments.join(' '), QString(result.errors.trimmed())));
+  }
+  return QString::fromUtf8(result.output);
+}
+
+}  // namespace korvanta::process

@@ -1,0 +1,58 @@
+/// A person at a virtual display: eyes that see windows, hands on keyboard and mouse.
+#pragma once
+
+#include <QList>
+#include <QPointF>
+#include <QString>
+#include <functional>
+
+#include "tests/process/host.h"
+#include "tests/process/virtual_display.h"
+
+namespace korvanta::process {
+
+struct Window {
+  QString id;
+  QString title;
+};
+
+/// Every call throws HarnessError when the display does not do what a person could expect.
+class User {
+ public:
+  explicit User(const VirtualDisplay& display) : environment_(display.environment()) {}
+
+  /// The visible windows of a process.
+  QList<Window> Windows(qint64 pid) const;
+  bool Sees(qint64 pid, const QString& title) const;
+  /// Waits for a window whose title is `title`, or begins with it when it ends in "*".
+  Window WaitForWindow(qint64 pid, const QString& title,
+                       std::chrono::milliseconds patience = kPatience) const;
+  void WaitUntilGone(const Window& window) const;
+
+  /// Raises the window and waits until it has the keyboard.
+  void Activate(const Window& window) const;
+  bool HasKeyboard(const Window& window) const;
+  /// Keys go to whatever has the keyboard. Characters of the US layout only.
+  void Type(const QString& text) const;
+  /// One chord after the other, in X names: "ctrl+a", "Return", "alt+F4".
+  void Press(const QStringList& chords) const;
+  /// `place` in parts of the window's width and height, (0, 0) at the left top.
+  void Click(const Window& window, QPointF place, int button = 1) const;
+
+  /// The text on the clipboard; empty when there is none.
+  QString Clipboard() const;
+  /// Copies all of the text at `place`, again and again until `contents` is content with it.
+  QString WaitForText(const Window& window, QPointF place, const QString& what,
+                      const std::function<bool(const QString&)>& contents) const;
+
+  /// Saves a picture (PNG) of a window, or of the whole screen.
+  void Photograph(const Window& window, const QString& file) const;
+  void PhotographScreen(const QString& file) const;
+
+ private:
+  QString Do(const QString& program, const QStringList& arguments) const;
+
+  QProcessEnvironment environment_;
+};
+
+}  // namespace korvanta::process
