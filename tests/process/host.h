@@ -19,7 +19,7 @@ class HarnessError : public std::runtime_error {
   explicit HarnessError(const QString& sentence) : std::runtime_error(sentence.toStdString()) {}
 };
 
-constexpr std::chrono::milliseconds kPatience{10000};
+constexpr std::chrono::milliseconds kPatience{30000};
 
 /// Handles events until `holds`; HarnessError naming `what` when the patience is over.
 void WaitUntil(const QString& what, const std::function<bool()>& holds,

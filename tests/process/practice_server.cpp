@@ -4,11 +4,14 @@
 
 namespace korvanta::process {
 
+QString PracticeServerProgram() {
+  return QString(KORVANTA_PROGRAM_FOLDER) + "/korvanta-practice-server";
+}
+
 PracticeServer::PracticeServer(const QStringList& options) : address_(UniqueLoopbackAddress()) {
   process_.setProcessEnvironment(BareEnvironment());
   process_.setProcessChannelMode(QProcess::MergedChannels);
-  StartChild(process_, QString(KORVANTA_PROGRAM_FOLDER) + "/korvanta-practice-server",
-             QStringList{"--address", address_} + options);
+  StartChild(process_, PracticeServerProgram(), QStringList{"--address", address_} + options);
   WaitUntil("the practice server listens", [this] {
     if (process_.state() == QProcess::NotRunning) {
       throw HarnessError("the practice server ended: " +
@@ -19,6 +22,13 @@ PracticeServer::PracticeServer(const QStringList& options) : address_(UniqueLoop
   if (const QByteArray line = process_.readLine().trimmed(); !line.startsWith("Listening on ")) {
     throw HarnessError("the practice server says: " + QString::fromUtf8(line));
   }
+}
+
+int PracticeServer::Stop() {
+  process_.terminate();
+  WaitUntil("the practice server ends",
+            [this] { return process_.state() == QProcess::NotRunning; });
+  return process_.exitStatus() == QProcess::NormalExit ? process_.exitCode() : 128;
 }
 
 PracticeServer::~PracticeServer() { EndChild(process_); }

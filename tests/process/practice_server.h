@@ -6,6 +6,9 @@
 
 namespace korvanta::process {
 
+/// The server's file name with its folder.
+QString PracticeServerProgram();
+
 class PracticeServer {
  public:
   /// Accepts players when it returns; HarnessError with the server's own words when it does not
@@ -16,6 +19,8 @@ class PracticeServer {
   PracticeServer& operator=(const PracticeServer&) = delete;
 
   const QString& address() const { return address_; }
+  /// Asks it to end, as a service manager does; returns its exit status.
+  int Stop();
 
  private:
   QString address_;
