@@ -235,6 +235,8 @@ TEST_F(IniSettingsStoreTest, KilledAtAnyInstantItIsTheOldFileOrTheNewWhole) {
   int seen_changes = 0;
   char last = 0;
   for (int kill_count = 0; kill_count < 150; ++kill_count) {
+    int committed[2];
+    ASSERT_EQ(pipe(committed), 0);
     const pid_t child = fork();
     ASSERT_GE(child, 0);
     if (child == 0) {
@@ -245,11 +247,19 @@ TEST_F(IniSettingsStoreTest, KilledAtAnyInstantItIsTheOldFileOrTheNewWhole) {
           store.Save("Logins", std::to_string(i), value(generation));
         }
         store.Commit();
+        if (write(committed[1], "c", 1) != 1) {
+          _exit(1);
+        }
       }
     }
-    QThread::usleep(static_cast<unsigned long>(500 + kill_count * 137 % 9000));
+    // From its first commit on the child does nothing but commit; the kill comes at any point.
+    char first_commit = 0;
+    ASSERT_EQ(read(committed[0], &first_commit, 1), 1);
+    QThread::usleep(static_cast<unsigned long>(kill_count * 137 % 5000));
     ASSERT_EQ(kill(child, SIGKILL), 0);
     waitpid(child, nullptr, 0);
+    close(committed[0]);
+    close(committed[1]);
 
     IniSettingsStore store(path);
     const std::string first = store.Get("Logins", "0", "");

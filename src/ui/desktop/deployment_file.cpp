@@ -12,7 +12,7 @@
 namespace korvanta {
 namespace {
 
-constexpr qint64 kLongestFile = 64 * 1024;
+constexpr qint64 kLongestFile = qint64{64} * 1024;
 constexpr int kLongestNoticeLine = 120;
 constexpr int kLongestQuotation = 200;
 

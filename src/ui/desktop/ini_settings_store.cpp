@@ -14,7 +14,7 @@ namespace korvanta {
 namespace {
 
 /// Far above what a thousand saved logins need; more is not a file of ours.
-constexpr qint64 kLongestFile = 4 * 1024 * 1024;
+constexpr qint64 kLongestFile = qint64{4} * 1024 * 1024;
 
 constexpr QFileDevice::Permissions kUserOnly = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
 

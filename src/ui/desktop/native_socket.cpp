@@ -38,7 +38,7 @@ struct Arrived {
 
 Arrived Read(int descriptor) {
   Arrived arrived;
-  std::array<char, 16 * 1024> buffer;
+  std::array<char, 16384> buffer;
   for (;;) {
     const ssize_t count = recv(descriptor, buffer.data(), buffer.size(), MSG_DONTWAIT);
     if (count > 0) {
