@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <array>
 #include <optional>
 
 #include "ui/desktop/ini_text.h"
@@ -47,14 +48,14 @@ QString ReadValues(const IniText& text, DeploymentValues& values) {
     return QStringLiteral("holds the line %1, which is no entry.").arg(Quoted(FromUtf8(*line)));
   }
   const QString notice = QStringLiteral("of at most %1 characters").arg(kLongestNoticeLine);
-  const Key keys[] = {
-      {"ServerAddress", values.server_address, IsDottedAddress,
-       QStringLiteral("an IPv4 address such as 127.0.0.1")},
-      {"HomepageAddress", values.homepage_address, IsWebAddress,
-       QStringLiteral("an http or https address with a host")},
-      {"RightsLine", values.rights_notice[0], IsNoticeLine, notice},
-      {"MakerName", values.rights_notice[1], IsNoticeLine, notice},
-      {"Years", values.rights_notice[2], IsNoticeLine, notice},
+  const std::array keys = {
+      Key{"ServerAddress", values.server_address, IsDottedAddress,
+          QStringLiteral("an IPv4 address such as 127.0.0.1")},
+      Key{"HomepageAddress", values.homepage_address, IsWebAddress,
+          QStringLiteral("an http or https address with a host")},
+      Key{"RightsLine", values.rights_notice[0], IsNoticeLine, notice},
+      Key{"MakerName", values.rights_notice[1], IsNoticeLine, notice},
+      Key{"Years", values.rights_notice[2], IsNoticeLine, notice},
   };
   for (const Key& key : keys) {
     const auto found = text.Find("Deployment", key.name);
