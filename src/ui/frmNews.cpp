@@ -39,7 +39,6 @@ frmNews::frmNews(News& news, QWidget* owner)
   rbNews->setUndoRedoEnabled(false);
   rbNews->setTabChangesFocus(true);
   NameControl(*btnClose, QStringLiteral("btnClose"), QStringLiteral("Close"));
-  btnClose->setDefault(true);
 
   auto* border = new QVBoxLayout(frmBorder);
   border->setContentsMargins(0, 0, 0, 0);
@@ -54,6 +53,7 @@ frmNews::frmNews(News& news, QWidget* owner)
   all->setSpacing(2 * theme::kUnit);
   all->addWidget(frmBorder, 1);
   all->addLayout(buttons);
+  btnClose->setDefault(true);  // the dialog hears of it only from a button that it has
 
   connect(btnClose, &QPushButton::clicked, this, [this] { news_.window().Unload(); });
   news_.on_changed = [this] { Refresh(); };

@@ -59,7 +59,6 @@ void frmStats::LayOut() {
   UserInput->setPlaceholderText(QStringLiteral("User name"));
   UserInput->setMaxLength(std::numeric_limits<int>::max());
   NameControl(*btnLoad, QStringLiteral("btnLoad"), QStringLiteral("Search User"));
-  btnLoad->setDefault(true);
   frmUserData->setObjectName(QStringLiteral("frmUserData"));
   frmAward->setObjectName(QStringLiteral("frmAward"));
   lstAwards->setObjectName(QStringLiteral("lstAwards"));
@@ -102,6 +101,7 @@ void frmStats::LayOut() {
   all->setSpacing(2 * theme::kUnit);
   all->addLayout(search);
   all->addLayout(frames, 1);
+  btnLoad->setDefault(true);  // the dialog hears of it only from a button that it has
 }
 
 void frmStats::Refresh() {

@@ -136,6 +136,7 @@ frmTournament::frmTournament(Tournament& tournament, QWidget* owner)
   all->addWidget(TStrip);
   all->addWidget(pages_);
   all->setSizeConstraint(QLayout::SetFixedSize);
+  Command4->setDefault(true);  // the dialog hears of it only from a button that it has
 
   TStrip->on_chosen = [this](int index) {
     tournament_.TabChosen(static_cast<TournamentTab>(index));
@@ -187,7 +188,6 @@ void frmTournament::FillInfoPage() {
   };
   connect(cmbTeam->lineEdit(), &QLineEdit::textEdited, this, typed);
   connect(cmbTeam, &QComboBox::textActivated, this, typed);
-  Command4->setDefault(true);
 
   QGridLayout* grid = MakeGrid(fInfo);
   AddRow(*grid, u"&Entry Fee", iEntryFee);

@@ -105,6 +105,7 @@ TEST_F(FrmTournamentTest, JoinsTheTeamTypedOrChosenAndForgetsThePassword) {
   EXPECT_EQ(Names().currentText(), QStringLiteral("an"));
   auto& password = desk.Get<QLineEdit>("txtPassword");
   QTest::keyClicks(&password, QStringLiteral("secret"));
+  EXPECT_EQ(password.displayText(), QStringLiteral("******"));
   QTest::keyClick(&password, Qt::Key_Return);
   EXPECT_THAT(player.TakeSent(), ElementsAre(outbound::JoinTeam("an", "secret")));
   EXPECT_EQ(password.text(), QString());
