@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "board/game_clock.h"
+#include "lobby/colour.h"
 
 namespace korvanta {
 
@@ -27,17 +28,11 @@ void ResetBoard(ResearchBoard& board);
 
 }  // namespace modLight
 
-struct TopicColour {
-  std::uint8_t red;
-  std::uint8_t green;
-  std::uint8_t blue;
-};
-
 /// One row of the board. `boxes`, `frames`, `lines` and `caption` are the names of its controls.
 struct TopicRow {
   std::int16_t code;
   std::string_view name;
-  TopicColour colour;
+  Colour colour;
   std::string_view boxes;
   std::string_view frames;
   std::string_view lines;
@@ -58,7 +53,7 @@ inline constexpr std::array<TopicRow, kTopicRows> kTopics{{
 /// The goal's topic code, which serves as its level too.
 inline constexpr std::int16_t kGoldenKnowledge = 5;
 inline constexpr std::string_view kGoldenKnowledgeName = "Golden Knowledge";
-inline constexpr TopicColour kGoldenKnowledgeColour{255, 255, 0};
+inline constexpr Colour kGoldenKnowledgeColour{255, 255, 0};
 
 inline constexpr int kPlainWidth = 1;
 inline constexpr int kReachedWidth = 4;

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "lobby/colour.h"
 #include "protocol/message_kind.h"
 
 namespace korvanta {
@@ -28,15 +29,8 @@ enum class ColourRole : std::uint8_t {
   PlainSecond,
 };
 
-struct Rgb {
-  std::uint8_t red;
-  std::uint8_t green;
-  std::uint8_t blue;
-  bool operator==(const Rgb&) const = default;
-};
-
 /// In the order of the roles.
-inline constexpr std::array<Rgb, 13> kRoleColours = {{
+inline constexpr std::array<Colour, 13> kRoleColours = {{
     {0, 0, 0},
     {0, 0, 128},
     {64, 64, 192},
@@ -52,7 +46,7 @@ inline constexpr std::array<Rgb, 13> kRoleColours = {{
     {78, 156, 156},
 }};
 
-constexpr Rgb ColourOf(ColourRole role) { return kRoleColours[static_cast<std::size_t>(role)]; }
+constexpr Colour ColourOf(ColourRole role) { return kRoleColours[static_cast<std::size_t>(role)]; }
 
 /// The roles of one kind of line; a one-colour kind has the same twice.
 struct LineColours {

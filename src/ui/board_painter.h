@@ -7,6 +7,7 @@
 #include <array>
 
 #include "board/research_board.h"
+#include "ui/theme.h"
 
 class QPaintDevice;
 
@@ -14,8 +15,6 @@ namespace korvanta {
 
 /// The pictures of the four topics, top to bottom, and of the Golden Knowledge.
 using BoardPictures = std::array<QPixmap, kTopicRows + 1>;
-
-constexpr QColor ToQColor(TopicColour colour) { return {colour.red, colour.green, colour.blue}; }
 
 /// How far a box's focus ring reaches beyond its frame, in logical pixels.
 inline constexpr int kRingReach = 6;

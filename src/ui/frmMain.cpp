@@ -132,7 +132,7 @@ void frmMain::BindClient() {
   client_.chat_input.on_changed = [this] { RefreshChatInput(); };
   connect(btnSend, &QPushButton::clicked, this, [this] { client_.chat_input.SendChatLine(); });
   connect(cboSend->lineEdit(), &QLineEdit::returnPressed, btnSend, &QPushButton::click);
-  cboSend->lineEdit()->installEventFilter(this);
+  cboSend->installEventFilter(this);
   board->on_box_menu = [this](std::int16_t topic, std::int16_t level, QPoint global_pos) {
     ShowBoxMenu(topic, level, global_pos);
   };

@@ -12,8 +12,6 @@ namespace {
 constexpr int kMargin = theme::kUnit;
 constexpr int kCaretWidth = 2;
 
-QColor ToQColor(Rgb colour) { return {colour.red, colour.green, colour.blue}; }
-
 }  // namespace
 
 void MessageCanvas::SetFont(const QFont& font) {

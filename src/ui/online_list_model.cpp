@@ -8,6 +8,7 @@
 
 #include "protocol/field_reading.h"
 #include "ui/text.h"
+#include "ui/theme.h"
 
 namespace korvanta {
 namespace {
@@ -43,6 +44,7 @@ OnlineListModel::OnlineListModel(const OnlineList& list, QObject* parent)
       list_(list),
       marked_(QStringLiteral(":/pictures/marked.svg")),
       unmarked_(EmptyIcon()) {
+  name_font_.setBold(true);
   Sort();
 }
 
@@ -67,7 +69,9 @@ QVariant OnlineListModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
       return ToQString(is_name ? entry.name : entry.level);
     case Qt::ForegroundRole:
-      return is_name ? QColor(entry.colour.red, entry.colour.green, entry.colour.blue) : QVariant();
+      return is_name ? ToQColor(entry.colour) : QVariant();
+    case Qt::FontRole:
+      return is_name ? name_font_ : QVariant();
     case Qt::DecorationRole:
       return is_name ? (entry.marked ? marked_ : unmarked_) : QVariant();
     case Qt::AccessibleTextRole:

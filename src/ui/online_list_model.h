@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QFont>
 #include <QIcon>
 #include <cstddef>
 #include <vector>
@@ -39,6 +40,7 @@ class OnlineListModel : public QAbstractTableModel {
   std::vector<std::size_t> order_;
   int sort_column_ = -1;
   Qt::SortOrder sort_order_ = Qt::AscendingOrder;
+  QFont name_font_;  // bold: colours on light ground need the weight
   QIcon marked_;
   QIcon unmarked_;
 };

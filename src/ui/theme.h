@@ -5,7 +5,15 @@
 #include <QPalette>
 #include <QString>
 
+#include "lobby/colour.h"
+
 class QApplication;
+
+namespace korvanta {
+
+constexpr QColor ToQColor(Colour colour) { return {colour.red, colour.green, colour.blue}; }
+
+}  // namespace korvanta
 
 namespace korvanta::theme {
 

@@ -157,8 +157,8 @@ TEST_F(MessageViewTest, LinesSplitBehindTheirFirstColon) {
     MessageKind kind;
     std::string text;
     std::size_t head;
-    Rgb first;
-    Rgb second;
+    Colour first;
+    Colour second;
   };
   const Case cases[] = {
       {MessageKind::Chat, "Aster: hello", 6, {0, 0, 128}, {64, 64, 192}},

@@ -37,7 +37,8 @@ class frmMainTest : public testing::Test {
     EXPECT_NE(control, nullptr) << name;
     return *control;
   }
-  QLineEdit& ChatLine() { return *Get<QComboBox>("cboSend").lineEdit(); }
+  QComboBox& ChatBox() { return Get<QComboBox>("cboSend"); }
+  QLineEdit& ChatLine() { return *ChatBox().lineEdit(); }
   void LogIn() {
     platform.socket.Accept();
     Receive("[con]Ann\0011");
@@ -65,19 +66,19 @@ TEST_F(frmMainTest, TitleAndConnectItemFollowTheConnection) {
 
 TEST_F(frmMainTest, EnterAndTheButtonSendWhatWasTypedUpToTheLimit) {
   LogIn();
-  EXPECT_EQ(QApplication::focusWidget(), &ChatLine());
-  QTest::keyClicks(&ChatLine(), QStringLiteral("hello"));
-  QTest::keyClick(&ChatLine(), Qt::Key_Return);
+  EXPECT_EQ(QApplication::focusWidget(), &ChatBox());
+  QTest::keyClicks(&ChatBox(), QStringLiteral("hello"));
+  QTest::keyClick(&ChatBox(), Qt::Key_Return);
   EXPECT_THAT(platform.socket.TakeSent(), ElementsAre(Message("[ctc]c hello")));
   EXPECT_EQ(ChatLine().text(), QString());
 
   QPushButton& send = Get<QPushButton>("btnSend");
-  QTest::keyClicks(&ChatLine(), QString(251, QLatin1Char('x')));
+  QTest::keyClicks(&ChatBox(), QString(251, QLatin1Char('x')));
   EXPECT_FALSE(send.isEnabled());
-  QTest::keyClick(&ChatLine(), Qt::Key_Return);
+  QTest::keyClick(&ChatBox(), Qt::Key_Return);
   QTest::mouseClick(&send, Qt::LeftButton);
   EXPECT_THAT(platform.socket.TakeSent(), IsEmpty());
-  QTest::keyClick(&ChatLine(), Qt::Key_Backspace);
+  QTest::keyClick(&ChatBox(), Qt::Key_Backspace);
   EXPECT_TRUE(send.isEnabled());
   QTest::mouseClick(&send, Qt::LeftButton);
   EXPECT_THAT(platform.socket.TakeSent(), ElementsAre(Message("[ctc]c " + std::string(250, 'x'))));
@@ -85,12 +86,12 @@ TEST_F(frmMainTest, EnterAndTheButtonSendWhatWasTypedUpToTheLimit) {
 
 TEST_F(frmMainTest, ShortcutsGoBeforeTheEditingKeysOfTheChatLine) {
   LogIn();
-  QTest::keyClicks(&ChatLine(), QStringLiteral("kept"));
+  QTest::keyClicks(&ChatBox(), QStringLiteral("kept"));
   ChatLine().setCursorPosition(0);
-  QTest::keyClick(&ChatLine(), Qt::Key_K, Qt::ControlModifier);
+  QTest::keyClick(&ChatBox(), Qt::Key_K, Qt::ControlModifier);
   EXPECT_TRUE(client.options.mnuScrollLock);
   EXPECT_TRUE(Get<QAction>("mnuScrollLock").isChecked());
-  QTest::keyClick(&ChatLine(), Qt::Key_E, Qt::ControlModifier);
+  QTest::keyClick(&ChatBox(), Qt::Key_E, Qt::ControlModifier);
   EXPECT_THAT(platform.socket.TakeSent(), ElementsAre(Message("[jon]")));
   EXPECT_EQ(ChatLine().text(), QStringLiteral("kept"));
   EXPECT_EQ(ChatLine().cursorPosition(), 0);
