@@ -13,12 +13,9 @@
 namespace korvanta {
 namespace {
 
-/// Side of the mark, in logical pixels.
-constexpr int kMarkSize = 14;
-
 /// An empty picture of the mark's size, so that all names start at the same place.
 QIcon EmptyIcon() {
-  QPixmap pixmap(kMarkSize, kMarkSize);
+  QPixmap pixmap(OnlineListModel::kMarkSize, OnlineListModel::kMarkSize);
   pixmap.fill(Qt::transparent);
   return {pixmap};
 }

@@ -14,6 +14,9 @@ namespace korvanta {
 
 class OnlineListModel : public QAbstractTableModel {
  public:
+  /// Side of the mark, in logical pixels.
+  static constexpr int kMarkSize = 14;
+
   enum Column { Name, Level, ColumnCount };
 
   /// The list outlives the model; its `on_changed` stays with the owner, who calls `Rebuilt`.

@@ -18,6 +18,7 @@ OnlineListView::OnlineListView(OnlineList& list, QWidget* parent)
   setAccessibleName(QStringLiteral("Players online"));
   setModel(model_);
   setUniformRowHeights(true);
+  setIconSize({OnlineListModel::kMarkSize, OnlineListModel::kMarkSize});
   setRootIsDecorated(false);
   setItemsExpandable(false);
   setAllColumnsShowFocus(true);
