@@ -82,7 +82,7 @@ bool IsStandardHeader(std::string_view name) {
 /// The file that a quoted include means, looked for as the compiler does; empty when there is none.
 std::string Resolve(const Tree& tree, const std::string& path, const std::string& name) {
   for (const std::string& folder : {FolderOf(path), std::string("src/"), std::string()}) {
-    const std::string found = std::filesystem::path(folder + name).lexically_normal().string();
+    std::string found = std::filesystem::path(folder + name).lexically_normal().string();
     if (tree.contains(found)) {
       return found;
     }

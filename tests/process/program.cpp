@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <utility>
 
 namespace korvanta::process {
 namespace {
@@ -30,8 +31,8 @@ QString Made(const QString& folder) {
 
 }  // namespace
 
-Installation::Installation(const QString& server_address, const QString& program)
-    : program_(program) {
+Installation::Installation(const QString& server_address, QString program)
+    : program_(std::move(program)) {
   const QDir built(KORVANTA_PROGRAM_FOLDER);
   Made(folder_.filePath("program/sounds"));
   Copy(built.filePath("Korvanta"), program_file());

@@ -16,7 +16,7 @@ namespace korvanta::process {
 class Installation {
  public:
   /// The deployment values name `server_address`. `program` is the copy's file name.
-  explicit Installation(const QString& server_address, const QString& program = "Korvanta");
+  explicit Installation(const QString& server_address, QString program = "Korvanta");
 
   QString program_file() const;
   /// The bytes of the deployment file; HarnessError when it cannot be written.

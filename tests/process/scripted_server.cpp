@@ -3,6 +3,7 @@
 #include <QHostAddress>
 #include <algorithm>
 #include <arpa/inet.h>
+#include <cerrno>
 #include <fcntl.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
@@ -97,7 +98,9 @@ SilentServer::SilentServer()
   }
   for (int i = 0; i < 3; ++i) {
     waiting_.push_back(::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK, 0));
-    ::connect(waiting_.back(), where, sizeof place);
+    if (::connect(waiting_.back(), where, sizeof place) != 0 && errno != EINPROGRESS) {
+      throw HarnessError(QString("cannot fill the backlog of %1").arg(address_));
+    }
   }
 }
 

@@ -121,11 +121,21 @@ QString User::WaitForText(const Window& window, QPointF place, const QString& wh
 }
 
 void User::Photograph(const Window& window, const QString& file) const {
-  QDir().mkpath(QFileInfo(file).path());
-  Do("import", {"-window", window.id, file});
+  // A window that has just come is of one colour until it is drawn.
+  WaitUntil(QString("the window \"%1\" is drawn").arg(window.title), [&] {
+    const ToolResult pixels = RunTool("import", {"-window", window.id, "gray:-"}, environment_);
+    return !pixels.output.isEmpty() &&
+           pixels.output.count(pixels.output.front()) < pixels.output.size();
+  });
+  Save(window.id, file);
 }
 
-void User::PhotographScreen(const QString& file) const { Photograph({"root", {}}, file); }
+void User::PhotographScreen(const QString& file) const { Save("root", file); }
+
+void User::Save(const QString& window_id, const QString& file) const {
+  QDir().mkpath(QFileInfo(file).path());
+  Do("import", {"-window", window_id, file});
+}
 
 QString User::Do(const QString& program, const QStringList& arguments) const {
   const ToolResult result = RunTool(program, arguments, environment_);

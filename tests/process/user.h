@@ -50,6 +50,7 @@ class User {
   void PhotographScreen(const QString& file) const;
 
  private:
+  void Save(const QString& window_id, const QString& file) const;
   QString Do(const QString& program, const QStringList& arguments) const;
 
   QProcessEnvironment environment_;
