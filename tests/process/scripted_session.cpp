@@ -4,6 +4,7 @@
 /// korvanta-scripted-session FOLDER: where the pictures go.
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <iostream>
 
 #include "tests/process/player.h"
@@ -57,6 +58,8 @@ void Play(const User& user, Program& program, const QDir& pictures) {
 }
 
 int Run(const QDir& pictures) {
+  const QString failure = pictures.filePath("failure.png");
+  QFile::remove(failure);
   try {
     const VirtualDisplay display;
     const User user(display);
@@ -66,8 +69,8 @@ int Run(const QDir& pictures) {
     try {
       Play(user, program, pictures);
     } catch (const HarnessError&) {
-      user.PhotographScreen(pictures.filePath("failure.png"));
-      Tell("the screen as it was: " + pictures.filePath("failure.png"));
+      user.PhotographScreen(failure);
+      Tell("the screen as it was: " + failure);
       throw;
     }
   } catch (const HarnessError& error) {

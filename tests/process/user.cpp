@@ -117,6 +117,7 @@ QString User::WaitForText(const Window& window, QPointF place, const QString& wh
   } catch (const HarnessError& error) {
     throw HarnessError(QString("%1; it reads:\n%2").arg(error.what(), text));
   }
+  Press({"ctrl+End"});
   return text;
 }
 

@@ -41,7 +41,8 @@ class User {
 
   /// The text on the clipboard; empty when there is none.
   QString Clipboard() const;
-  /// Copies all of the text at `place`, again and again until `contents` is content with it.
+  /// Copies all of the text at `place`, again and again until `contents` is content with it. The
+  /// keyboard is then there, its caret at the text's end.
   QString WaitForText(const Window& window, QPointF place, const QString& what,
                       const std::function<bool(const QString&)>& contents) const;
 
