@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPointer>
 #include <QPushButton>
 #include <QStyledItemDelegate>
 #include <QToolButton>
@@ -82,10 +83,12 @@ frmLogin::frmLogin(LoginDialog& dialog, QWidget* owner) : QDialog(owner), dialog
   Connect();
   Refresh();
   FocusFirstNeeded();
-  dialog_.on_changed = [this] { Refresh(); };
+  dialog_.on_changed = [self = QPointer(this)] {
+    if (self) {
+      self->Refresh();
+    }
+  };
 }
-
-frmLogin::~frmLogin() { dialog_.on_changed = nullptr; }
 
 void frmLogin::Build() {
   setObjectName(QStringLiteral("frmLogin"));

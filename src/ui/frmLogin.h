@@ -21,7 +21,6 @@ class frmLogin : public QDialog {
  public:
   /// `dialog` outlives the window and tells it of changes until it is destroyed.
   frmLogin(LoginDialog& dialog, QWidget* owner);
-  ~frmLogin() override;
 
   void reject() override;
 

@@ -1,6 +1,7 @@
 #include "ui/frmNews.h"
 
 #include <QHBoxLayout>
+#include <QPointer>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -56,12 +57,14 @@ frmNews::frmNews(News& news, QWidget* owner)
   btnClose->setDefault(true);  // the dialog hears of it only from a button that it has
 
   connect(btnClose, &QPushButton::clicked, this, [this] { news_.window().Unload(); });
-  news_.on_changed = [this] { Refresh(); };
+  news_.on_changed = [self = QPointer(this)] {
+    if (self) {
+      self->Refresh();
+    }
+  };
   Refresh();
   rbNews->setFocus();
 }
-
-frmNews::~frmNews() { news_.on_changed = nullptr; }
 
 void frmNews::Refresh() {
   const QString text = ToQString(news_.rbNews());

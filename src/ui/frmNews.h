@@ -13,7 +13,6 @@ namespace korvanta {
 class frmNews : public SideWindow {
  public:
   frmNews(News& news, QWidget* owner);
-  ~frmNews() override;
 
  private:
   void Refresh();

@@ -2,6 +2,7 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QPointer>
 #include <QVBoxLayout>
 #include <limits>
 
@@ -37,7 +38,6 @@ frmStats::frmStats(Statistics& statistics, QWidget* owner)
       UserInput(new QLineEdit),
       btnLoad(new QPushButton(QStringLiteral("&Search User"))),
       frmUserData(new CaptionFrame),
-      fields_{},
       frmAward(new CaptionFrame),
       lstAwards(new PlainListView(QStringLiteral("Awards"))) {
   setObjectName(QStringLiteral("frmStats"));
@@ -47,12 +47,14 @@ frmStats::frmStats(Statistics& statistics, QWidget* owner)
   connect(UserInput, &QLineEdit::textEdited, this,
           [this](const QString& text) { statistics_.UserInputTyped(ToBytes(text)); });
   connect(btnLoad, &QPushButton::clicked, this, [this] { statistics_.SearchClicked(); });
-  statistics_.on_changed = [this] { Refresh(); };
+  statistics_.on_changed = [self = QPointer(this)] {
+    if (self) {
+      self->Refresh();
+    }
+  };
   Refresh();
   UserInput->setFocus();
 }
-
-frmStats::~frmStats() { statistics_.on_changed = nullptr; }
 
 void frmStats::LayOut() {
   NameControl(*UserInput, QStringLiteral("UserInput"), QStringLiteral("User name"));

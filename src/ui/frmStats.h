@@ -15,7 +15,6 @@ namespace korvanta {
 class frmStats : public SideWindow {
  public:
   frmStats(Statistics& statistics, QWidget* owner);
-  ~frmStats() override;
 
  private:
   void LayOut();
@@ -25,7 +24,7 @@ class frmStats : public SideWindow {
   QLineEdit* UserInput;
   QPushButton* btnLoad;
   CaptionFrame* frmUserData;
-  std::array<QLineEdit*, kStatisticsFields.size()> fields_;  ///< as kStatisticsFields
+  std::array<QLineEdit*, kStatisticsFields.size()> fields_{};  ///< as kStatisticsFields
   CaptionFrame* frmAward;
   PlainListView* lstAwards;
 };

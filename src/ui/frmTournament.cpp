@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QScreen>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -141,15 +142,17 @@ frmTournament::frmTournament(Tournament& tournament, QWidget* owner)
   TStrip->on_chosen = [this](int index) {
     tournament_.TabChosen(static_cast<TournamentTab>(index));
   };
-  tournament_.on_changed = [this] { Refresh(); };
+  tournament_.on_changed = [self = QPointer(this)] {
+    if (self) {
+      self->Refresh();
+    }
+  };
   Refresh();
   cmbTeam->setFocus();
   if (owner != nullptr) {
     CentreOver(*owner);
   }
 }
-
-frmTournament::~frmTournament() { tournament_.on_changed = nullptr; }
 
 QLineEdit* frmTournament::MakeBox(const char16_t* name, std::string TournamentTexts::*text) {
   auto* box = new QLineEdit;

@@ -36,7 +36,6 @@ class TabStrip : public QTabBar {
 class frmTournament : public SideWindow {
  public:
   frmTournament(Tournament& tournament, QWidget* owner);
-  ~frmTournament() override;
 
  private:
   QLineEdit* MakeBox(const char16_t* name, std::string TournamentTexts::*text);

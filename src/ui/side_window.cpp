@@ -1,6 +1,7 @@
 #include "ui/side_window.h"
 
 #include <QCloseEvent>
+#include <QLayout>
 #include <QLineEdit>
 #include <QResizeEvent>
 #include <algorithm>
@@ -38,7 +39,9 @@ void CaptionFrame::SetCaption(const QString& caption) {
   FitTitle();
 }
 
-QSize CaptionFrame::minimumSizeHint() const { return QWidget::minimumSizeHint(); }
+QSize CaptionFrame::minimumSizeHint() const {
+  return layout() == nullptr ? QSize() : layout()->totalMinimumSize();
+}
 
 void CaptionFrame::resizeEvent(QResizeEvent* event) {
   QGroupBox::resizeEvent(event);

@@ -11,8 +11,8 @@ class QWidget;
 
 namespace korvanta {
 
-/// `Form` is made as `new Form(plain, owner)` and sets `plain.on_changed`; the binding clears that
-/// when the window goes, so that a window on its way out never hears of changes.
+/// `Form` is made as `new Form(plain, owner)` and sets `plain.on_changed`, which the binding clears
+/// when the window goes: a window on its way out hears of nothing, and takes nothing from the next.
 template <typename Form, typename Plain>
 void BindWindow(Plain& plain, QWidget* owner) {
   const auto form = std::make_shared<QPointer<Form>>();

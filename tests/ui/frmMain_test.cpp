@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QTreeView>
@@ -144,6 +145,15 @@ TEST_F(frmMainTest, ResizingMovesNothing) {
     QApplication::processEvents();
     EXPECT_EQ(places(), before);
   }
+}
+
+TEST_F(frmMainTest, AWindowReopenedAtOnceHearsOfChanges) {
+  client.news.window().Show();
+  client.news.window().Unload();
+  client.news.window().Show();
+  QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  Receive("[nws]fresh");
+  EXPECT_EQ(Get<QPlainTextEdit>("rbNews").toPlainText(), QStringLiteral("fresh"));
 }
 
 TEST_F(frmMainTest, FitsASmallScreenWithItsPanels) {
