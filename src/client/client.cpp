@@ -81,15 +81,15 @@ void Client::CloseMainWindow() {
     connection.Disconnect();
   }
   const std::string trouble = modFiles::SaveSettings(settings, platform_.settings);
-  if (!trouble.empty()) {
-    platform_.message_box.Show(trouble, kApplicationTitle, MessageIcon::Exclamation);
-  }
   login_dialog.window().Unload();
   news.window().Unload();
   splash.window().Unload();
   statistics.window().Unload();
   tournament.window().Unload();
   platform_.socket.Drain();
+  if (!trouble.empty()) {
+    platform_.message_box.Show(trouble, kApplicationTitle, MessageIcon::Exclamation);
+  }
 }
 
 void Client::StartGameClock(std::int16_t seconds) { game_clock.StartGameClock(seconds); }

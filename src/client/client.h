@@ -51,7 +51,8 @@ class Client : private GameDisplay, private LobbyDisplay {
   bool StartUp();
 
   /// The closing of the main window, whatever asked for it: says goodbye to the server, saves the
-  /// settings, unloads the other windows, and lets what was sent leave. Only the first call counts.
+  /// settings, unloads the other windows, lets what was sent leave, and tells the user what could
+  /// not be saved. Only the first call counts.
   void CloseMainWindow();
 
  private:

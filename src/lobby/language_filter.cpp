@@ -15,7 +15,7 @@ constexpr char ToLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>
 }  // namespace
 
 const std::string_view modData::kFilterWords =
-    "Fuck;Shit;Cunt;Cock;Dick;Damn;Slut;Ass;Fag;Tit;Cum;Bitch;Whore;Pussy;Nigger;Bastard";
+    "Fuck;Shit;Cunt;Twat;Dick;Damn;Slut;Fag;Wog;Wop;Fuk;Bitch;Whore;Pussy;Nigger;Bastard";
 
 std::string modData::MaskFor(std::string_view word, char mask_character) {
   return std::string(word.size(), mask_character);

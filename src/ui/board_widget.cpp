@@ -24,20 +24,6 @@ constexpr QColor kHintColour{255, 255, 0};
 constexpr QColor kResearchColour{0, 255, 0};
 constexpr Qt::Alignment kRight = Qt::AlignRight | Qt::AlignVCenter;
 
-/// A box and its focus ring.
-QRect RingRect(int box) {
-  return BoxRect(box).adjusted(-kRingReach, -kRingReach, kRingReach, kRingReach);
-}
-
-/// Everything that a row's border widths change: its boxes and lines, and its line 4.
-QRegion RowRegion(std::size_t row) {
-  const QRect boxes = RingRect(BoxAt(row, 1)) | RingRect(BoxAt(row, kTopLevel));
-  const QRect last_line(
-      QPoint(boxes.right(), qMin(RowMiddle(row), PortOf(row)) - kReachedWidth),
-      QPoint(kGoldenBox.left(), qMax(RowMiddle(row), PortOf(row)) + kReachedWidth));
-  return QRegion(boxes) | last_line;
-}
-
 }  // namespace
 
 BoardWidget::BoardWidget(ResearchBoard& board, QWidget* parent) : QWidget(parent), board_(board) {
@@ -89,7 +75,7 @@ void BoardWidget::Refresh(BoardPart part) {
     ShowLine(*TickTime, ToQString(board_.TickTime()));
   } else {
     const auto row = static_cast<std::size_t>(part);
-    update(RowRegion(row));
+    update();  // parts of it would end inside device pixels at 125 and 150 %
     for (int level = 1; level <= kTopLevel; ++level) {
       TellBoxRenamed(*this, BoxAt(row, level));
     }
@@ -130,22 +116,15 @@ void BoardWidget::OpenBoxMenu(int box, QPoint global_pos) const {
   }
 }
 
-void BoardWidget::UpdateBox(int box) {
-  if (box >= 0) {
-    update(RingRect(box));
-  }
-}
-
 void BoardWidget::SetCurrentBox(int box) {
   if (box == current_) {
     return;
   }
-  UpdateBox(current_);
   current_ = box;
   if (box != kGoldenIndex) {
     last_row_ = RowOf(box);
   }
-  UpdateBox(current_);
+  update();
   if (hasFocus()) {
     TellBoxFocused(*this, current_);
   }
@@ -153,9 +132,8 @@ void BoardWidget::SetCurrentBox(int box) {
 
 void BoardWidget::SetHovered(int box) {
   if (box != hovered_) {
-    UpdateBox(hovered_);
     hovered_ = box;
-    UpdateBox(hovered_);
+    update();
   }
 }
 
@@ -171,14 +149,6 @@ bool BoardWidget::event(QEvent* event) {
     QToolTip::showText(help->globalPos(), BoxText(box), this, BoxRect(box));
   }
   return true;
-}
-
-void BoardWidget::mousePressEvent(QMouseEvent* event) {
-  const int box = BoxUnder(event->position().toPoint());
-  if (event->button() == Qt::LeftButton && box >= 0) {
-    SetCurrentBox(box);
-    setFocus(Qt::MouseFocusReason);
-  }
 }
 
 void BoardWidget::mouseReleaseEvent(QMouseEvent* event) {
@@ -236,7 +206,7 @@ void BoardWidget::keyPressEvent(QKeyEvent* event) {
 }
 
 void BoardWidget::focusInEvent(QFocusEvent* /*event*/) {
-  UpdateBox(current_);
+  update();
   // behind the toolkit's own word that the board as a whole has the focus
   QTimer::singleShot(0, this, [this] {
     if (hasFocus()) {
@@ -245,7 +215,7 @@ void BoardWidget::focusInEvent(QFocusEvent* /*event*/) {
   });
 }
 
-void BoardWidget::focusOutEvent(QFocusEvent* /*event*/) { UpdateBox(current_); }
+void BoardWidget::focusOutEvent(QFocusEvent* /*event*/) { update(); }
 
 const BoardPictures& BoardWidget::Pictures() {
   const qreal ratio = devicePixelRatioF();

@@ -36,7 +36,6 @@ class BoardWidget : public QWidget {
  protected:
   bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void leaveEvent(QEvent* event) override;
@@ -47,7 +46,6 @@ class BoardWidget : public QWidget {
  private:
   void Refresh(BoardPart part);
   void SetHovered(int box);
-  void UpdateBox(int box);
   int Neighbour(int key) const;
   /// Rendered once for each device pixel ratio.
   const BoardPictures& Pictures();

@@ -30,6 +30,12 @@ constexpr QSize kContentSize{1120, 660};
 constexpr int kOnlineListWidth = 316;
 constexpr int kSendWidth = 112;
 
+/// With its first item ready for Enter.
+void OpenMenu(QMenu& menu, QPoint global_pos) {
+  menu.popup(global_pos);
+  menu.setActiveAction(menu.actions().constFirst());
+}
+
 }  // namespace
 
 frmMain::frmMain(Client& client) : client_(client) {
@@ -133,12 +139,18 @@ void frmMain::BindClient() {
   connect(btnSend, &QPushButton::clicked, this, [this] { client_.chat_input.SendChatLine(); });
   connect(cboSend->lineEdit(), &QLineEdit::returnPressed, btnSend, &QPushButton::click);
   cboSend->installEventFilter(this);
+  rbMessages->installEventFilter(this);
   board->on_box_menu = [this](std::int16_t topic, std::int16_t level, QPoint global_pos) {
     ShowBoxMenu(topic, level, global_pos);
   };
   lstOnline->on_menu = [this](QPoint global_pos) { ShowPlayerMenu(global_pos); };
 
   BindWindow<frmLogin>(client_.login_dialog, this);
+  WindowLife& login = client_.login_dialog.window();
+  login.on_unload = [this, unload = login.on_unload] {
+    unload();
+    cboSend->setFocus();
+  };
   BindWindow<frmStats>(client_.statistics, this);
   BindWindow<frmNews>(client_.news, this);
   BindWindow<frmTournament>(client_.tournament, this);
@@ -159,12 +171,12 @@ void frmMain::RefreshChatInput() {
 
 void frmMain::ShowBoxMenu(std::int16_t topic, std::int16_t level, QPoint global_pos) {
   client_.board_actions.BoxRightClicked(topic, level);
-  mPopMenu->popup(global_pos);
+  OpenMenu(*mPopMenu, global_pos);
 }
 
 void frmMain::ShowPlayerMenu(QPoint global_pos) {
   if (client_.board_actions.PlayerRightClicked()) {
-    mnuWarMenu->popup(global_pos);
+    OpenMenu(*mnuWarMenu, global_pos);
   }
 }
 
@@ -174,7 +186,8 @@ void frmMain::closeEvent(QCloseEvent* event) {
   QApplication::quit();
 }
 
-/// A menu's shortcut goes before the editing keys of the chat line, some of which are the same.
+/// A menu's shortcut goes before the editing keys of the chat line and the message view, some of
+/// which are the same.
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::ShortcutOverride &&
       IsMenuShortcut(*static_cast<QKeyEvent*>(event))) {

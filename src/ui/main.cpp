@@ -58,12 +58,20 @@ int RunClient(const QString& folder, const QString& program_name,
 
   std::unique_ptr<frmSplash> splash;
   std::unique_ptr<frmMain> main_window;
+  const auto load_main_window = [&] {
+    if (!main_window) {
+      main_window = std::make_unique<frmMain>(client);
+    }
+  };
   client.splash.window().on_show = [&] {
     splash = std::make_unique<frmSplash>(client.splash);
-    new AfterFirstPaint(*splash, [&] { main_window = std::make_unique<frmMain>(client); });
+    new AfterFirstPaint(*splash, load_main_window);
     splash->show();
   };
-  client.splash.window().on_unload = [&] { splash->hide(); };
+  client.splash.window().on_unload = [&] {
+    load_main_window();  // a splash on a part of the desktop that nobody looks at is never painted
+    splash->hide();
+  };
   if (!client.StartUp()) {
     return 0;
   }

@@ -90,12 +90,13 @@ void MessageCanvas::Paint(QPainter& painter, std::size_t top, bool focused) {
     }
     start = row.next;
   }
-  // Without Scroll Lock lines go to the end whatever the caret; it then only serves the keyboard.
-  if (view_.IsScrollLocked() || focused) {
-    if (auto caret = CaretRect(view_.caret(), top)) {
-      caret->setWidth(view_.IsScrollLocked() ? kCaretWidth : 1);
-      painter.fillRect(*caret, theme::kInk);
-    }
+  auto caret = CaretRect(view_.caret(), top);
+  if (caret && view_.IsScrollLocked()) {
+    painter.fillRect(*caret, theme::kInk);
+  } else if (caret && focused && caret->bottom() < size_.height()) {
+    // Lines go to the end whatever the caret; it only serves the keyboard.
+    caret->setWidth(1);
+    painter.fillRect(*caret, theme::kInk);
   }
 }
 

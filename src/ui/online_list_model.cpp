@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "protocol/field_reading.h"
+#include "ui/side_window.h"
 #include "ui/text.h"
 #include "ui/theme.h"
 
@@ -71,6 +72,8 @@ QVariant OnlineListModel::data(const QModelIndex& index, int role) const {
       return is_name ? name_font_ : QVariant();
     case Qt::DecorationRole:
       return is_name ? (entry.marked ? marked_ : unmarked_) : QVariant();
+    case Qt::ToolTipRole:
+      return PlainToolTip(ToQString(is_name ? entry.name : entry.level));
     case Qt::AccessibleTextRole:
       return is_name && entry.marked ? ToQString(entry.name) + QStringLiteral(", marked")
                                      : ToQString(is_name ? entry.name : entry.level);

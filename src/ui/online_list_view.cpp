@@ -2,13 +2,27 @@
 
 #include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMouseEvent>
+#include <QStyledItemDelegate>
 #include <optional>
 
 namespace korvanta {
 namespace {
 
 constexpr int kLevelColumnWidth = 84;
+
+/// Draws selected texts in the colours of the others.
+class OwnColourDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->palette.setColor(QPalette::HighlightedText, option->palette.color(QPalette::Text));
+  }
+};
 
 }  // namespace
 
@@ -17,6 +31,7 @@ OnlineListView::OnlineListView(OnlineList& list, QWidget* parent)
   setObjectName(QStringLiteral("lstOnline"));
   setAccessibleName(QStringLiteral("Players online"));
   setModel(model_);
+  setItemDelegate(new OwnColourDelegate(this));
   setUniformRowHeights(true);
   setIconSize({OnlineListModel::kMarkSize, OnlineListModel::kMarkSize});
   setRootIsDecorated(false);
@@ -53,15 +68,24 @@ bool OnlineListView::viewportEvent(QEvent* event) {
       }
       break;
     case QEvent::ContextMenu:
-      if (static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard) {
-        AskForMenu(CurrentEntryPosition());
-      }
-      return true;
+      return true;  // the button's release asks for the menu
     default:
       break;
   }
   return QTreeView::viewportEvent(event);
 }
+
+void OnlineListView::keyPressEvent(QKeyEvent* event) {
+  const bool shift_f10 = event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier;
+  if (event->key() == Qt::Key_Menu || shift_f10) {
+    AskForMenu(CurrentEntryPosition());
+  } else {
+    QTreeView::keyPressEvent(event);
+  }
+}
+
+/// The keys ask for the menu themselves; the toolkit's own request would be the second.
+void OnlineListView::contextMenuEvent(QContextMenuEvent* event) { event->accept(); }
 
 bool OnlineListView::IsRightButtonBelowEntries(const QMouseEvent& event) const {
   return event.button() == Qt::RightButton && !indexAt(event.position().toPoint()).isValid();

@@ -67,9 +67,8 @@ void NameControl(QWidget& control, const QString& name, const QString& accessibl
 }
 
 void ShowText(QLineEdit& box, std::string_view text) {
-  const QString shown = ToQString(text);
-  if (box.text() != shown) {
-    box.setText(shown);
+  if (ToBytes(box.text()) != text) {
+    box.setText(ToQString(text));
     box.setCursorPosition(0);
   }
 }

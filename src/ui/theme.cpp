@@ -58,7 +58,7 @@ QMenu::item:selected { background: @chromeBorder; color: @goldText; }
 QMenu::item:disabled { color: @mutedText; }
 QMenu::separator { height: 1px; background: @chromeBorder; margin: 4px 8px; }
 QPushButton { background: @chromeRaised; color: @chromeText; border: 1px solid @chromeBorder;
-              border-radius: 4px; padding: 6px 16px; min-height: 18px; }
+              border-radius: 4px; padding: 6px 16px; min-height: 18px; outline: none; }
 QPushButton:default { border-color: @gold; color: @goldText; }
 QPushButton:hover { background: @chromeBorder; }
 QPushButton:focus { border: 2px solid @gold; padding: 5px 15px; }
@@ -94,8 +94,12 @@ QAbstractScrollArea#rbMessages { background: @paper; border: 1px solid @chromeBo
               padding: 1px; }
 QAbstractScrollArea#rbMessages:focus { border: 2px solid @gold; padding: 0; }
 QTreeView::item { padding: 3px 4px; border: none; }
-QTreeView::item:selected { background: @selection; color: @ink; }
+QTreeView::item:selected { background: @selection; }
 QHeaderView { background: @paperHeader; border: none; }
+QHeaderView::up-arrow { image: url(:/pictures/sort_up.svg); width: 9px; height: 9px;
+              subcontrol-origin: padding; subcontrol-position: center right; right: 8px; }
+QHeaderView::down-arrow { image: url(:/pictures/sort_down.svg); width: 9px; height: 9px;
+              subcontrol-origin: padding; subcontrol-position: center right; right: 8px; }
 QHeaderView::section { background: @paperHeader; color: @ink; border: none; padding: 5px 8px; }
 QTabWidget::pane { border: 1px solid @chromeBorder; border-radius: 6px; }
 QTabBar::tab { background: @chrome; color: @mutedText; padding: 7px 18px; border: 1px solid transparent;

@@ -34,7 +34,10 @@ class ClientTest : public testing::Test {
   std::vector<std::string> TakeEvents() { return std::exchange(events, {}); }
 
   void Click(std::string_view name) {
-    for (const Menu& menu : MenuBar()) {
+    std::vector<Menu> menus(MenuBar().begin(), MenuBar().end());
+    menus.push_back(PopMenu());
+    menus.push_back(WarMenu());
+    for (const Menu& menu : menus) {
       for (const MenuItem& item : menu.items) {
         if (item.name == name) {
           client.main_window.menus.Click(item);
@@ -114,6 +117,7 @@ TEST_F(ClientTest, ClosingSaysGoodbyeSavesAndUnloadsInOrder) {
   TakeEvents();
   Click("mnuScrollLock");
   client.main_window.on_close = [this] { client.CloseMainWindow(); };
+  platform.settings.on_save = [this] { EXPECT_EQ(platform.socket.sent.size(), 1U); };
 
   Click("mnuExit");
   EXPECT_THAT(platform.socket.TakeSent(), ElementsAre(Message("[dis]")));
@@ -132,7 +136,11 @@ TEST_F(ClientTest, ClosingSaysGoodbyeSavesAndUnloadsInOrder) {
 TEST_F(ClientTest, ClosingUnconnectedSendsNothingAndTellsWhatCouldNotBeSaved) {
   ASSERT_TRUE(client.StartUp());
   platform.settings.commit_error = "The settings could not be saved.";
+  platform.socket.connected = true;
+  client.news.window().Show();
+  TakeEvents();
   client.CloseMainWindow();
+  EXPECT_THAT(TakeEvents(), ElementsAre("news gone", "splash gone"));
   EXPECT_THAT(platform.socket.TakeSent(), IsEmpty());
   EXPECT_THAT(platform.message_box.shown,
               ElementsAre("Korvanta: The settings could not be saved."));
@@ -193,6 +201,28 @@ TEST_F(ClientTest, TheConnectItemLogsInAndOut) {
   EXPECT_EQ(ViewText(), "Connecting as alice...\r\nConnected as Alice\r\nDisconnected\r\n");
   Click("mnuClear");
   EXPECT_EQ(ViewText(), "");
+}
+
+TEST_F(ClientTest, EveryOtherItemDoesWhatItSays) {
+  ASSERT_TRUE(client.StartUp());
+  LogIn("1");
+  client.board_actions.BoxRightClicked(2, 3);
+  client.board_actions.SelectedPlayer = "Bob";
+  platform.message_box.answers = {true};
+  for (const char* item : {"mResearch", "mnuInfo", "mnuAttack", "mAlliance", "mnuCity"}) {
+    Click(item);
+  }
+  EXPECT_THAT(platform.socket.TakeSent(),
+              ElementsAre(Message("[upg]2\0013\001"), Message("[inf]2"), Message("[att]Bob"),
+                          Message("[aly]Bob"), Message("[jon]")));
+  Click("mnuLookup");
+  Click("mInfo");
+  EXPECT_THAT(platform.socket.TakeSent(), ElementsAre(Message("[bre]Alice"), Message("[bre]Bob")));
+
+  int scroll_lock_changes = 0;
+  client.message_view.on_changed = [&](const MessageView::Change&) { ++scroll_lock_changes; };
+  Click("mnuScrollLock");
+  EXPECT_EQ(scroll_lock_changes, 1);
 }
 
 TEST_F(ClientTest, BothHelpItemsOpenTheHomepage) {

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <stdexcept>
@@ -92,6 +93,9 @@ class MemorySettings : public SettingsStore {
   void Save(std::string_view section, std::string_view key, std::string_view text) override {
     writes.push_back(Name(section, key));
     entries[writes.back()] = text;
+    if (on_save) {
+      on_save();
+    }
   }
   std::string Commit() override {
     ++commits;
@@ -105,6 +109,7 @@ class MemorySettings : public SettingsStore {
   std::map<std::string, std::string> entries;  ///< by "Section > Key"
   std::vector<std::string> reads;
   std::vector<std::string> writes;
+  std::function<void()> on_save;
   int commits = 0;
   std::string commit_error;
 };

@@ -11,9 +11,12 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST(Menus, TheBarReadsAsWritten) {
+TEST(Menus, EveryMenuReadsAsWritten) {
   std::vector<std::string> lines;
-  for (const Menu& menu : MenuBar()) {
+  std::vector<Menu> menus(MenuBar().begin(), MenuBar().end());
+  menus.push_back(PopMenu());
+  menus.push_back(WarMenu());
+  for (const Menu& menu : menus) {
     lines.emplace_back(menu.caption);
     for (const MenuItem& item : menu.items) {
       lines.push_back("  " + std::string(item.name) + " " + std::string(item.caption) +
@@ -32,7 +35,9 @@ TEST(Menus, TheBarReadsAsWritten) {
                   "  mnuFilter Language Filter Ctrl+F [option]", "  mnuClear Clear Window F6",
                   "  mnuSplit9 -", "  mnuLogins Ignore Logins [option]", "&Help",
                   "  mnuHelpSite Korvanta Help F2", "  mnuNews News F3", "  mnuSplit3 -",
-                  "  mnuHomepage Homepage F8"));
+                  "  mnuHomepage Homepage F8", "PopMenu", "  mResearch Research This",
+                  "  mnuInfo Information", "WarMenu", "  mnuAttack Attack Player",
+                  "  mInfo Statistics", "  mAlliance Form Alliance"));
 }
 
 TEST(Menus, EachOptionTogglesItsOwnCheckMarkAndNothingElse) {

@@ -109,6 +109,39 @@ TEST_F(StatisticsTest, AReplyCreatesTheWindowUnseenAndAsksForTheOwnRecord) {
   EXPECT_EQ(state().frmUserData, "Statistics for 'Ann'");
 }
 
+TEST_F(StatisticsTest, EveryAwardCodeHasItsLine) {
+  const std::vector<std::string_view> lines = {
+      "Gold Award - 1,000,000 Total Score",
+      "Silver Award - 500,000 Total Score",
+      "Purple Award - 250,000 Total Score",
+      "Green Award - 100,000 Total Score",
+      "Blue Award - 50,000 Total Score",
+      "Red Award - 10,000 Total Score",
+      "Overlord Ace Award - 1,000 Wins",
+      "Master Ace Award - 500 Wins",
+      "Pro Ace Award - 100 Wins",
+      "Ace Award - 10 Wins",
+      "Winner Award - 1 Win",
+      "Devastation Award - 5,000 Research Destroyed",
+      "Carnage Award - 1,000 Research Destroyed",
+      "Massacre Award - 250 Research Destroyed",
+      "Ruin Award - 100 Research Destroyed",
+      "Wreckage Award - 50 Research Destroyed",
+      "Fortification Award - 1,000 Blocks",
+      "Restraint Award - 500 Blocks",
+      "Blockade Award - 100 Blocks",
+      "Barrier Award - 25 Blocks",
+      "Orange Award - 1,000 Total Score",
+      "Light Blue Award - 25,000 Total Score",
+      "Obstacle Award - 50 Blocks",
+      "No awards for this user!",
+  };
+  for (std::size_t code = 1; code <= lines.size() + 1; ++code) {
+    modData::AddAward(statistics, std::to_string(code));
+  }
+  EXPECT_EQ(state().lstAwards, lines);
+}
+
 TEST_F(StatisticsTest, AwardCodesAreReadLenientlyThenComparedStrictly) {
   struct Case {
     const char* codes;

@@ -45,8 +45,13 @@ TEST_F(ProcessTest, LogsInChatsAndLeaves) {
   player.WaitForState("Connected");
   player.WaitForMessage("Aster: hail");
 
+  user_.Press({"ctrl+e"});  // the message view has the keyboard, and a use of its own for this key
+  server.Expect(Bytes("[jon]\0"));
+
   player.Say("hello");
   server.Expect(Bytes("[ctc]c hello\0"));
+  user_.Press({"ctrl+e"});  // likewise the chat line
+  server.Expect(Bytes("[jon]\0"));
   player.Say("/who all");
   server.Expect(Bytes("[ctc]who all\0"));
 

@@ -134,15 +134,18 @@ TEST_F(ConnectionTest, ASecondAttemptStartsCountingAgain) {
   EXPECT_THAT(chat.Take(), ElementsAre("3|No connection can be made", "3|Disconnected"));
 }
 
-TEST_F(ConnectionTest, AClosedHandshakeShowsDisconnectedAndLeavesTheTimer) {
+TEST_F(ConnectionTest, AClosedEventShowsDisconnectedAndLeavesTheTimer) {
   connection.StartConnection();
-  socket.Accept();
+  Ticks(3);
   chat.Take();
-  display.Take();
   socket.Hangup();
   EXPECT_THAT(chat.Take(), ElementsAre("3|Disconnected"));
   EXPECT_THAT(display.Take(),
               ElementsAre("caption=Connect", "title=Korvanta - v1.6 - Disconnected"));
+  Ticks(4);
+  EXPECT_THAT(chat.Take(), IsEmpty());
+  Ticks(1);
+  EXPECT_THAT(chat.Take(), ElementsAre("3|No connection can be made", "3|Disconnected"));
 }
 
 }  // namespace

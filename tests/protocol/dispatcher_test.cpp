@@ -54,7 +54,7 @@ class DispatcherTest : public testing::Test {
 
 TEST_F(DispatcherTest, EveryTagReachesItsHandlerWithItsPayload) {
   Receive({"[con]Ann\00112", "[log]Bob logged in", "[cap]whatever", "[tim]90abc", "[sou]3",
-           "[bre]b", "[end]", "[upg]2\0013", "[clr]x", "[clt]", "[poi]2.5", "[att]4\0011",
+           "[bre]b", "[end]", "[upg]2x\0013abc", "[clr]x", "[clt]", "[poi]2.5", "[att]4\0011",
            "[msg]cht\001Ann: hi\001True", "[nws]n\r\nm", "[onl]o", "[tif]i", "[ttm]t", "[tdd]d"});
   EXPECT_THAT(chat.Take(), ElementsAre("3|Connected as Ann", "3|Bob logged in", "0|Ann: hi"));
   EXPECT_THAT(game.Take(), ElementsAre("clock 90", "clock 0", "light 2 3", "reset", "reset",

@@ -85,19 +85,6 @@ TEST_F(frmMainTest, EnterAndTheButtonSendWhatWasTypedUpToTheLimit) {
   EXPECT_THAT(platform.socket.TakeSent(), ElementsAre(Message("[ctc]c " + std::string(250, 'x'))));
 }
 
-TEST_F(frmMainTest, ShortcutsGoBeforeTheEditingKeysOfTheChatLine) {
-  LogIn();
-  QTest::keyClicks(&ChatBox(), QStringLiteral("kept"));
-  ChatLine().setCursorPosition(0);
-  QTest::keyClick(&ChatBox(), Qt::Key_K, Qt::ControlModifier);
-  EXPECT_TRUE(client.options.mnuScrollLock);
-  EXPECT_TRUE(Get<QAction>("mnuScrollLock").isChecked());
-  QTest::keyClick(&ChatBox(), Qt::Key_E, Qt::ControlModifier);
-  EXPECT_THAT(platform.socket.TakeSent(), ElementsAre(Message("[jon]")));
-  EXPECT_EQ(ChatLine().text(), QStringLiteral("kept"));
-  EXPECT_EQ(ChatLine().cursorPosition(), 0);
-}
-
 TEST_F(frmMainTest, ChecksShowTheOptionsAndASecondClickTakesThemBack) {
   for (const auto& [name, option] :
        {std::pair{"mAuto", &Options::mAuto}, std::pair{"mnuAutoChat", &Options::mnuAutoChat},
@@ -157,8 +144,13 @@ TEST_F(frmMainTest, AWindowReopenedAtOnceHearsOfChanges) {
 }
 
 TEST_F(frmMainTest, FitsASmallScreenWithItsPanels) {
-  EXPECT_LE(window.sizeHint().width(), 1120);
+  EXPECT_LE(window.width(), 1120);
   EXPECT_LE(window.height(), 690);
+  for (const char* name : {"cboSend", "lstOnline"}) {
+    const QWidget& control = Get<QWidget>(name);
+    const QPoint corner = control.mapTo(&window, control.rect().bottomRight());
+    EXPECT_TRUE(window.rect().contains(corner)) << name;
+  }
 }
 
 TEST_F(frmMainTest, ClosingTheWindowRunsTheClosingSteps) {

@@ -6,6 +6,8 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 #include <charconv>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "ui/text.h"
@@ -64,6 +66,14 @@ QString FreeNameAside(const QString& file) {
   return name;
 }
 
+/// Gives the file a second name, under which it stays when the first is replaced.
+bool KeepAside(const QString& file) {
+  const QString aside = FreeNameAside(file);
+  std::error_code error;
+  std::filesystem::create_hard_link(file.toStdU16String(), aside.toStdU16String(), error);
+  return !error || QFile::copy(file, aside);
+}
+
 std::string Failure(const QString& file, const QString& reason) {
   return ToBytes(
       QStringLiteral("The settings could not be saved in \"%1\": %2.").arg(file, reason));
@@ -103,11 +113,14 @@ std::string IniSettingsStore::Commit() {
       file.write(text.data(), size) != size || !file.flush()) {
     return Failure(file_, file.errorString());
   }
-  if (is_damaged_ && !QFile::rename(file_, FreeNameAside(file_))) {
-    return Failure(file_, QStringLiteral("the damaged file there cannot be renamed"));
+  if (is_damaged_ && !KeepAside(file_)) {
+    return Failure(file_, QStringLiteral("the damaged file there cannot be kept aside"));
+  }
+  if (!file.commit()) {
+    return Failure(file_, file.errorString());
   }
   is_damaged_ = false;
-  return file.commit() ? std::string() : Failure(file_, file.errorString());
+  return {};
 }
 
 void IniSettingsStore::Load() {

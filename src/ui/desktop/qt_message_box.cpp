@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QPointer>
 
 #include "ui/text.h"
 
@@ -26,31 +27,39 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
   return QMessageBox::NoIcon;
 }
 
-void SetUp(QMessageBox& box, std::string_view text, std::string_view title) {
-  box.setWindowModality(Qt::ApplicationModal);
-  box.setWindowTitle(ToQString(title));
-  box.setAccessibleName(ToQString(title));
-  box.setTextFormat(Qt::PlainText);
-  box.setText(QtMessageBox::Fit(ToQString(text)));
+/// Shows the box above the active window and gives the keyboard back to that window afterwards.
+int Execute(std::string_view text, std::string_view title, QMessageBox::Icon icon,
+            QMessageBox::StandardButtons buttons) {
+  const QPointer<QWidget> owner = QApplication::activeWindow();
+  const QPointer<QMessageBox> box = new QMessageBox(owner);
+  box->setWindowModality(Qt::ApplicationModal);
+  box->setWindowTitle(ToQString(title));
+  box->setAccessibleName(ToQString(title));
+  box->setTextFormat(Qt::PlainText);
+  box->setText(QtMessageBox::Fit(ToQString(text)));
+  box->setIcon(icon);
+  box->setStandardButtons(buttons);
+  if (buttons.testFlag(QMessageBox::No)) {
+    box->setDefaultButton(QMessageBox::Yes);
+    box->setEscapeButton(QMessageBox::No);
+  }
+  const int answer = box->exec();
+  delete box;  // null when its owner went meanwhile
+  if (owner) {
+    owner->activateWindow();
+  }
+  return answer;
 }
 
 }  // namespace
 
 void QtMessageBox::Show(std::string_view text, std::string_view title, MessageIcon icon) {
-  QMessageBox box(QApplication::activeWindow());
-  SetUp(box, text, title);
-  box.setIcon(IconOf(icon));
-  box.setStandardButtons(QMessageBox::Ok);
-  box.exec();
+  Execute(text, title, IconOf(icon), QMessageBox::Ok);
 }
 
 bool QtMessageBox::Ask(std::string_view text, std::string_view title) {
-  QMessageBox box(QApplication::activeWindow());
-  SetUp(box, text, title);
-  box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-  box.setDefaultButton(QMessageBox::Yes);
-  box.setEscapeButton(QMessageBox::No);
-  return box.exec() == QMessageBox::Yes;
+  return Execute(text, title, QMessageBox::NoIcon, QMessageBox::Yes | QMessageBox::No) ==
+         QMessageBox::Yes;
 }
 
 QString QtMessageBox::Fit(const QString& text) {
