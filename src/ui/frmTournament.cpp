@@ -112,7 +112,7 @@ frmTournament::frmTournament(Tournament& tournament, QWidget* owner)
       MaxPlayers(MakeBox(u"MaxPlayers", &TournamentTexts::MaxPlayers)),
       Command1(MakeButton(u"Command1", u"&Start Tournament", &Tournament::StartTournamentClicked)),
       Command2(
-          MakeButton(u"Command2", u"Set Tournament &Game", &Tournament::SetTournamentGameClicked)),
+          MakeButton(u"Command2", u"Set To&urnament Game", &Tournament::SetTournamentGameClicked)),
       Command3(MakeButton(u"Command3", u"E&nd Tournament", &Tournament::EndTournamentClicked)) {
   setObjectName(QStringLiteral("frmTournament"));
   setWindowTitle(QStringLiteral("Tournament Window"));
