@@ -11,6 +11,12 @@
 
 namespace korvanta::process {
 
+/// Bytes of a literal, its NULs included.
+template <std::size_t kSize>
+QByteArray Bytes(const char (&literal)[kSize]) {
+  return {literal, static_cast<qsizetype>(kSize - 1)};
+}
+
 class ProcessTest : public testing::Test {
  protected:
   void TearDown() override {

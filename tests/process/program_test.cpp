@@ -6,12 +6,6 @@
 namespace korvanta::process {
 namespace {
 
-/// Bytes of a literal, its NULs included.
-template <std::size_t kSize>
-QByteArray Bytes(const char (&literal)[kSize]) {
-  return {literal, static_cast<qsizetype>(kSize - 1)};
-}
-
 /// The end of what the message view holds.
 testing::AssertionResult EndsWith(const QString& text, const QString& end) {
   if (text.trimmed().endsWith(end)) {

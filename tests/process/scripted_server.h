@@ -30,6 +30,9 @@ class ScriptedServer {
   const QByteArray& unread();
   void Send(const QByteArray& bytes);
 
+  /// Leaves everything that the client sends from now on in the system's buffers.
+  void StopReading() { Client().setReadBufferSize(1); }
+
   /// Ends the connection in order, after everything sent.
   void Close();
   /// Ends it by a reset.
