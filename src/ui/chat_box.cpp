@@ -20,8 +20,7 @@ constexpr int kRemainingWidth = 5 * theme::kUnit;
 
 }  // namespace
 
-ChatBox::ChatBox(ChatInput& input, QWidget* parent)
-    : QComboBox(parent), input_(input), lblRemaining(nullptr) {
+ChatBox::ChatBox(ChatInput& input, QWidget* parent) : QComboBox(parent), input_(input) {
   setObjectName(QStringLiteral("cboSend"));
   setAccessibleName(QStringLiteral("Chat line"));
   setEditable(true);

@@ -27,7 +27,7 @@ class ChatBox : public QComboBox {
   void RefreshRemaining();
 
   ChatInput& input_;
-  QLabel* lblRemaining;
+  QLabel* lblRemaining = nullptr;
 };
 
 }  // namespace korvanta

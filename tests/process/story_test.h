@@ -48,11 +48,11 @@ class StoryTest : public ProcessTest {
     user_.WaitUntilGone(box);
   }
 
-  /// Chooses the item of the popup menu that so many presses of Down reach, once it is open.
+  /// Chooses an item of the popup menu, counted from 1, once it is open; the first one is ready.
   void ChooseItem(int position, const QString& picture) {
     const Window menu = WaitFor("Korvanta");  // no title of its own
     Keep(picture);
-    user_.Press(QStringList(position, "Down") + QStringList("Return"));
+    user_.Press(QStringList(position - 1, "Down") + QStringList("Return"));
     user_.WaitUntilGone(menu);
   }
 
