@@ -10,7 +10,7 @@
 namespace korvanta {
 namespace {
 
-using std::chrono_literals::operator""ms;
+using namespace std::chrono_literals;
 
 class GameClockTest : public testing::Test {
  protected:
