@@ -11,7 +11,8 @@ class ClosingStory : public StoryTest {};
 TEST_F(ClosingStory, SaysGoodbyeSavesAndTakesEveryWindowAlong) {
   Start();
   user_.Activate(player_->login_dialog());
-  user_.Press({"alt+v", "alt+u"});  // "Save Password" on, then back to the user name
+  // "Save Password" on, then back to the user name.
+  user_.Press({"Tab", "Tab", "Tab", "space", "alt+u"});
   Login("90");
   player_->Choose("ctrl+k");
   for (const auto& [shortcut, title] : {std::pair{"F3", "News"},
