@@ -31,10 +31,19 @@ TEST(Pictures, EachIsLegibleOnItsGroundFromSixteenPixelsUp) {
     double least_share = 0.04;
   };
   const std::vector<Case> cases = {
-      {"military", Qt::black},     {"industry", Qt::black},         {"population", Qt::black},
-      {"defense", Qt::black},      {"golden_knowledge", Qt::black}, {"korvanta", Qt::black},
-      {"splash", Qt::black, 0.01}, {"remove_user", theme::kChrome}, {"marked", theme::kPaper},
-      {"check", theme::kPaper},    {"drop_down", theme::kPaper},
+      {"military", Qt::black},
+      {"industry", Qt::black},
+      {"population", Qt::black},
+      {"defense", Qt::black},
+      {"golden_knowledge", Qt::black},
+      {"korvanta", Qt::black},
+      {"splash", Qt::black, 0.01},
+      {"remove_user", theme::kChrome},
+      {"marked", theme::kPaper},
+      {"check", theme::kPaper},
+      {"drop_down", theme::kPaper},
+      {"sort_up", theme::kPaperHeader},
+      {"sort_down", theme::kPaperHeader},
   };
   QSet<QString> seen;
   for (const Case& each : cases) {
