@@ -16,7 +16,6 @@ void modData::AppendMessage(MessageView& view, std::string_view text, MessageKin
   view.Insert(text.substr(0, head), first);
   view.Insert(text.substr(head), second);
   view.Insert("\r\n", second);
-  ++view.lines_written_;
   view.Tell({MessageView::Change::What::Inserted, place, view.caret_ - place});
 }
 

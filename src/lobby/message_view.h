@@ -4,7 +4,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -57,9 +56,6 @@ class MessageView final : public ChatOutput {
   const ColouredText& text() const { return text_; }
   std::size_t size() const { return text_.size(); }
 
-  /// Lines written since the view was made, cleared ones included.
-  std::uint64_t lines_written() const { return lines_written_; }
-
   bool IsScrollLocked() const { return options_.mnuScrollLock; }
 
   /// The option was switched: tells the listener. It has no effect on the text.
@@ -95,7 +91,6 @@ class MessageView final : public ChatOutput {
   ColouredText text_;
   std::size_t anchor_ = 0;
   std::size_t caret_ = 0;
-  std::uint64_t lines_written_ = 0;
 };
 
 }  // namespace korvanta

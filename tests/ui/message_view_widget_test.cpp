@@ -45,9 +45,11 @@ struct MessageViewWidgetTest : testing::Test {
     ASSERT_TRUE(QTest::qWaitFor([pending] { return !pending->isActive(); }));
   }
 
+  int written = 0;
+
   void Write(int lines) {
     for (int line = 0; line < lines; ++line) {
-      view.AppendMessage("line " + std::to_string(view.lines_written()), MessageKind::Status);
+      view.AppendMessage("line " + std::to_string(written++), MessageKind::Status);
     }
     Frame();
   }
