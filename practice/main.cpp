@@ -1,33 +1,22 @@
-/// The practice server's program: its command line, its signals and what it prints.
-#include <QCommandLineParser>
+/// The practice server's program: its signals and what it prints.
 #include <QCoreApplication>
-#include <QHostAddress>
 #include <QSocketNotifier>
 #include <QString>
 #include <array>
 #include <csignal>
 #include <cstdio>
-#include <optional>
-#include <random>
 #include <string_view>
 #include <sys/resource.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include "practice/main_command_line.h"
 #include "practice/network_server.h"
-#include "protocol/wire_format.h"
 
 namespace korvanta::practice {
 namespace {
 
 constexpr int kUsageError = 2;
-
-struct Settings {
-  QHostAddress address;
-  quint16 port = kServerPort;
-  std::uint64_t seed = 0;
-  bool quiet = false;
-};
 
 int Fail(const QString& what) {
   std::fprintf(stderr, "korvanta-practice-server: %s\n", qUtf8Printable(what));
@@ -37,73 +26,6 @@ int Fail(const QString& what) {
 void Print(std::string_view line) {
   std::printf("%.*s\n", static_cast<int>(line.size()), line.data());
   std::fflush(stdout);
-}
-
-/// What the command line asks for; the error is empty when it makes sense.
-Settings ReadCommandLine(const QCoreApplication& application, QString& error) {
-  QCommandLineParser parser;
-  parser.setApplicationDescription(
-      QStringLiteral("A server to try Korvanta with, alone or with others."));
-  const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
-                                QStringLiteral("Show this help and end."));
-  const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
-                                   QStringLiteral("Show the version and end."));
-  const QCommandLineOption address(QStringLiteral("address"),
-                                   QStringLiteral("Listen on this IP address."),
-                                   QStringLiteral("address"), QStringLiteral("127.0.0.1"));
-  const QCommandLineOption allow_remote(
-      QStringLiteral("allow-remote"),
-      QStringLiteral("Allow an address that other machines can reach. Passwords travel and stay "
-                     "unprotected."));
-  const QCommandLineOption port(QStringLiteral("port"),
-                                QStringLiteral("Listen on this TCP port; 0 takes a free one."),
-                                QStringLiteral("port"), QString::number(kServerPort));
-  const QCommandLineOption seed(
-      QStringLiteral("seed"),
-      QStringLiteral("Throw the dice by this whole number, the same each time."),
-      QStringLiteral("number"));
-  const QCommandLineOption quiet(QStringLiteral("quiet"),
-                                 QStringLiteral("Do not print logins and logouts."));
-  parser.addOptions({help, version, address, allow_remote, port, seed, quiet});
-
-  Settings settings;
-  if (!parser.parse(application.arguments())) {
-    error = parser.errorText();
-    return settings;
-  }
-  if (parser.isSet(help)) {
-    parser.showHelp(0);
-  }
-  if (parser.isSet(version)) {
-    parser.showVersion();
-  }
-  if (!parser.positionalArguments().isEmpty()) {
-    error = QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().first());
-    return settings;
-  }
-  const QHostAddress loopback(QStringLiteral("127.0.0.0"));
-  if (!settings.address.setAddress(parser.value(address))) {
-    error = QStringLiteral("'%1' is no IP address").arg(parser.value(address));
-  } else if (!settings.address.isInSubnet(loopback, 8) && !parser.isSet(allow_remote)) {
-    error = QStringLiteral("%1 is outside 127.0.0.0/8; add --allow-remote if you mean it")
-                .arg(parser.value(address));
-  }
-  bool is_number = false;
-  settings.port = parser.value(port).toUShort(&is_number);
-  if (!is_number) {
-    error = QStringLiteral("'%1' is no port; ports are 0 to 65535").arg(parser.value(port));
-  }
-  if (parser.isSet(seed)) {
-    settings.seed = parser.value(seed).toULongLong(&is_number);
-    if (!is_number) {
-      error =
-          QStringLiteral("'%1' is no seed; seeds are whole numbers from 0").arg(parser.value(seed));
-    }
-  } else {
-    settings.seed = std::random_device{}();
-  }
-  settings.quiet = parser.isSet(quiet);
-  return settings;
 }
 
 /// A signal writes one byte here; the event loop hears it at the other end.
@@ -134,7 +56,7 @@ void RaiseFileLimit() {
   }
 }
 
-int Run(const Settings& settings) {
+int Run(const CommandLine& command) {
   if (!CatchEndSignals()) {
     return Fail(QStringLiteral("cannot catch the signals that end it"));
   }
@@ -143,15 +65,18 @@ int Run(const Settings& settings) {
                    [] { QCoreApplication::quit(); });
   RaiseFileLimit();
 
-  NetworkServer server(settings.seed, [&](std::string_view line) {
-    if (!settings.quiet) {
+  NetworkServer server(command.server, [&](std::string_view line) {
+    if (!command.quiet) {
       Print(line);
     }
   });
-  const QString address = settings.address.toString();
-  if (const QString why = server.Listen(settings.address, settings.port); !why.isEmpty()) {
+  const QString address = command.address.toString();
+  if (const QString why = server.Listen(command.address, command.port); !why.isEmpty()) {
     return Fail(
-        QStringLiteral("cannot listen on %1:%2: %3").arg(address).arg(settings.port).arg(why));
+        QStringLiteral("cannot listen on %1:%2: %3").arg(address).arg(command.port).arg(why));
+  }
+  for (const QString& line : command.thrown) {
+    Print(line.toStdString());
   }
   Print(QStringLiteral("Listening on %1:%2").arg(address).arg(server.port()).toStdString());
   return QCoreApplication::exec();
@@ -164,7 +89,11 @@ int main(int argc, char** argv) {
   QCoreApplication application(argc, argv);
   QCoreApplication::setApplicationName(QStringLiteral("korvanta-practice-server"));
   QCoreApplication::setApplicationVersion(QStringLiteral("1.6"));
-  QString error;
-  const auto settings = korvanta::practice::ReadCommandLine(application, error);
-  return error.isEmpty() ? korvanta::practice::Run(settings) : korvanta::practice::Fail(error);
+  QStringList faults;
+  const auto command = korvanta::practice::ReadCommandLine(QCoreApplication::arguments(), faults);
+  int status = 0;
+  for (const QString& fault : faults) {
+    status = korvanta::practice::Fail(fault);
+  }
+  return command ? korvanta::practice::Run(*command) : status;
 }

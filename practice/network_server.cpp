@@ -19,8 +19,9 @@ constexpr qint64 kReadBuffer = qint64{256} * 1024;
 
 }  // namespace
 
-NetworkServer::NetworkServer(std::uint64_t seed, std::function<void(std::string_view line)> journal)
-    : rules_(*this, seed, std::move(journal)) {
+NetworkServer::NetworkServer(const ServerOptions& options,
+                             std::function<void(std::string_view line)> journal)
+    : rules_(*this, options, std::move(journal)) {
   QObject::connect(&listener_, &QTcpServer::newConnection, &listener_,
                    [this] { TakeConnections(); });
   QObject::connect(&tick_, &QTimer::timeout, &tick_, [this] {

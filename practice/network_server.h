@@ -9,7 +9,6 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTimer>
-#include <cstdint>
 #include <functional>
 #include <string_view>
 #include <unordered_map>
@@ -25,7 +24,7 @@ class NetworkServer : private Transport {
   /// Bytes that may wait for a slow reader; one that falls behind further is cut off.
   static constexpr qint64 kMaxBacklog = qint64{4} * 1024 * 1024;
 
-  NetworkServer(std::uint64_t seed, std::function<void(std::string_view line)> journal);
+  NetworkServer(const ServerOptions& options, std::function<void(std::string_view line)> journal);
   /// Tells the players and ends all connections.
   ~NetworkServer() override;
 

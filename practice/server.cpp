@@ -22,11 +22,11 @@ constexpr std::array<std::string_view, 5> kRefusals = {
 
 }  // namespace
 
-Server::Server(Transport& transport, std::uint64_t seed,
+Server::Server(Transport& transport, const ServerOptions& options,
                std::function<void(std::string_view line)> journal)
     : transport_(transport),
       journal_(std::move(journal)),
-      dice_(seed),
+      dice_(options.seed),
       lobby_(transport, accounts_, dice_) {}
 
 void Server::Connected(ConnectionId connection) {

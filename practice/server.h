@@ -19,13 +19,19 @@
 
 namespace korvanta::practice {
 
+struct ServerOptions {
+  std::uint64_t seed = 0;  ///< of the dice
+  int players = 6;         ///< simulated players
+  double pace = 1;         ///< how many times faster than usual the game's clock runs
+};
+
 class Server {
  public:
   /// How long a connection may stay without a login.
   static constexpr std::chrono::seconds kLoginTime{30};
 
   /// The transport must outlive the server. `journal` hears one line about each login and logout.
-  Server(Transport& transport, std::uint64_t seed,
+  Server(Transport& transport, const ServerOptions& options,
          std::function<void(std::string_view line)> journal = {});
 
   void Connected(ConnectionId connection);

@@ -91,7 +91,9 @@ class PracticeServerTest : public testing::Test {
 
   RecordingTransport transport;
   std::vector<std::string> journal;
-  Server server{transport, 7, [this](std::string_view line) { journal.emplace_back(line); }};
+  Server server{transport, {.seed = 7, .players = 0}, [this](std::string_view line) {
+                  journal.emplace_back(line);
+                }};
 
  private:
   ConnectionId last_connection_ = 0;

@@ -11,7 +11,8 @@ QString PracticeServerProgram();
 
 class PracticeServer {
  public:
-  /// Accepts players when it returns; HarnessError with the server's own words when it does not
+  /// Simulates no players unless `options` say otherwise. Accepts players when it returns;
+  /// HarnessError with the server's own words when it does not
   /// come up.
   explicit PracticeServer(const QStringList& options = {});
   ~PracticeServer();

@@ -91,6 +91,11 @@ TEST(PracticeServer, WhatKeepsItFromStartingIsToldInOneLine) {
       {{"--address", "192.0.2.1"}, "--allow-remote"},
       {{"--address", "nowhere"}, "'nowhere' is no IP address"},
       {{"--port", "65536"}, "'65536' is no port"},
+      {{"--players", "50001"}, "'50001' is no number of players"},
+      {{"--pace", "nan"}, "'nan' is no pace"},
+      {{"--pace", "0"}, "'0' is no pace"},
+      {{"--seed", "-1"}, "'-1' is no seed"},
+      {{"7678"}, "unexpected argument '7678'"},
       {{"--sound"}, "sound"},
   };
   for (const Case& c : cases) {
@@ -99,6 +104,14 @@ TEST(PracticeServer, WhatKeepsItFromStartingIsToldInOneLine) {
     EXPECT_EQ(result.errors.count('\n'), 1) << result.errors.constData();
     EXPECT_THAT(result.errors.toStdString(), HasSubstr(c.told));
   }
+}
+
+TEST(PracticeServer, EachFaultOfTheCommandLineIsALineOfItsOwn) {
+  const ToolResult result =
+      RunTool(PracticeServerProgram(), {"--port", "x", "--players", "-1", "--pace", "fast"},
+              BareEnvironment());
+  EXPECT_EQ(result.status, 2);
+  EXPECT_EQ(result.errors.count('\n'), 3) << result.errors.constData();
 }
 
 }  // namespace
