@@ -112,7 +112,7 @@ TEST_F(LobbyTest, ActionsDiceAndAnnouncementsReachEveryone) {
 
 TEST_F(LobbyTest, TheDiceFallTheSameForTheSameSeed) {
   RecordingTransport other_transport;
-  Server other(other_transport, 7);
+  Server other(other_transport, {.seed = 7, .players = 0});
   other.Connected(1);
   other.Received(1, "[con]1.6\1Bobby\1secret\0"s);
   other_transport.sent.clear();
