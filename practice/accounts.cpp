@@ -1,21 +1,11 @@
 #include "practice/accounts.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "practice/player_text.h"
 
 namespace korvanta::practice {
-namespace {
-
-std::int16_t UserIdOf(std::size_t account_number) {
-  constexpr std::size_t kLastOrdinaryId = kAdministratorId - 1;
-  return account_number == 1
-             ? kAdministratorId
-             : static_cast<std::int16_t>(std::min(account_number - 1, kLastOrdinaryId));
-}
-
-}  // namespace
-
 Accounts::Admission Accounts::Admit(std::string_view name, std::string_view password) {
   if (!IsUserName(name)) {
     return {Verdict::BadName};
@@ -34,18 +24,33 @@ Accounts::Admission Accounts::Admit(std::string_view name, std::string_view pass
   if (accounts_.size() >= kMost) {
     return {Verdict::NoRoom};
   }
-  const std::size_t number = accounts_.size() + 1;
-  Account& account = accounts_[key];
-  account.name = name;
-  account.password = password;
-  account.number = number;
-  account.user_id = UserIdOf(number);
-  return {Verdict::Accepted, &account};
+  if (!std::exchange(has_administrator_, true)) {
+    return {Verdict::Accepted, &Add(name, password, kAdministratorId)};
+  }
+  return {Verdict::Accepted, &Add(name, password, NextUserId())};
+}
+
+Account* Accounts::AddSimulated(std::string_view name) {
+  return IsUserName(name) && Find(name) == nullptr ? &Add(name, {}, NextUserId()) : nullptr;
 }
 
 const Account* Accounts::Find(std::string_view name) const {
   const auto known = accounts_.find(NameKey(name));
   return known == accounts_.end() ? nullptr : &known->second;
+}
+
+Account& Accounts::Add(std::string_view name, std::string_view password, std::int16_t user_id) {
+  Account& account = accounts_[NameKey(name)];
+  account.name = name;
+  account.password = password;
+  account.number = accounts_.size();
+  account.user_id = user_id;
+  return account;
+}
+
+std::int16_t Accounts::NextUserId() {
+  last_user_id_ = std::min<std::int16_t>(last_user_id_ + 1, kAdministratorId - 1);
+  return last_user_id_;
 }
 
 }  // namespace korvanta::practice

@@ -16,10 +16,11 @@ namespace korvanta::practice {
 inline constexpr std::int16_t kAdministratorId = 90;
 
 struct Account {
-  std::string name;  ///< in the letter case of its first login
-  std::string password;
-  std::size_t number = 0;    ///< 1 for the first account of the run, and so on
-  std::int16_t user_id = 0;  ///< 90 for the first account; the others count from 1 and stay at 89
+  std::string name;        ///< in the letter case of its first login
+  std::string password;    ///< empty for a simulated player, so that nobody can log in as it
+  std::size_t number = 0;  ///< 1 for the first account of the run, and so on
+  /// 90 for the first account of a person; the others count from 1 and stay at 89.
+  std::int16_t user_id = 0;
   Figures figures;
 
   bool IsAdministrator() const { return user_id >= kAdministratorId; }
@@ -40,11 +41,21 @@ class Accounts {
   };
   Admission Admit(std::string_view name, std::string_view password);
 
+  /// An account for a simulated player; null when the name is taken or no user name.
+  Account* AddSimulated(std::string_view name);
+
   /// By name in any letter case; null when there is none.
   const Account* Find(std::string_view name) const;
 
+  const std::map<std::string, Account>& all() const { return accounts_; }
+
  private:
+  Account& Add(std::string_view name, std::string_view password, std::int16_t user_id);
+  std::int16_t NextUserId();
+
   std::map<std::string, Account> accounts_;  // by NameKey
+  bool has_administrator_ = false;
+  std::int16_t last_user_id_ = 0;
 };
 
 }  // namespace korvanta::practice

@@ -15,158 +15,160 @@ using std::chrono::milliseconds;
 constexpr milliseconds kOnlineListPause{100};
 constexpr milliseconds kOnlineListPausePerPlayer{1};
 
-constexpr std::string_view kNoGame =
-    "No game is running yet, so there is nothing to research, attack or ally for.";
-
 }  // namespace
 
 const std::array<Lobby::Reaction, 16> Lobby::kReactions = {{
-    {RequestKind::Line, &Lobby::Line},
-    {RequestKind::FormAlliance, &Lobby::RefuseMove},
-    {RequestKind::Attack, &Lobby::RefuseMove},
-    {RequestKind::Statistics, &Lobby::SendStatistics},
-    {RequestKind::EnterGame, &Lobby::EnterGame},
-    {RequestKind::TopicInformation, &Lobby::RefuseMove},
-    {RequestKind::Research, &Lobby::RefuseMove},
-    {RequestKind::News, &Lobby::SendNews},
-    {RequestKind::TournamentInfo, &Lobby::SendTournamentInfo},
-    {RequestKind::TeamList, &Lobby::SendTeamList},
-    {RequestKind::StartTournament, &Lobby::ManageTournament},
-    {RequestKind::SetTournamentGame, &Lobby::ManageTournament},
-    {RequestKind::EndTournament, &Lobby::ManageTournament},
-    {RequestKind::JoinTeam, &Lobby::JoinTeam},
-    {RequestKind::DisbandTeam, &Lobby::DisbandTeam},
-    {RequestKind::KickPlayer, &Lobby::KickFromTeam},
+    {RequestKind::Line,
+     [](Lobby& lobby, Player& player, const Fields& fields) { lobby.Line(player, fields[0]); }},
+    {RequestKind::FormAlliance, [](Lobby& lobby, Player& player,
+                                   const Fields& fields) { lobby.arena_.Ally(player, fields[0]); }},
+    {RequestKind::Attack, [](Lobby& lobby, Player& player,
+                             const Fields& fields) { lobby.arena_.Attack(player, fields[0]); }},
+    {RequestKind::Statistics,
+     [](Lobby& lobby, Player& player, const Fields& fields) {
+       lobby.SendStatistics(player, fields[0]);
+     }},
+    {RequestKind::EnterGame,
+     [](Lobby& lobby, Player& player, const Fields&) { lobby.arena_.Enter(player); }},
+    {RequestKind::TopicInformation,
+     [](Lobby& lobby, Player& player, const Fields& fields) {
+       lobby.arena_.Explain(player, fields[0]);
+     }},
+    {RequestKind::Research,
+     [](Lobby& lobby, Player& player, const Fields& fields) {
+       lobby.arena_.Research(player, fields[0], fields[1]);
+     }},
+    {RequestKind::News,
+     [](Lobby& lobby, Player& player, const Fields&) {
+       lobby.players_.Send(player, messages::News(kNewsText));
+     }},
+    {RequestKind::TournamentInfo,
+     [](Lobby& lobby, Player& player, const Fields&) { lobby.SendTournamentInfo(player); }},
+    {RequestKind::TeamList,
+     [](Lobby& lobby, Player& player, const Fields&) { lobby.SendTeamList(player); }},
+    {RequestKind::StartTournament,
+     [](Lobby& lobby, Player& player, const Fields& fields) {
+       lobby.StartTournament(player, fields);
+     }},
+    {RequestKind::SetTournamentGame,
+     [](Lobby& lobby, Player& player, const Fields&) { lobby.SetTournamentGame(player); }},
+    {RequestKind::EndTournament,
+     [](Lobby& lobby, Player& player, const Fields&) { lobby.EndTournament(player); }},
+    {RequestKind::JoinTeam,
+     [](Lobby& lobby, Player& player,
+        const Fields& fields) { lobby.JoinTeam(player, fields[0], fields[1]); }},
+    {RequestKind::DisbandTeam,
+     [](Lobby& lobby, Player& player, const Fields&) { lobby.DisbandTeam(player); }},
+    {RequestKind::KickPlayer, [](Lobby& lobby, Player& player,
+                                 const Fields& fields) { lobby.KickFromTeam(player, fields[0]); }},
 }};
 
-Lobby::Lobby(Transport& transport, const Accounts& accounts, std::mt19937_64& dice)
-    : transport_(transport), accounts_(accounts), dice_(dice) {}
+Lobby::Lobby(Players& players, Tournament& tournament, Arena& arena, const Accounts& accounts,
+             std::mt19937_64& dice)
+    : players_(players), tournament_(tournament), arena_(arena), accounts_(accounts), dice_(dice) {}
 
-bool Lobby::IsOnline(std::string_view name) const { return players_.contains(NameKey(name)); }
-
-Player& Lobby::Enter(ConnectionId connection, const Account& account) {
-  Player& player =
-      players_.try_emplace(NameKey(account.name), Player{connection, &account, now_}).first->second;
-  Send(player, messages::LoginAccepted(account.name, account.user_id));
-  SendToAll(messages::Notice(account.name + " logged in"), &player);
+Player& Lobby::Enter(ConnectionId connection, Account& account) {
+  Player& player = players_.Add(connection, account, now_);
+  players_.Send(player, messages::LoginAccepted(account.name, account.user_id));
+  players_.SendToAll(messages::Notice(account.name + " logged in"), &player);
   Welcome(player);
-  online_list_changed_ = true;
   return player;
 }
 
 void Lobby::Leave(const Player& player) {
-  const std::string& name = player.name();
-  players_.erase(NameKey(name));
-  SendToAll(messages::Notice(name + " logged out"));
-  online_list_changed_ = true;
+  const Account& account = *player.account;
+  players_.Remove(player);
+  players_.SendToAll(messages::Notice(account.name + " logged out"));
+  arena_.Forget(account);
 }
 
 void Lobby::Handle(Player& player, const ClientRequest& request) {
   if (!request.is_complete) {
-    Refuse(player, "That request lacks a part and was not understood.");
+    players_.Refuse(player, "That request lacks a part and was not understood.");
     return;
   }
   const auto reaction =
       std::find_if(kReactions.begin(), kReactions.end(),
                    [&](const Reaction& known) { return known.kind == request.kind; });
   if (reaction != kReactions.end()) {
-    (this->*reaction->react)(player, request.fields);
+    reaction->react(*this, player, request.fields);
   }
 }
 
 void Lobby::Tick(milliseconds now) { now_ = now; }
 
 void Lobby::SendOnlineListIfDue() {
-  if (!online_list_changed_ || now_ < online_list_due_) {
+  list_is_old_ |= players_.TakeListChange();
+  if (!list_is_old_ || now_ < online_list_due_) {
     return;
   }
+  const auto& all = players_.all();
   std::vector<OnlineEntry> entries;
-  entries.reserve(players_.size());
-  for (const auto& [key, player] : players_) {
+  entries.reserve(all.size());
+  for (const auto& [key, player] : all) {
     entries.push_back(
         {player.name(), ColourOf(player), PlayerLevel(player.account->figures), player.is_ready});
   }
-  SendToAll(messages::OnlineList(entries));
-  online_list_changed_ = false;
-  online_list_due_ = now_ + kOnlineListPause + players_.size() * kOnlineListPausePerPlayer;
-}
-
-void Lobby::Refuse(const Player& player, std::string_view words) {
-  Send(player, messages::ChatLine(MessageKind::Admin, "Server", words));
-}
-
-void Lobby::AnnounceToAll(std::string_view words) {
-  SendToAll(messages::ChatLine(MessageKind::Announcement, "Korvanta", words));
+  players_.SendToAll(messages::OnlineList(entries));
+  list_is_old_ = false;
+  online_list_due_ = now_ + kOnlineListPause + all.size() * kOnlineListPausePerPlayer;
 }
 
 void Lobby::Welcome(const Player& player) {
-  const auto announce = [&](const std::string& words) {
-    Send(player, messages::ChatLine(MessageKind::Announcement, "Korvanta", words));
-  };
-  announce("Welcome, " + player.name() + "! Type a line and press Enter to talk to everyone here.");
-  announce("Type /help for all commands, /who to see who is here, /news for what this is about.");
+  players_.Announce(player,
+                    "Welcome, " + player.name() +
+                        "! Choose \"Enter Game\" (Ctrl+E) to play; right-click a box of the "
+                        "board to research it.");
+  players_.Announce(player,
+                    "Type a line and press Enter to talk. /help lists all commands, /news tells "
+                    "how the game goes.");
   if (player.account->IsAdministrator()) {
-    Refuse(player, "You are the administrator of this server: /announce speaks to everyone.");
+    players_.Refuse(player,
+                    "You are the administrator of this server: /announce speaks to everyone, and "
+                    "the tournament window has a page of yours.");
   }
 }
 
 const Account* Lobby::FindAccount(const Player& asker, std::string_view name) {
   const Account* account = accounts_.Find(Trimmed(name));
   if (account == nullptr) {
-    Refuse(asker, "Nobody named \"" + std::string(name.substr(0, kLongestName)) +
-                      "\" has been here since the server was started.");
+    players_.Refuse(asker, "Nobody named \"" + std::string(name.substr(0, kLongestName)) +
+                               "\" has been here since the server was started.");
   }
   return account;
 }
 
-void Lobby::SendStatistics(Player& player, const Fields& fields) {
-  if (const Account* account = FindAccount(player, fields[0])) {
-    Send(player, messages::Statistics({account->name, "None", account->number, account->figures}));
+void Lobby::SendStatistics(Player& player, std::string_view name) {
+  const Account* account = FindAccount(player, name);
+  if (account == nullptr) {
+    return;
   }
+  const Contender* contender = arena_.game() == nullptr ? nullptr : arena_.game()->Find(*account);
+  const bool is_allied = contender != nullptr && contender->ally != nullptr;
+  players_.Send(player,
+                messages::Statistics({account->name, is_allied ? contender->ally->name() : "None",
+                                      account->number, account->figures}));
 }
 
-void Lobby::EnterGame(Player& player, const Fields& /*fields*/) {
-  Answer(player, "No game is running yet. You are marked in the online list as ready to play.");
-  online_list_changed_ |= !player.is_ready || player.is_away;
-  player.is_ready = true;
-  player.is_away = false;
-}
-
-void Lobby::RefuseMove(Player& player, const Fields& /*fields*/) { Refuse(player, kNoGame); }
-
-void Lobby::SendNews(Player& player, const Fields& /*fields*/) {
-  Send(player, messages::News(kNewsText));
-}
-
+/// The first of these that holds, so that what matters most in a game shows.
 NameColour Lobby::ColourOf(const Player& player) const {
+  const Contender* contender = arena_.ContenderOf(player);
+  if (contender != nullptr && contender->IsNearWinning()) {
+    return NameColour::NearWinning;
+  }
+  if (contender != nullptr) {
+    return contender->ally != nullptr ? NameColour::Allied : NameColour::Playing;
+  }
   if (player.is_away) {
     return NameColour::Away;
   }
   if (player.account->IsAdministrator()) {
     return NameColour::Administrator;
   }
-  return teams_.TeamOf(player.name()) != nullptr ? NameColour::InTeam : NameColour::Visitor;
-}
-
-Player* Lobby::Find(std::string_view name) {
-  const auto found = players_.find(NameKey(name));
-  return found == players_.end() ? nullptr : &found->second;
-}
-
-void Lobby::Answer(const Player& player, std::string_view text) {
-  Send(player, messages::StatusLine(text));
-}
-
-void Lobby::Send(const Player& player, std::string_view message) {
-  transport_.Send(player.connection, message);
-}
-
-void Lobby::SendToAll(std::string_view message, const Player* but) {
-  for (const auto& [key, player] : players_) {
-    if (&player != but) {
-      Send(player, message);
-    }
+  if (tournament_.teams.TeamOf(player.name()) != nullptr) {
+    return NameColour::InTeam;
   }
+  return player.IsSimulated() ? NameColour::Simulated : NameColour::Visitor;
 }
 
 }  // namespace korvanta::practice

@@ -1,6 +1,7 @@
 #include "practice/server.h"
 
 #include <array>
+#include <cmath>
 #include <utility>
 #include <vector>
 
@@ -20,6 +21,10 @@ constexpr std::array<std::string_view, 5> kRefusals = {
     "This server has no room for another name.",
 };
 
+constexpr std::chrono::milliseconds kGameStep{100};
+/// At a time; after a long sleep of the machine the rest follows.
+constexpr int kMostSteps = 10'000;
+
 }  // namespace
 
 Server::Server(Transport& transport, const ServerOptions& options,
@@ -27,7 +32,16 @@ Server::Server(Transport& transport, const ServerOptions& options,
     : transport_(transport),
       journal_(std::move(journal)),
       dice_(options.seed),
-      lobby_(transport, accounts_, dice_) {}
+      players_(transport),
+      arena_(players_, tournament_, dice_, options.pace,
+             [this](std::string_view line) { Write(line); }),
+      lobby_(players_, tournament_, arena_, accounts_, dice_),
+      simulation_(accounts_, players_, lobby_, arena_, tournament_, options.seed, options.players),
+      pace_(options.pace) {
+  lobby_.ListenWith([this](const Player& speaker, const Player* listener, std::string_view words) {
+    simulation_.Hear(speaker, listener, words);
+  });
+}
 
 void Server::Connected(ConnectionId connection) {
   sessions_.try_emplace(connection, Session{{}, now_});
@@ -62,6 +76,15 @@ void Server::Vanished(ConnectionId connection) {
 void Server::Tick(std::chrono::milliseconds now) {
   now_ = now;
   lobby_.Tick(now);
+  // The game goes on in steps of one length, so that it does not depend on how often this is
+  // called.
+  const auto game_now =
+      std::chrono::milliseconds(std::llround(static_cast<double>(now.count()) * pace_));
+  for (int step = 0; step < kMostSteps && game_now_ + kGameStep <= game_now; ++step) {
+    game_now_ += kGameStep;
+    arena_.Step(game_now_);
+    simulation_.Step(game_now_);
+  }
   std::vector<ConnectionId> too_late;
   for (const auto& [connection, session] : sessions_) {
     if (session.player == nullptr && now - session.connected_at >= kLoginTime) {
@@ -74,7 +97,7 @@ void Server::Tick(std::chrono::milliseconds now) {
   lobby_.SendOnlineListIfDue();
 }
 
-void Server::SayFarewell() { lobby_.AnnounceToAll("The server is being stopped. Goodbye!"); }
+void Server::SayFarewell() { players_.AnnounceToAll("The server is being stopped. Goodbye!"); }
 
 void Server::Handle(ConnectionId connection, Session& session, std::string_view message) {
   const auto request = ReadRequest(message);
@@ -83,9 +106,9 @@ void Server::Handle(ConnectionId connection, Session& session, std::string_view 
       LogIn(connection, session, *request);
     }
   } else if (!request) {
-    lobby_.Refuse(*session.player, "Your client sent something that this server does not know.");
+    players_.Refuse(*session.player, "Your client sent something that this server does not know.");
   } else if (request->kind == RequestKind::Login) {
-    lobby_.Refuse(*session.player, "You are logged in already.");
+    players_.Refuse(*session.player, "You are logged in already.");
   } else if (request->kind == RequestKind::Disconnect) {
     End(connection, {});
   } else if (request->kind != RequestKind::KeepAlive) {
@@ -103,12 +126,12 @@ void Server::LogIn(ConnectionId connection, Session& session, const ClientReques
     End(connection, kRefusals.at(static_cast<std::size_t>(verdict)));
     return;
   }
-  if (lobby_.IsOnline(account->name)) {
+  if (players_.Find(account->name) != nullptr) {
     End(connection, account->name + " is logged in already.");
     return;
   }
   session.player = &lobby_.Enter(connection, *account);
-  Write(account->name, "logged in");
+  Write(account->name + " logged in");
 }
 
 /// The reason, if there is one, is the last that the client hears.
@@ -123,15 +146,15 @@ void Server::End(ConnectionId connection, std::string_view reason) {
 
 void Server::LogOut(const Session& session) {
   if (session.player != nullptr) {
-    const std::string& name = session.player->name();
+    const std::string name = session.player->name();
     lobby_.Leave(*session.player);
-    Write(name, "logged out");
+    Write(name + " logged out");
   }
 }
 
-void Server::Write(std::string_view name, std::string_view event) const {
+void Server::Write(std::string_view line) const {
   if (journal_) {
-    journal_(std::string(name) + " " + std::string(event));
+    journal_(line);
   }
 }
 

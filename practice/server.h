@@ -1,5 +1,5 @@
 /// The practice server without its network: it is told what arrives and how time passes, and
-/// answers through a transport. The same calls and the same seed give the same answers.
+/// answers through a transport. The same calls and the same options give the same answers.
 #pragma once
 
 #include <chrono>
@@ -12,9 +12,13 @@
 #include <string_view>
 
 #include "practice/accounts.h"
+#include "practice/arena.h"
 #include "practice/client_requests.h"
 #include "practice/lobby.h"
 #include "practice/message_stream.h"
+#include "practice/players.h"
+#include "practice/simulation.h"
+#include "practice/tournament.h"
 #include "practice/transport.h"
 
 namespace korvanta::practice {
@@ -30,7 +34,8 @@ class Server {
   /// How long a connection may stay without a login.
   static constexpr std::chrono::seconds kLoginTime{30};
 
-  /// The transport must outlive the server. `journal` hears one line about each login and logout.
+  /// The transport must outlive the server. `journal` hears one line about each login, logout
+  /// and game.
   Server(Transport& transport, const ServerOptions& options,
          std::function<void(std::string_view line)> journal = {});
 
@@ -58,15 +63,21 @@ class Server {
   void LogIn(ConnectionId connection, Session& session, const ClientRequest& request);
   void End(ConnectionId connection, std::string_view reason);
   void LogOut(const Session& session);
-  void Write(std::string_view name, std::string_view event) const;
+  void Write(std::string_view line) const;
 
   Transport& transport_;
   std::function<void(std::string_view)> journal_;
   std::mt19937_64 dice_;
   Accounts accounts_;
+  Players players_;
+  Tournament tournament_;
+  Arena arena_;
   Lobby lobby_;
+  Simulation simulation_;
   std::map<ConnectionId, Session> sessions_;
+  double pace_;
   std::chrono::milliseconds now_{0};
+  std::chrono::milliseconds game_now_{0};
 };
 
 }  // namespace korvanta::practice

@@ -74,6 +74,32 @@ std::string ChatLine(MessageKind kind, std::string_view speaker, std::string_vie
 
 std::string StatusLine(std::string_view text) { return Line(MessageKind::Status, text); }
 
+std::string Caption(std::string_view text) { return BuildMessage("[cap]", {text}); }
+
+std::string Clock(std::int64_t seconds) { return BuildMessage("[tim]", {std::to_string(seconds)}); }
+
+std::string Pause(std::int64_t seconds) { return BuildMessage("[end]", {std::to_string(seconds)}); }
+
+std::string PlaySound(Sound sound) {
+  return BuildMessage("[sou]", {std::to_string(static_cast<int>(sound))});
+}
+
+std::string Researched(int topic, int level) {
+  return BuildMessage("[upg]", {std::to_string(topic), std::to_string(level)});
+}
+
+std::string Attacked(int topic, int level) {
+  return BuildMessage("[att]", {std::to_string(topic), std::to_string(level)});
+}
+
+std::string ClearBoard() { return BuildMessage("[clr]", {}); }
+
+std::string ClearTournamentBoard() { return BuildMessage("[clt]", {}); }
+
+std::string ResearchPoints(std::int64_t points) {
+  return BuildMessage("[poi]", {std::to_string(points)});
+}
+
 std::string News(std::string_view text) { return BuildMessage("[nws]", {text}); }
 
 std::string OnlineList(std::span<const OnlineEntry> entries) {

@@ -16,15 +16,22 @@ namespace korvanta::practice {
 enum class NameColour : std::uint8_t {
   Administrator = 1,  // dark yellow
   Away = 2,           // grey
+  Allied = 3,         // purple
   InTeam = 4,         // green
   Visitor = 5,        // blue
+  Playing = 6,        // cyan
+  NearWinning = 7,    // red
+  Simulated = 8,      // orange
 };
+
+/// What a player hears.
+enum class Sound : std::uint8_t { GameStart = 1, Tick, Attack, Attacked, Research, Win };
 
 struct OnlineEntry {
   std::string_view name;
   NameColour colour;
   std::int64_t level;
-  bool is_marked;  ///< ready for the next game
+  bool is_marked;  ///< plays, or is ready for the next game
 };
 
 struct PlayerRecord {
@@ -52,6 +59,16 @@ std::string Statistics(const PlayerRecord& record);                           //
 std::string ChatLine(MessageKind kind, std::string_view speaker, std::string_view words);  // [msg]
 /// A line in black.
 std::string StatusLine(std::string_view text);  // [msg]
+
+std::string Caption(std::string_view text);       // [cap]
+std::string Clock(std::int64_t seconds);          // [tim]
+std::string Pause(std::int64_t seconds);          // [end]
+std::string PlaySound(Sound sound);               // [sou]
+std::string Researched(int topic, int level);     // [upg]
+std::string Attacked(int topic, int level);       // [att]
+std::string ClearBoard();                         // [clr]
+std::string ClearTournamentBoard();               // [clt]
+std::string ResearchPoints(std::int64_t points);  // [poi]
 
 std::string News(std::string_view text);                         // [nws]
 std::string OnlineList(std::span<const OnlineEntry> entries);    // [onl]

@@ -26,10 +26,7 @@ Teams::Joining Teams::Join(std::string_view player, std::string_view team_name,
   if (TeamOf(player) != nullptr) {
     return Joining::InTeamAlready;
   }
-  const auto team = std::find_if(teams_.begin(), teams_.end(), [&](const Team& known) {
-    return NameKey(known.name) == NameKey(name);
-  });
-  if (team != teams_.end()) {
+  if (Team* team = const_cast<Team*>(Find(name)); team != nullptr) {
     if (team->password != password) {
       return Joining::WrongPassword;
     }
@@ -58,6 +55,13 @@ void Teams::Disband(std::string_view player) {
 const Team* Teams::TeamOf(std::string_view player) const {
   const auto team = std::find_if(teams_.begin(), teams_.end(),
                                  [&](const Team& known) { return HasMember(known, player); });
+  return team == teams_.end() ? nullptr : &*team;
+}
+
+const Team* Teams::Find(std::string_view team_name) const {
+  const auto team = std::find_if(teams_.begin(), teams_.end(), [&](const Team& known) {
+    return NameKey(known.name) == NameKey(Trimmed(team_name));
+  });
   return team == teams_.end() ? nullptr : &*team;
 }
 

@@ -47,6 +47,10 @@ class Teams {
   /// The team that the player is in; null without one. Valid until the next change.
   const Team* TeamOf(std::string_view player) const;
 
+  /// By name in any letter case, without spaces at its ends; null when there is none. Valid until
+  /// the next change.
+  const Team* Find(std::string_view team_name) const;
+
   /// In the order in which they were made.
   const std::vector<Team>& all() const { return teams_; }
 

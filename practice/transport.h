@@ -8,6 +8,8 @@ namespace korvanta::practice {
 
 /// Names one connection for as long as the server runs; never used twice.
 using ConnectionId = std::uint64_t;
+/// Names none.
+inline constexpr ConnectionId kNoConnection = 0;
 
 class Transport {
  public:

@@ -34,6 +34,10 @@ class RecordingTransport : public Transport {
 
 class PracticeServerTest : public testing::Test {
  protected:
+  /// Without simulated players, so that nothing is heard but what the test does.
+  explicit PracticeServerTest(const ServerOptions& options = {.seed = 7, .players = 0})
+      : server(transport, options, [this](std::string_view line) { journal.emplace_back(line); }) {}
+
   ConnectionId Connect() {
     server.Connected(++last_connection_);
     return last_connection_;
@@ -91,9 +95,7 @@ class PracticeServerTest : public testing::Test {
 
   RecordingTransport transport;
   std::vector<std::string> journal;
-  Server server{transport, {.seed = 7, .players = 0}, [this](std::string_view line) {
-                  journal.emplace_back(line);
-                }};
+  Server server;
 
  private:
   ConnectionId last_connection_ = 0;
