@@ -33,19 +33,33 @@ constexpr auto kLobby = std::to_array<std::string_view>({
     "does anyone ever go Military and Defense? I might try",
     "still a few points short of my next award",
 });
+constexpr auto kOpening = std::to_array<std::string_view>({
+    "good luck everyone",
+    "Industry pays, I tell you",
+    "an ally would be nice about now",
+    "%, truce?",
+    "here we go again",
+    "not me first, please",
+    "no attacks before tick five, agreed?",
+    "%, are you going for Military again?",
+});
 constexpr auto kPlaying = std::to_array<std::string_view>({
     "keep an eye on %",
     "% is growing fast",
-    "somebody stop %",
-    "two ticks and I have it",
     "I am saving up",
     "not me, please, I am harmless",
-    "an ally would be nice about now",
     "who has Military at 3 already?",
-    "Industry pays, I tell you",
-    "%, truce?",
     "this tick cannot come soon enough",
-    "good luck everyone",
+    "Population makes it all so cheap",
+    "somebody should slow % down",
+});
+constexpr auto kClosing = std::to_array<std::string_view>({
+    "somebody stop %!",
+    "everyone on %, now",
+    "% has almost got it",
+    "one more tick, just one more tick",
+    "this will be close",
+    "attack %, or it is over",
 });
 constexpr auto kSetBack = std::to_array<std::string_view>({
     "ouch",
@@ -120,6 +134,10 @@ std::span<const std::string_view> LinesFor(Occasion occasion) {
   switch (occasion) {
     case Occasion::Lobby:
       return kLobby;
+    case Occasion::Opening:
+      return kOpening;
+    case Occasion::Closing:
+      return kClosing;
     case Occasion::Playing:
       return kPlaying;
     case Occasion::SetBack:

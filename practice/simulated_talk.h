@@ -15,7 +15,9 @@ std::string SimulatedTeamName(std::size_t number);
 
 enum class Occasion {
   Lobby,     // nothing is going on
+  Opening,   // a game has begun
   Playing,   // in the middle of a game
+  Closing,   // someone needs only the Golden Knowledge
   SetBack,   // after a hit
   Ending,    // a game is over
   Greeting,  // someone has said hello

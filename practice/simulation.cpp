@@ -29,6 +29,7 @@ constexpr int kLeastOnline = 70;
 /// How often, in percent, someone who is about to win is attacked by whoever can at each move.
 constexpr int kAlarm = 30;
 constexpr int kComplains = 8;
+constexpr int kOpeningTicks = 5;
 
 std::int64_t Progress(const Contender& contender) {
   std::int64_t progress = 0;
@@ -151,8 +152,10 @@ void Simulation::Talk() {
   const Game* game = arena_.game();
   const bool plays = arena_.ContenderOf(*speaker->player) != nullptr;
   const auto lines = LinesFor(arena_.phase() == Arena::Phase::Resting ? Occasion::Ending
-                              : plays                                 ? Occasion::Playing
-                                                                      : Occasion::Lobby);
+                              : !plays                                ? Occasion::Lobby
+                              : !game->IsOpen()                       ? Occasion::Closing
+                              : game->ticks() < kOpeningTicks         ? Occasion::Opening
+                                                                      : Occasion::Playing);
   std::string line(lines[Below(lines.size())]);
   if (const std::size_t place = line.find('%'); place != std::string::npos) {
     // The one who is ahead, or anyone else.
