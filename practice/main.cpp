@@ -9,6 +9,7 @@
 #include <sys/resource.h>
 #include <sys/socket.h>
 #include <unistd.h>
+#include <utility>
 
 #include "practice/main_command_line.h"
 #include "practice/network_server.h"
@@ -60,9 +61,6 @@ int Run(const CommandLine& command) {
   if (!CatchEndSignals()) {
     return Fail(QStringLiteral("cannot catch the signals that end it"));
   }
-  QSocketNotifier end_signal(signal_pipe[1], QSocketNotifier::Read);
-  QObject::connect(&end_signal, &QSocketNotifier::activated, &end_signal,
-                   [] { QCoreApplication::quit(); });
   RaiseFileLimit();
 
   NetworkServer server(command.server, [&](std::string_view line) {
@@ -78,6 +76,19 @@ int Run(const CommandLine& command) {
   for (const QString& line : command.thrown) {
     Print(line.toStdString());
   }
+
+  // The first signal lets the players hear the farewell, a second one ends at once.
+  bool is_ending = false;
+  QSocketNotifier end_signal(signal_pipe[1], QSocketNotifier::Read);
+  QObject::connect(&end_signal, &QSocketNotifier::activated, &end_signal, [&] {
+    char byte = 0;
+    [[maybe_unused]] const auto taken = ::read(signal_pipe[1], &byte, 1);
+    if (std::exchange(is_ending, true)) {
+      QCoreApplication::quit();
+    } else {
+      server.End([] { QCoreApplication::quit(); });
+    }
+  });
   Print(QStringLiteral("Listening on %1:%2").arg(address).arg(server.port()).toStdString());
   return QCoreApplication::exec();
 }

@@ -2,11 +2,19 @@
 
 #include <QCommandLineParser>
 #include <QString>
+#include <cstdio>
+#include <cstdlib>
 #include <random>
+#include <string>
+#include <string_view>
 #include <utility>
 
 namespace korvanta::practice {
 namespace {
+
+QString Latin1(std::string_view text) {
+  return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+}
 
 struct Option {
   const char* name;
@@ -60,16 +68,46 @@ constexpr Option kOptions[] = {
      "'%1' is no port; ports are 0 to 65535"},
     {"players", "number", "Simulate this many players; 6 unless named.",
      [](const QString& value, CommandLine& into) {
-       return TakeWithin(0, 50000, value, into.server.players);
+       return TakeWithin(0, 50000, value, into.server.rules.players);
      },
      "'%1' is no number of players; 0 to 50000 can be simulated"},
     {"pace", "factor", "Let the game's clock run this many times faster than usual.",
      [](const QString& value, CommandLine& into) {
-       return TakeWithin(0.1, 1000.0, value, into.server.pace);
+       return TakeWithin(0.1, 1000.0, value, into.server.rules.pace);
      },
      "'%1' is no pace; paces are 0.1 to 1000"},
     {"seed", "number", "Throw the dice by this whole number, the same each time.",
-     [](const QString& value, CommandLine& into) { return TakeSeed(value, into.server.seed); },
+     [](const QString& value, CommandLine& into) {
+       return TakeSeed(value, into.server.rules.seed);
+     },
+     "'%1' is no seed; seeds are whole numbers from 0"},
+    {"flood", "rate",
+     "Send everyone this many lines of chat a second; 'max' sends as much as each connection "
+     "takes.",
+     [](const QString& value, CommandLine& into) {
+       LoadOptions& load = into.server.load;
+       load.is_unbounded = value == QStringLiteral("max");
+       return load.is_unbounded || TakeWithin(1, 100000, value, load.lines_per_second);
+     },
+     "'%1' is no rate; a flood is 1 to 100000 lines a second, or 'max'"},
+    {"crowd", "number", "Put this many invented players into each online list.",
+     [](const QString& value, CommandLine& into) {
+       return TakeWithin(0, 100000, value, into.server.load.crowd);
+     },
+     "'%1' is no crowd; 0 to 100000 players can be invented"},
+    {"mischief", "kinds",
+     "Behave badly: kinds of mischief with commas between them, 'all' by dice, or 'help' to list "
+     "them.",
+     [](const QString& value, CommandLine& into) {
+       const auto kinds = ReadMischiefKinds(value.toStdString());
+       into.server.mischief.kinds = kinds.value_or(MischiefKinds());
+       return kinds.has_value();
+     },
+     "'%1' names an unknown kind of mischief; --mischief help lists them"},
+    {"mischief-seed", "number", "Throw the dice of the mischief by this whole number.",
+     [](const QString& value, CommandLine& into) {
+       return TakeSeed(value, into.server.mischief.seed);
+     },
      "'%1' is no seed; seeds are whole numbers from 0"},
     {"quiet", nullptr, "Do not print logins and logouts.",
      [](const QString&, CommandLine& into) { return into.quiet = true; }},
@@ -77,6 +115,19 @@ constexpr Option kOptions[] = {
 
 /// A seed is thrown from the numbers that are easily typed again.
 std::uint64_t ThrowSeed() { return std::random_device{}(); }
+
+QString MischiefHelp() {
+  QString help = QStringLiteral("Kinds of mischief:\n");
+  for (const MischiefEntry& entry : MischiefTable()) {
+    help += QStringLiteral("  %1%2\n").arg(Latin1(entry.name), -17).arg(Latin1(entry.purpose));
+  }
+  return help;
+}
+
+[[noreturn]] void ShowAndEnd(const QString& text) {
+  std::fputs(qUtf8Printable(text), stdout);
+  std::exit(0);
+}
 
 void CheckAddress(const CommandLine& read, QStringList& faults) {
   if (!read.address.isInSubnet(QHostAddress(QStringLiteral("127.0.0.0")), 8) &&
@@ -107,10 +158,14 @@ std::optional<CommandLine> ReadCommandLine(const QStringList& arguments, QString
     return std::nullopt;
   }
   if (parser.isSet(help)) {
-    parser.showHelp(0);
+    ShowAndEnd(parser.helpText() + QLatin1Char('\n') + MischiefHelp());
   }
   if (parser.isSet(version)) {
     parser.showVersion();
+  }
+  const QString mischief = QStringLiteral("mischief");
+  if (parser.value(mischief) == QStringLiteral("help")) {
+    ShowAndEnd(MischiefHelp());
   }
   for (const QString& argument : parser.positionalArguments()) {
     faults += QStringLiteral("unexpected argument '%1'").arg(argument);
@@ -128,8 +183,13 @@ std::optional<CommandLine> ReadCommandLine(const QStringList& arguments, QString
     CheckAddress(read, faults);
   }
   if (!parser.isSet(QStringLiteral("seed"))) {
-    read.server.seed = ThrowSeed();
-    read.thrown += QStringLiteral("Seed %1").arg(read.server.seed);
+    read.server.rules.seed = ThrowSeed();
+    read.thrown += QStringLiteral("Seed %1").arg(read.server.rules.seed);
+  }
+  read.server.load.seed = read.server.rules.seed;
+  if (parser.isSet(mischief) && !parser.isSet(QStringLiteral("mischief-seed"))) {
+    read.server.mischief.seed = ThrowSeed();
+    read.thrown += QStringLiteral("Mischief seed %1").arg(read.server.mischief.seed);
   }
   return faults.isEmpty() ? std::optional(std::move(read)) : std::nullopt;
 }

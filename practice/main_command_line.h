@@ -5,7 +5,7 @@
 #include <QStringList>
 #include <optional>
 
-#include "practice/server.h"
+#include "practice/network_server.h"
 #include "protocol/wire_format.h"
 
 namespace korvanta::practice {
@@ -15,7 +15,7 @@ struct CommandLine {
   quint16 port = kServerPort;
   bool allow_remote = false;
   bool quiet = false;
-  ServerOptions server;
+  NetworkServer::Options server;
   /// Facts that were thrown by dice and are worth printing, so that a run can be repeated.
   QStringList thrown;
 };

@@ -13,30 +13,43 @@ using namespace std::chrono_literals;
 constexpr auto kTick = 100ms;
 /// How long a client may take to read its last words and hang up.
 constexpr auto kClosingTime = 5s;
+/// How long the players may take to hang up when the server ends.
+constexpr auto kFarewellTime = 2s;
+/// A connection with fewer bytes on their way has room for more of a flood.
+constexpr qint64 kLowBacklog = qint64{64} * 1024;
 constexpr int kListenBacklog = 1024;
 /// Bytes taken from one connection at a time, so that no client keeps the others waiting.
 constexpr qint64 kReadBuffer = qint64{256} * 1024;
 
+/// Ends the connection by a reset instead of an end of stream.
+void Abort(QTcpSocket& socket) {
+  const linger at_once = {1, 0};
+  ::setsockopt(static_cast<int>(socket.socketDescriptor()), SOL_SOCKET, SO_LINGER, &at_once,
+               sizeof at_once);
+  socket.abort();
+}
+
 }  // namespace
 
-NetworkServer::NetworkServer(const ServerOptions& options,
+NetworkServer::NetworkServer(const Options& options,
                              std::function<void(std::string_view line)> journal)
-    : rules_(*this, options, std::move(journal)) {
+    : mischief_(*this, options.mischief),
+      load_(mischief_, options.load),
+      rules_(load_, options.rules, std::move(journal)) {
   QObject::connect(&listener_, &QTcpServer::newConnection, &listener_,
                    [this] { TakeConnections(); });
   QObject::connect(&tick_, &QTimer::timeout, &tick_, [this] {
-    rules_.Tick(std::chrono::milliseconds(running_since_.elapsed()));
+    const std::chrono::milliseconds now(running_since_.elapsed());
+    rules_.Tick(now);
+    load_.Tick(now);
+    mischief_.Tick();
     Flush();
   });
 }
 
 NetworkServer::~NetworkServer() {
-  rules_.SayFarewell();
-  Flush();
   for (const auto& [id, connection] : connections_) {
     connection.socket->disconnect();
-    connection.socket->flush();
-    connection.socket->disconnectFromHost();
   }
 }
 
@@ -48,6 +61,22 @@ QString NetworkServer::Listen(const QHostAddress& address, quint16 port) {
   running_since_.start();
   tick_.start(kTick);
   return {};
+}
+
+void NetworkServer::End(std::function<void()> ended) {
+  listener_.close();
+  tick_.stop();
+  rules_.SayFarewell();
+  for (const auto& [id, connection] : connections_) {
+    Close(id);
+  }
+  Flush();
+  if (connections_.empty()) {
+    ended();
+    return;
+  }
+  ended_ = std::move(ended);
+  QTimer::singleShot(kFarewellTime, &tick_, ended_);
 }
 
 void NetworkServer::Send(ConnectionId id, std::string_view messages) {
@@ -72,6 +101,13 @@ void NetworkServer::Close(ConnectionId id) {
   QTimer::singleShot(kClosingTime, socket, [socket] { socket->abort(); });
 }
 
+void NetworkServer::Reset(ConnectionId id) {
+  if (const auto found = connections_.find(id); found != connections_.end()) {
+    found->second.is_reset = true;
+    unflushed_.push_back(id);
+  }
+}
+
 void NetworkServer::TakeConnections() {
   while (QTcpSocket* socket = listener_.nextPendingConnection()) {
     const ConnectionId id = ++last_id_;
@@ -79,12 +115,9 @@ void NetworkServer::TakeConnections() {
     socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     connections_.emplace(id, Connection{socket, {}});
     QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, id] { Read(id); });
-    QObject::connect(socket, &QTcpSocket::bytesWritten, socket, [this, id] {
-      if (const auto found = connections_.find(id); found != connections_.end()) {
-        FinishClosing(found->second);
-      }
-    });
+    QObject::connect(socket, &QTcpSocket::bytesWritten, socket, [this, id] { Written(id); });
     QObject::connect(socket, &QTcpSocket::disconnected, socket, [this, id] { Forget(id); });
+    mischief_.Connected(id);
     rules_.Connected(id);
   }
   Flush();
@@ -100,6 +133,18 @@ void NetworkServer::Read(ConnectionId id) {
   Flush();
 }
 
+void NetworkServer::Written(ConnectionId id) {
+  const auto found = connections_.find(id);
+  if (found == connections_.end()) {
+    return;
+  }
+  FinishClosing(found->second);
+  if (found->second.socket->bytesToWrite() < kLowBacklog) {
+    load_.Refill(id);
+    Flush();
+  }
+}
+
 void NetworkServer::Forget(ConnectionId id) {
   const auto found = connections_.find(id);
   if (found == connections_.end()) {
@@ -108,10 +153,15 @@ void NetworkServer::Forget(ConnectionId id) {
   const Connection gone = std::move(found->second);
   connections_.erase(found);
   gone.socket->deleteLater();
+  mischief_.Vanished(id);
+  load_.Vanished(id);
   if (!gone.is_closing) {
     rules_.Vanished(id);
   }
   Flush();
+  if (ended_ && connections_.empty()) {
+    ended_();
+  }
 }
 
 /// Clients do not join messages that arrive in two parts, so what the rules answer to one event
@@ -128,6 +178,10 @@ void NetworkServer::Flush() {
       continue;
     }
     Connection& connection = found->second;
+    if (connection.is_reset) {
+      Abort(*connection.socket);
+      continue;
+    }
     if (connection.socket->bytesToWrite() + connection.outbox.size() > kMaxBacklog) {
       connection.socket->abort();
       continue;

@@ -14,22 +14,34 @@
 #include <unordered_map>
 #include <vector>
 
+#include "practice/load.h"
+#include "practice/mischief.h"
 #include "practice/server.h"
 #include "practice/transport.h"
 
 namespace korvanta::practice {
 
-class NetworkServer : private Transport {
+class NetworkServer : private ResettableTransport {
  public:
   /// Bytes that may wait for a slow reader; one that falls behind further is cut off.
   static constexpr qint64 kMaxBacklog = qint64{4} * 1024 * 1024;
 
-  NetworkServer(const ServerOptions& options, std::function<void(std::string_view line)> journal);
-  /// Tells the players and ends all connections.
+  struct Options {
+    ServerOptions rules;
+    LoadOptions load;
+    MischiefOptions mischief;
+  };
+
+  NetworkServer(const Options& options, std::function<void(std::string_view line)> journal);
+  /// Ends all connections at once.
   ~NetworkServer() override;
 
   /// Starts to take connections. Empty on success, otherwise why it failed.
   QString Listen(const QHostAddress& address, quint16 port);
+
+  /// Tells the players and ends all connections; calls `ended` when the last has gone, or too slow
+  /// a reader has had its time.
+  void End(std::function<void()> ended);
 
   quint16 port() const { return listener_.serverPort(); }
 
@@ -38,13 +50,16 @@ class NetworkServer : private Transport {
     QTcpSocket* socket;
     QByteArray outbox;        // leaves in one write when the rules have done with an event
     bool is_closing = false;  // unknown to the rules; its words are leaving
+    bool is_reset = false;    // to be ended without a word
   };
 
   void Send(ConnectionId id, std::string_view messages) override;
   void Close(ConnectionId id) override;
+  void Reset(ConnectionId id) override;
 
   void TakeConnections();
   void Read(ConnectionId id);
+  void Written(ConnectionId id);
   void Forget(ConnectionId id);
   void Flush();
   void FinishClosing(const Connection& connection);
@@ -56,6 +71,10 @@ class NetworkServer : private Transport {
   std::vector<ConnectionId> unflushed_;
   bool is_flushing_ = false;
   ConnectionId last_id_ = 0;
+  std::function<void()> ended_;
+  // What the rules send goes through these two on its way to a socket.
+  Mischief mischief_;
+  Load load_;
   Server rules_;
 };
 

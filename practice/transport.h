@@ -24,4 +24,12 @@ class Transport {
   virtual void Close(ConnectionId connection) = 0;
 };
 
+/// A network that can also hang up without a word, for those who make mischief with it.
+class ResettableTransport : public Transport {
+ public:
+  /// Ends the connection at once, by a reset; what is queued is lost. Returns at once and never
+  /// calls back; the rules hear later that the connection has vanished.
+  virtual void Reset(ConnectionId connection) = 0;
+};
+
 }  // namespace korvanta::practice
