@@ -27,8 +27,7 @@ PracticeServer::PracticeServer(const QStringList& options) : address_(UniqueLoop
   });
 }
 
-int PracticeServer::Stop() {
-  process_.terminate();
+int PracticeServer::WaitForExit() {
   WaitUntil("the practice server ends",
             [this] { return process_.state() == QProcess::NotRunning; });
   return process_.exitStatus() == QProcess::NormalExit ? process_.exitCode() : 128;

@@ -20,8 +20,15 @@ class PracticeServer {
   PracticeServer& operator=(const PracticeServer&) = delete;
 
   const QString& address() const { return address_; }
-  /// Asks it to end, as a service manager does; returns its exit status.
-  int Stop();
+  qint64 pid() const { return process_.processId(); }
+  /// Asks it to end, as a service manager does.
+  void AskToStop() { process_.terminate(); }
+  /// Its exit status.
+  int WaitForExit();
+  int Stop() {
+    AskToStop();
+    return WaitForExit();
+  }
 
  private:
   QString address_;

@@ -1,50 +1,14 @@
 #include "tests/process/practice_server.h"
 
-#include <QTcpSocket>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "protocol/message_catalogue.h"
-#include "protocol/wire_format.h"
-#include "tests/process/host.h"
-#include "tests/process/scripted_server.h"
+#include "tests/process/peer.h"
 
 namespace korvanta::process {
 namespace {
 
 using testing::HasSubstr;
-
-/// A client without windows.
-class Peer {
- public:
-  explicit Peer(const PracticeServer& server) {
-    socket_.connectToHost(server.address(), kServerPort);
-    WaitUntil("the practice server accepts", [this] { return socket_.isValid() && IsConnected(); });
-  }
-
-  bool IsConnected() const { return socket_.state() == QAbstractSocket::ConnectedState; }
-  void Send(const std::string& bytes) {
-    socket_.write(bytes.data(), static_cast<qint64>(bytes.size()));
-    socket_.flush();
-  }
-  /// Waits until that has come, after whatever else; all up to it is then forgotten.
-  void WaitFor(const QByteArray& bytes) {
-    qsizetype at = -1;
-    WaitUntil("the practice server sends " + Readable(bytes), [&] {
-      received_ += socket_.readAll();
-      at = received_.indexOf(bytes);
-      return at >= 0;
-    });
-    received_.remove(0, at + bytes.size());
-  }
-  void WaitForEnd() {
-    WaitUntil("the practice server ends the connection", [this] { return !IsConnected(); });
-  }
-
- private:
-  QTcpSocket socket_;
-  QByteArray received_;
-};
 
 TEST(PracticeServer, RelaysChatBetweenThoseWhoAreLoggedIn) {
   PracticeServer server;
@@ -52,7 +16,7 @@ TEST(PracticeServer, RelaysChatBetweenThoseWhoAreLoggedIn) {
   const std::string login = outbound::Login("1.6", "Aster", "secret");
   aster.Send(login.substr(0, 7));
   Peer brisk(server);
-  brisk.Send(outbound::Login("1.6", "Brisk", "secret"));
+  brisk.LogIn("Brisk");
   brisk.WaitFor("[con]Brisk\001");
   aster.Send(login.substr(7));
   aster.WaitFor("[con]Aster\001");
@@ -71,13 +35,31 @@ TEST(PracticeServer, AWrongPasswordIsToldBeforeTheConnectionEnds) {
   const PracticeServer server;
   {
     Peer owner(server);
-    owner.Send(outbound::Login("1.6", "Aster", "secret"));
+    owner.LogIn("Aster");
     owner.WaitFor("[con]Aster\001");
   }
   Peer other(server);
   other.Send(outbound::Login("1.6", "Aster", "guessed"));
   other.WaitFor("Wrong password.");
   other.WaitForEnd();
+}
+
+TEST(PracticeServer, MischiefComesOverConnectionsByDice) {
+  const PracticeServer server({"--mischief", "reset-handshake", "--mischief-seed", "1"});
+  int accepted = 0;
+  int reset = 0;
+  for (int i = 0; i < 20; ++i) {
+    Peer peer(server);
+    peer.LogIn("Peer" + std::to_string(i));
+    bool is_accepted = false;
+    WaitUntil("the login has an end", [&] {
+      is_accepted = peer.HasHeard("[con]");
+      return is_accepted || peer.HasEnded();
+    });
+    ++(is_accepted ? accepted : reset);
+  }
+  EXPECT_GT(accepted, 0);
+  EXPECT_GT(reset, 0);
 }
 
 TEST(PracticeServer, WhatKeepsItFromStartingIsToldInOneLine) {
@@ -95,6 +77,9 @@ TEST(PracticeServer, WhatKeepsItFromStartingIsToldInOneLine) {
       {{"--pace", "nan"}, "'nan' is no pace"},
       {{"--pace", "0"}, "'0' is no pace"},
       {{"--seed", "-1"}, "'-1' is no seed"},
+      {{"--flood", "0"}, "'0' is no rate"},
+      {{"--crowd", "100001"}, "'100001' is no crowd"},
+      {{"--mischief", "cut,spells"}, "'cut,spells' names an unknown kind"},
       {{"7678"}, "unexpected argument '7678'"},
       {{"--sound"}, "sound"},
   };
