@@ -34,6 +34,9 @@ void Connection::StartConnection() {
   values_.ConnectTicks = 0;
   tmrConnect_->SetEnabled(true);
   socket_.Close();
+  if (values_.IsConnected) {
+    modData::ShowConnectionState(*this, false);  // a close of our own raises no event
+  }
   socket_.Connect(server_address_, kServerPort);
   WriteStatus("Connecting as " + values_.CurrentUserName + "...");
 }

@@ -35,8 +35,8 @@ class Connection {
   Connection(ClientSocket& socket, TimerFactory& timers, ConnectionValues& values, ChatOutput& chat,
              ConnectionDisplay& display, std::string server_address);
 
-  /// Starts an attempt for `CurrentUserName`, ending any other: eight ticks of `tmrConnect` until
-  /// it is given up.
+  /// Starts an attempt for `CurrentUserName`, ending any other and any login: eight ticks of
+  /// `tmrConnect` until it is given up.
   void StartConnection();
 
   /// The click of "Disconnect": asks the server to close. Nothing changes until it does.

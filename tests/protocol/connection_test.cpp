@@ -134,6 +134,17 @@ TEST_F(ConnectionTest, ASecondAttemptStartsCountingAgain) {
   EXPECT_THAT(chat.Take(), ElementsAre("3|No connection can be made", "3|Disconnected"));
 }
 
+// The dialog opened during the handshake still stands when the server has answered.
+TEST_F(ConnectionTest, ANewAttemptEndsTheLoginThatItReplaces) {
+  LogIn();
+  connection.StartConnection();
+  EXPECT_FALSE(values.IsConnected);
+  EXPECT_THAT(display.Take(),
+              ElementsAre("caption=Connect", "title=Korvanta - v1.6 - Disconnected"));
+  Ticks(8);
+  EXPECT_FALSE(values.IsConnected) << "the user can try again";
+}
+
 TEST_F(ConnectionTest, AClosedEventShowsDisconnectedAndLeavesTheTimer) {
   connection.StartConnection();
   Ticks(3);
