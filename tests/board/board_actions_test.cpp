@@ -1,11 +1,8 @@
 #include "board/board_actions.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <string>
 
-#include "tests/fakes/fake_platform.h"
-#include "tests/fakes/recorders.h"
+#include "tests/fakes/logged_in_player.h"
 
 namespace korvanta {
 namespace {
@@ -13,23 +10,16 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class BoardActionsTest : public testing::Test {
+class BoardActionsTest : public testing::Test, protected fakes::OfflinePlayer {
  protected:
   BoardActionsTest() {
     socket.connected = true;
     list.ShowOnlineList("Ann\0011\0011\0010\002Bob\0011\0011\0010");
   }
 
-  fakes::FakeSocket socket;
-  fakes::FakeTimers timers;
-  fakes::FakeMessageBox message_box;
-  fakes::RecordingChat chat;
-  fakes::RecordingDisplay display;
-  ConnectionValues values;
-  Connection connection{socket, timers, values, chat, display, "127.0.0.1"};
   OnlineList list;
   Statistics statistics{connection, values};
-  BoardActions actions{connection, list, statistics, message_box};
+  BoardActions actions{connection, list, statistics, platform.message_box};
 };
 
 std::string Message(const std::string& text) { return text + '\0'; }
@@ -69,12 +59,12 @@ TEST_F(BoardActionsTest, StatisticsAsksForTheOwnRecordFirst) {
 
 TEST_F(BoardActionsTest, AnAllianceIsAskedForFirst) {
   actions.SelectedPlayer = "Bob";
-  message_box.answers = {false, true};
+  platform.message_box.answers = {false, true};
   actions.FormAlliance();
   EXPECT_THAT(socket.TakeSent(), IsEmpty());
   actions.FormAlliance();
   EXPECT_THAT(socket.TakeSent(), ElementsAre(Message("[aly]Bob")));
-  EXPECT_THAT(message_box.asked,
+  EXPECT_THAT(platform.message_box.asked,
               ElementsAre("Alliance?: Are you sure you want to ally with this user?",
                           "Alliance?: Are you sure you want to ally with this user?"));
 }
@@ -83,7 +73,7 @@ TEST_F(BoardActionsTest, WithoutAConnectedSocketNothingIsSent) {
   socket.connected = false;
   actions.BoxRightClicked(1, 1);
   actions.SelectedPlayer = "Bob";
-  message_box.answers = {true};
+  platform.message_box.answers = {true};
   actions.ResearchThis();
   actions.Information();
   actions.AttackPlayer();

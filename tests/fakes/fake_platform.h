@@ -141,6 +141,9 @@ class FakeMessageBox : public MessageBox {
   }
   bool Ask(std::string_view text, std::string_view title) override {
     asked.push_back(std::string(title) + ": " + std::string(text));
+    if (meanwhile) {
+      meanwhile();
+    }
     if (answers.empty()) {
       throw std::logic_error("a question that the test did not expect: " + asked.back());
     }
@@ -153,6 +156,7 @@ class FakeMessageBox : public MessageBox {
   std::vector<MessageIcon> icons;
   std::vector<std::string> asked;
   std::vector<bool> answers;
+  std::function<void()> meanwhile;  ///< happens while a question stands open
 };
 
 class FakeInstance : public InstanceGuard {

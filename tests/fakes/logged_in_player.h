@@ -1,4 +1,4 @@
-/// A player's connection on a fake socket, already logged in, for tests of what sends through it.
+/// A player's connection on a fake socket, for tests of what sends through it or is shown by it.
 #pragma once
 
 #include <string>
@@ -10,27 +10,34 @@
 
 namespace korvanta::fakes {
 
-struct LoggedInPlayer {
+/// Everything that a connection needs; nothing has happened to it yet.
+struct OfflinePlayer {
+  FakePlatform platform;
+  FakeSocket& socket = platform.socket;
+  FakeTimers& timers = platform.timers;
+  RecordingChat chat;
+  RecordingDisplay display;
+  ConnectionValues values;
+  Connection connection{socket, timers, values, chat, display, "127.0.0.1"};
+};
+
+/// Already logged in.
+struct LoggedInPlayer : OfflinePlayer {
   LoggedInPlayer() {
     values.CurrentUserName = "Marlow";
     values.IsConnected = true;
-    platform.socket.connected = true;
+    socket.connected = true;
   }
 
   /// The socket alone is connected: the server has not answered the login yet.
   void OnlyHandshake() { values.IsConnected = false; }
+
   void Disconnected() {
     values.IsConnected = false;
-    platform.socket.connected = false;
+    socket.connected = false;
   }
 
-  std::vector<std::string> TakeSent() { return platform.socket.TakeSent(); }
-
-  FakePlatform platform;
-  RecordingChat chat;
-  RecordingDisplay display;
-  ConnectionValues values;
-  Connection connection{platform.socket, platform.timers, values, chat, display, "127.0.0.1"};
+  std::vector<std::string> TakeSent() { return socket.TakeSent(); }
 };
 
 }  // namespace korvanta::fakes

@@ -2,11 +2,7 @@
 
 #include <algorithm>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <random>
-#include <string>
-#include <utility>
-#include <vector>
 
 namespace korvanta {
 namespace {

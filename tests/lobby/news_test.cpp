@@ -1,7 +1,6 @@
 #include "lobby/news.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "protocol/message_catalogue.h"
 #include "tests/fakes/logged_in_player.h"

@@ -1,7 +1,6 @@
 #include "lobby/online_list.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "protocol/field_reading.h"
 

@@ -1,12 +1,9 @@
 #include "protocol/connection.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <string>
 
 #include "protocol/field_reading.h"
-#include "tests/fakes/fake_platform.h"
-#include "tests/fakes/recorders.h"
+#include "tests/fakes/logged_in_player.h"
 
 namespace korvanta {
 namespace {
@@ -16,7 +13,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pair;
 
-class ConnectionTest : public testing::Test {
+class ConnectionTest : public testing::Test, protected fakes::OfflinePlayer {
  protected:
   ConnectionTest() {
     values.ClientVersion = "1.6";
@@ -37,13 +34,6 @@ class ConnectionTest : public testing::Test {
     display.Take();
     socket.TakeSent();
   }
-
-  fakes::FakeSocket socket;
-  fakes::FakeTimers timers;
-  fakes::RecordingChat chat;
-  fakes::RecordingDisplay display;
-  ConnectionValues values;
-  Connection connection{socket, timers, values, chat, display, "127.0.0.1"};
 };
 
 TEST_F(ConnectionTest, AnAttemptClosesTheSocketAndConnectsToTheFixedPort) {

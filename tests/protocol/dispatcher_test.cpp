@@ -1,12 +1,8 @@
 #include "protocol/dispatcher.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <initializer_list>
-#include <string>
 
-#include "tests/fakes/fake_platform.h"
-#include "tests/fakes/recorders.h"
+#include "tests/fakes/logged_in_player.h"
 
 namespace korvanta {
 namespace {
@@ -21,7 +17,7 @@ class StarFilter : public ChatFilter {
   }
 };
 
-class DispatcherTest : public testing::Test {
+class DispatcherTest : public testing::Test, protected fakes::OfflinePlayer {
  protected:
   DispatcherTest() {
     values.CurrentUserName = "old";
@@ -38,18 +34,11 @@ class DispatcherTest : public testing::Test {
     dispatcher.HandleBlock(block);
   }
 
-  fakes::FakeSocket socket;
-  fakes::FakeTimers timers;
-  fakes::RecordingChat chat;
-  fakes::RecordingDisplay display;
   fakes::RecordingGame game;
   fakes::RecordingLobby lobby;
-  fakes::RecordingSounds sounds;
   StarFilter filter;
   Options options;
-  ConnectionValues values;
-  Connection connection{socket, timers, values, chat, display, "127.0.0.1"};
-  Dispatcher dispatcher{{connection, options, chat, filter, sounds, game, lobby}};
+  Dispatcher dispatcher{{connection, options, chat, filter, platform.sounds, game, lobby}};
 };
 
 TEST_F(DispatcherTest, EveryTagReachesItsHandlerWithItsPayload) {
@@ -60,7 +49,7 @@ TEST_F(DispatcherTest, EveryTagReachesItsHandlerWithItsPayload) {
   EXPECT_THAT(game.Take(), ElementsAre("clock 90", "clock 0", "light 2 3", "reset", "reset",
                                        "points 2.500000", "light 4 1"));
   EXPECT_THAT(lobby.Take(), ElementsAre("bre b", "nws n\r\nm", "onl o", "tif i", "ttm t", "tdd d"));
-  EXPECT_THAT(sounds.played, ElementsAre("sounds/attack.wav"));
+  EXPECT_THAT(platform.sounds.played, ElementsAre("sounds/attack.wav"));
   EXPECT_EQ(values.UserID, 12);
   EXPECT_TRUE(values.IsConnected);
 }
@@ -119,12 +108,12 @@ TEST_F(DispatcherTest, OptionsDecideOnNoticesSoundsAndTheFilter) {
   options.mnuFilter = true;
   Receive({"[log]hidden", "[sou]not even read", "[msg]tel\001text\001False"});
   EXPECT_THAT(chat.Take(), ElementsAre("4|*text"));
-  EXPECT_THAT(sounds.played, IsEmpty());
+  EXPECT_THAT(platform.sounds.played, IsEmpty());
 }
 
 TEST_F(DispatcherTest, SoundNumbersNameTheirFiles) {
   Receive({"[sou]1", "[sou]2.0", "[sou] 4 ", "[sou]5", "[sou]6", "[sou]0", "[sou]7", "[sou]1.5"});
-  EXPECT_THAT(sounds.played,
+  EXPECT_THAT(platform.sounds.played,
               ElementsAre("sounds/gamestart.wav", "sounds/tick.wav", "sounds/attacked.wav",
                           "sounds/research.wav", "sounds/wingame.wav"));
 }

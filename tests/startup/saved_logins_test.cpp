@@ -22,12 +22,8 @@ std::string Show(const SavedLogins& logins) {
   return text;
 }
 
-TEST(ScrambleLoginText, ReversesAndTransformsWholeTexts) {
-  EXPECT_EQ(Scrambled("abc"), "\xc9\xc7\xc5");
-  EXPECT_EQ(Scrambled(""), "");
-}
-
 TEST(ScrambleLoginText, DecodingUndoesEncodingWhereverThereIsOne) {
+  EXPECT_EQ(Scrambled("abc"), "\xc9\xc7\xc5");
   for (int code = 0; code < 256; ++code) {
     const std::string text = {'x', static_cast<char>(code)};
     const auto scrambled = modData::ScrambleLoginText(text, true);
@@ -40,10 +36,8 @@ TEST(ScrambleLoginText, DecodingUndoesEncodingWhereverThereIsOne) {
 }
 
 TEST(ScrambleLoginText, DecodesHalvesToTheEvenNeighbour) {
-  const std::pair<int, int> cases[] = {{3, 0},     {4, 0},    {5, 1},    {6, 2},     {7, 2},
-                                       {8, 2},     {9, 3},    {10, 4},   {58, 28},   {60, 28},
-                                       {99, 48},   {100, 48}, {102, 50}, {252, 124}, {253, 125},
-                                       {254, 126}, {255, 126}};
+  const std::pair<int, int> cases[] = {{3, 0},   {4, 0},     {5, 1},    {6, 2},
+                                       {58, 28}, {254, 126}, {255, 126}};
   for (const auto& [stored, code] : cases) {
     EXPECT_EQ(modData::ScrambleLoginText(std::string(1, static_cast<char>(stored)), false),
               std::string(1, static_cast<char>(code)))
@@ -58,13 +52,10 @@ TEST(SavedLogins, ReadsPiecesAndSkipsWhatMakesNoSense) {
     std::string stored;
     std::string logins;
   } cases[] = {
-      {"nothing stored", "", ""},
       {"empty pieces", ";;", ""},
       {"one character", "x;" + good, "good/pass"},
-      {"a comma alone", ",;" + good, "good/pass"},
       {"no comma", "xyz;" + good, "good/pass"},
       {"character below the scramble", std::string("a\x02z,\xc9;") + good, "good/pass"},
-      {"the same in the password", std::string("\xc9,\x01;") + good, "good/pass"},
       {"the same behind the password", Scrambled("four") + ",," + "\x01;" + good,
        "four/ good/pass"},
       {"no password", Scrambled("solo") + ",;", "solo/"},
@@ -81,7 +72,6 @@ TEST(SavedLogins, ReadsPiecesAndSkipsWhatMakesNoSense) {
 
 TEST(SavedLogins, WritesLoginsWithNamesInSlotOrder) {
   SavedLogins logins;
-  EXPECT_EQ(logins.ToStored(), "");
   for (const auto& [name, password] :
        {std::pair{"Anna", "pass1"}, {"", "left"}, {"Bert", ""}, {"Anna", "pass2"}}) {
     logins.Add({name, password});

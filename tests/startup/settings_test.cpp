@@ -1,7 +1,6 @@
 #include "startup/settings.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "tests/fakes/fake_platform.h"
 
@@ -84,9 +83,7 @@ TEST(Settings, BooleansAreReadLenientlyAndFallBackToTheirDefault) {
     bool scroll_lock;  // default false
     bool sounds;       // default true
   } cases[] = {{"true", true, true}, {"FALSE", false, false}, {"0", false, false},
-               {"-1", true, true},   {"0.0", false, false},   {"1e-3", true, true},
-               {"", false, true},    {"yes", false, true},    {"&H1", false, true},
-               {"nan", false, true}, {"inf", false, true},    {"0x1", false, true}};
+               {"-1", true, true},   {"", false, true},       {"yes", false, true}};
   for (const auto& c : cases) {
     Loaded run;
     run.store.entries["Menu > ScrollLock"] = c.text;
@@ -99,23 +96,11 @@ TEST(Settings, BooleansAreReadLenientlyAndFallBackToTheirDefault) {
 
 TEST(Settings, TheWholeNumberIsRoundedAndFallsBackOutsideItsRange) {
   const std::pair<const char*, std::int32_t> cases[] = {
-      {"0", 0},
-      {" 42 ", 42},
-      {"0.5", 0},
-      {"1.5", 2},
-      {"2.5", 2},
-      {"-2.5", -2},
-      {"1e3", 1000},
-      {"2147483647", 2147483647},
-      {"2147483647.4", 2147483647},
-      {"2147483647.5", 1},
-      {"-2147483648.5", -2147483647 - 1},
-      {"-2147483649", 1},
-      {"1e400", 1},
-      {"nan", 1},
-      {"0x10", 1},
+      {" 42 ", 42},        {"1.5", 2},
+      {"-2.5", -2},        {"2147483647.4", 2147483647},
+      {"2147483647.5", 1}, {"-2147483648.5", -2147483647 - 1},
+      {"-2147483649", 1},  {"1e400", 1},
       {"ten", 1},
-      {"", 1},
   };
   for (const auto& [text, value] : cases) {
     Loaded run;
@@ -123,12 +108,6 @@ TEST(Settings, TheWholeNumberIsRoundedAndFallsBackOutsideItsRange) {
     run.Load();
     EXPECT_EQ(run.settings.TimeSetting, value) << text;
   }
-}
-
-TEST(Settings, AStoreThatCannotBeWrittenIsReported) {
-  Loaded run;
-  run.store.commit_error = "The disk is full.";
-  EXPECT_EQ(modFiles::SaveSettings(run.settings, run.store), "The disk is full.");
 }
 
 }  // namespace

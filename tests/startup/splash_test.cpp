@@ -35,14 +35,6 @@ TEST_F(SplashTest, DotsRunFromOneToFourAgainAndAgain) {
   EXPECT_EQ(changes_, 6);
 }
 
-TEST_F(SplashTest, VersionLineIsEmptyUntilFilledIn) {
-  splash_.window().Create();
-  EXPECT_EQ(splash_.Label3(), "");
-  splash_.ShowVersion();
-  EXPECT_EQ(splash_.Label3(), "Version: 1.6");
-  EXPECT_EQ(splash_.Label5()[2], "2002-2024");
-}
-
 TEST_F(SplashTest, FinishesOnceWithItsTimersOff) {
   splash_.window().Show();
   timers_.Tick(4000ms);
@@ -50,13 +42,6 @@ TEST_F(SplashTest, FinishesOnceWithItsTimersOff) {
   timers_.Tick(200ms);
   EXPECT_EQ(finished_, 1);
   EXPECT_EQ(splash_.Label4(), "Now Loading") << "no timer ticks after the end";
-}
-
-TEST_F(SplashTest, UnloadedByOthersItNeverFinishes) {
-  splash_.window().Create();
-  splash_.window().Unload();
-  timers_.Tick(4000ms);
-  EXPECT_EQ(finished_, 0);
 }
 
 TEST_F(SplashTest, LoadedAgainItStartsOver) {
