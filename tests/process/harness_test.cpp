@@ -1,13 +1,9 @@
-#include <QCoreApplication>
 #include <QTcpSocket>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "protocol/wire_format.h"
 #include "tests/process/host.h"
 #include "tests/process/scripted_server.h"
-#include "tests/process/user.h"
-#include "tests/process/virtual_display.h"
 
 namespace korvanta::process {
 namespace {
@@ -27,33 +23,7 @@ TEST(ScriptedServer, TakesTheExpectedBytesAndTellsOthers) {
               Throws<HarnessError>(Property(&HarnessError::what, HasSubstr("received: [p]"))));
   server.Expect("[p]");
   EXPECT_EQ(server.unread(), "");
-
-  server.SendAndClose("bye");
-  WaitUntil("the client sees the end",
-            [&] { return client.state() == QAbstractSocket::UnconnectedState; });
-  EXPECT_EQ(client.readAll(), "bye");
 }
-
-TEST(ScriptedServer, ResetsAreSeenAsResets) {
-  ScriptedServer server;
-  QTcpSocket client;
-  client.connectToHost(server.address(), kServerPort);
-  server.WaitForClient();
-  server.Reset();
-  WaitUntil("the client sees the end",
-            [&] { return client.state() == QAbstractSocket::UnconnectedState; });
-  EXPECT_EQ(client.error(), QAbstractSocket::RemoteHostClosedError);
-}
-
-TEST(SilentServer, NeitherAcceptsNorRefuses) {
-  const SilentServer server;
-  QTcpSocket client;
-  client.connectToHost(server.address(), kServerPort);
-  EXPECT_FALSE(client.waitForConnected(700));
-  EXPECT_EQ(client.error(), QAbstractSocket::SocketTimeoutError);
-}
-
-TEST(Host, NoTwoAddressesAreAlike) { EXPECT_NE(UniqueLoopbackAddress(), UniqueLoopbackAddress()); }
 
 TEST(Host, AWaitInVainNamesWhatItWaitedFor) {
   EXPECT_THAT(
@@ -62,13 +32,6 @@ TEST(Host, AWaitInVainNamesWhatItWaitedFor) {
             "pigs fly", [] { return false; }, std::chrono::milliseconds(20));
       },
       Throws<HarnessError>(Property(&HarnessError::what, HasSubstr("until pigs fly"))));
-}
-
-TEST(User, SeesNoWindowWhereNoneIs) {
-  const VirtualDisplay display;
-  const User user(display);
-  EXPECT_FALSE(user.Sees(QCoreApplication::applicationPid(), "Korvanta*"));
-  EXPECT_THROW(user.Activate({"123456789", "none"}), HarnessError);
 }
 
 }  // namespace

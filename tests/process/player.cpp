@@ -37,8 +37,7 @@ void Player::Say(const QString& line) {
 }
 
 QString Player::WaitForMessage(const QString& text) {
-  return user_.WaitForText(main_, kMessageView, '"' + text + '"',
-                           [&](const QString& shown) { return shown.contains(text); });
+  return user_.WaitForText(main_, kMessageView, text);
 }
 
 void Player::Choose(const QString& shortcut) {

@@ -1,7 +1,6 @@
 #include "tests/process/practice_server.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "tests/process/peer.h"
 
@@ -29,19 +28,6 @@ TEST(PracticeServer, RelaysChatBetweenThoseWhoAreLoggedIn) {
   EXPECT_EQ(server.Stop(), 0);
   brisk.WaitFor("Goodbye!");
   brisk.WaitForEnd();
-}
-
-TEST(PracticeServer, AWrongPasswordIsToldBeforeTheConnectionEnds) {
-  const PracticeServer server;
-  {
-    Peer owner(server);
-    owner.LogIn("Aster");
-    owner.WaitFor("[con]Aster\001");
-  }
-  Peer other(server);
-  other.Send(outbound::Login("1.6", "Aster", "guessed"));
-  other.WaitFor("Wrong password.");
-  other.WaitForEnd();
 }
 
 TEST(PracticeServer, MischiefComesOverConnectionsByDice) {

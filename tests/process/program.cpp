@@ -3,7 +3,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <utility>
 
 namespace korvanta::process {
 namespace {
@@ -31,29 +30,21 @@ QString Made(const QString& folder) {
 
 }  // namespace
 
-Installation::Installation(const QString& server_address, QString program)
-    : program_(std::move(program)) {
+Installation::Installation(const QString& server_address) {
   const QDir built(KORVANTA_PROGRAM_FOLDER);
   Made(folder_.filePath("program/sounds"));
   Copy(built.filePath("Korvanta"), program_file());
   for (const QString& sound : QDir(built.filePath("sounds")).entryList(QDir::Files)) {
     Copy(built.filePath("sounds/" + sound), folder_.filePath("program/sounds/" + sound));
   }
-  WriteDeployment("[Deployment]\nServerAddress=" + server_address.toLatin1() + "\n");
+  Write(folder_.filePath("program/deployment.ini"),
+        "[Deployment]\nServerAddress=" + server_address.toLatin1() + "\n");
 }
 
-QString Installation::program_file() const { return folder_.filePath("program/" + program_); }
-
-void Installation::WriteDeployment(const QByteArray& text) const {
-  Write(folder_.filePath("program/deployment.ini"), text);
-}
-
-void Installation::RemoveDeployment() const {
-  QFile::remove(folder_.filePath("program/deployment.ini"));
-}
+QString Installation::program_file() const { return folder_.filePath("program/Korvanta"); }
 
 QString Installation::settings_file() const {
-  return folder_.filePath("config/Korvanta/" + program_ + ".ini");
+  return folder_.filePath("config/Korvanta/Korvanta.ini");
 }
 
 QByteArray Installation::Settings() const {

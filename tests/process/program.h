@@ -15,13 +15,10 @@ namespace korvanta::process {
 /// Its player's configuration and run-time folders are in there too.
 class Installation {
  public:
-  /// The deployment values name `server_address`. `program` is the copy's file name.
-  explicit Installation(const QString& server_address, QString program = "Korvanta");
+  /// The deployment values name `server_address`.
+  explicit Installation(const QString& server_address);
 
   QString program_file() const;
-  /// The bytes of the deployment file; HarnessError when it cannot be written.
-  void WriteDeployment(const QByteArray& text) const;
-  void RemoveDeployment() const;
   /// The settings file of the player, which need not exist.
   QString settings_file() const;
   /// HarnessError when there is none.
@@ -33,7 +30,6 @@ class Installation {
 
  private:
   QTemporaryDir folder_;
-  QString program_;
 };
 
 /// One running copy of the program; killed at the end of this object's life if it still runs.

@@ -1,128 +1,95 @@
-#include "tests/process/program.h"
+#include <QFileInfo>
 
-#include "tests/process/player.h"
-#include "tests/process/process_test.h"
+#include "tests/process/story_test.h"
 
 namespace korvanta::process {
 namespace {
 
-/// The end of what the message view holds.
-testing::AssertionResult EndsWith(const QString& text, const QString& end) {
-  if (text.trimmed().endsWith(end)) {
-    return testing::AssertionSuccess();
-  }
-  return testing::AssertionFailure() << "it reads:\n" << text.toStdString();
-}
+/// In parts of the main window's width and height.
+constexpr QPointF kFirstPlayer{0.76, 0.652};
 
-TEST_F(ProcessTest, TheWindowAppearsAndClosingItEndsTheProgram) {
-  const Installation installation(UniqueLoopbackAddress());
-  Program program(installation, display_);
-  Player player(user_, program);
-  player.WaitForStart();
-  player.Choose("alt+F4");
-  EXPECT_EQ(program.WaitForExit(), 0);
-  EXPECT_EQ(program.Output().toStdString(), "");
-}
+class ProgramStory : public StoryTest {};
 
-TEST_F(ProcessTest, LogsInChatsAndLeaves) {
-  ScriptedServer server;
-  const Installation installation(server.address());
-  Program program(installation, display_);
-  Player player(user_, program);
-  player.WaitForStart();
-  EXPECT_EQ(player.main_window().title, "Korvanta - v1.6 - Disconnected");
+TEST_F(ProgramStory, LogsInChatsPlaysAndLeavesWithEveryWindow) {
+  Start();
+  EXPECT_EQ(main_window().title, "Korvanta - v1.6 - Disconnected");
+  user_.Activate(player_->login_dialog());
+  // "Save Password" on, then back to the user name.
+  user_.Press({"Tab", "Tab", "Tab", "space", "alt+u"});
+  Login("90");
 
-  player.Login("Marlow", "secret1");
-  server.WaitForClient();
-  server.Expect(Bytes("[con]1.6\001Marlow\001secret1\0"));
-  server.Send(Bytes("[con]Marlow\00190\0[msg]cht\001Aster: hail\001False\0"));
-  player.WaitForState("Connected");
-  player.WaitForMessage("Aster: hail");
-
+  server_.Send(Bytes("[msg]cht\001Aster: hail\001False\0"));
+  player_->WaitForMessage("Aster: hail");
   user_.Press({"ctrl+e"});  // the message view has the keyboard, and a use of its own for this key
-  server.Expect(Bytes("[jon]\0"));
-
-  player.Say("hello");
-  server.Expect(Bytes("[ctc]c hello\0"));
+  server_.Expect(Bytes("[jon]\0"));
+  player_->Say("hello");
+  server_.Expect(Bytes("[ctc]c hello\0"));
   user_.Press({"ctrl+e"});  // likewise the chat line
-  server.Expect(Bytes("[jon]\0"));
-  player.Say("/who all");
-  server.Expect(Bytes("[ctc]who all\0"));
+  server_.Expect(Bytes("[jon]\0"));
 
-  EXPECT_EQ(player.Leave(), 0);
-  server.Expect(Bytes("[dis]\0"));
-  server.WaitUntilLeft();
-  EXPECT_EQ(Readable(server.unread()).toStdString(), "");
-}
+  // From the chat line back to the board, to the Golden Knowledge and away again.
+  user_.Press({"shift+Tab", "shift+Tab", "Right", "Right", "Right", "Right", "Menu"});
+  ChooseItem(1);
+  server_.Expect(Bytes("[upg]5\0015\001\0"));
+  user_.Press({"Left", "Left", "Down", "Down", "shift+F10"});
+  ChooseItem(2);
+  server_.Expect(Bytes("[inf]3\0"));
+  server_.Send(Bytes("[onl]Aster\0014\00131\0010\0[msg]cht\001Aster: here\001False\0"));
+  player_->WaitForMessage("Aster: here");
+  user_.Click(main_window(), kFirstPlayer, 3);
+  ChooseItem(1);
+  server_.Expect(Bytes("[att]Aster\0"));
 
-TEST_F(ProcessTest, TheLastUserIsRememberedAndNeedsOnlyThePassword) {
-  ScriptedServer server;
-  const Installation installation(server.address());
-  for (const bool remembered : {false, true}) {
-    Program program(installation, display_);
-    Player player(user_, program);
-    player.WaitForStart();
-    if (remembered) {
-      user_.Activate(player.login_dialog());
-      user_.Type("secret1");
-      user_.Press({"Return"});
-    } else {
-      player.Login("Marlow", "secret1");
-    }
-    server.WaitForClient(remembered ? 1 : 0);
-    server.Expect(Bytes("[con]1.6\001Marlow\001secret1\0"));
-    EXPECT_EQ(player.Leave(), 0);
+  player_->Choose("ctrl+k");
+  for (const auto& [shortcut, title] : {std::pair{"F3", "News"},
+                                        {"ctrl+l", "Search Online User"},
+                                        {"ctrl+t", "Tournament Window"}}) {
+    player_->Choose(shortcut);
+    user_.Activate(WaitFor(title));
   }
+  server_.Expect(Bytes("[nws]\0[bre]Marlow\0[tif]\0"));
+  EXPECT_EQ(user_.Windows(program_->pid()).size(), 4);
+
+  EXPECT_FALSE(QFileInfo::exists(installation_.settings_file()));
+  const qint64 pid = program_->pid();
+  player_->Choose("alt+F4");
+  EXPECT_EQ(program_->WaitForExit(), 0);
+  server_.Expect(Bytes("[dis]\0"));
+  server_.WaitUntilLeft();
+  EXPECT_EQ(Readable(server_.unread()).toStdString(), "");
+  EXPECT_EQ(user_.Windows(pid).size(), 0);
+  EXPECT_EQ(program_->Output().toStdString(), "");
+  EXPECT_EQ(installation_.Settings().toStdString(),
+            "[Menu]\nScrollLock=True\nLanguageFilter=True\nIgnoreLogins=False\nSounds=True\n"
+            "Auto Chat=True\nAuto Ready=False\n"
+            "[Client Data]\nTime=1\n"
+            "[Logins]\nLast User=Marlow\n"
+            "User/Password=%F1%E1%DB%E7%C5%9D,e%EB%CD%E7%C9%CD%E9;\n"
+            "[Settings]\nLogin=False\n");
 }
 
-TEST_F(ProcessTest, WordsThatComeWithTheEndAreReadBeforeIt) {
-  ScriptedServer server;
-  const Installation installation(server.address());
-  Program program(installation, display_);
-  Player player(user_, program);
-  player.WaitForStart();
-  player.Login("Marlow", "secret1");
-  server.Expect(Bytes("[con]1.6\001Marlow\001secret1\0"));
-  server.SendAndClose(Bytes("[msg]adm\001Server: no entry\001False\0"));
-  const QString messages = player.WaitForMessage("Disconnected");
-  EXPECT_TRUE(EndsWith(messages, "Server: no entry\nDisconnected"));
-  player.WaitForState("Disconnected");
-}
+TEST_F(ProgramStory, ASecondCopyIsRefusedAndWhatIsKilledSavesNothing) {
+  const QByteArray settings = "[Menu]\nScrollLock=False\n[Logins]\nLast User=Corin\n";
+  installation_.WriteSettings(settings);
+  Start();
+  Login("7");
+  player_->Choose("ctrl+k");
 
-TEST_F(ProcessTest, AServerThatVanishesIsADisconnection) {
-  ScriptedServer server;
-  const Installation installation(server.address());
-  Program program(installation, display_);
-  Player player(user_, program);
-  player.WaitForStart();
-  player.Login("Marlow", "secret1");
-  server.Expect(Bytes("[con]1.6\001Marlow\001secret1\0"));
-  server.Send(Bytes("[con]Marlow\00190\0"));
-  player.WaitForState("Connected");
-  server.Reset();
-  player.WaitForState("Disconnected");
-  EXPECT_TRUE(EndsWith(player.WaitForMessage("Disconnected"), "Connected as Marlow\nDisconnected"));
-}
+  Program second(installation_, display_);
+  const Window box = user_.WaitForWindow(second.pid(), "Korvanta");
+  EXPECT_EQ(user_.Windows(second.pid()).size(), 1);
+  user_.Activate(box);
+  user_.Press({"Return"});
+  EXPECT_EQ(second.WaitForExit(), 0);
+  EXPECT_EQ(server_.clients(), 1);
 
-void ExpectNoConnection(const User& user, const VirtualDisplay& display, const QString& address) {
-  const Installation installation(address);
-  Program program(installation, display);
-  Player player(user, program);
-  player.WaitForStart();
-  player.Login("Marlow", "secret1");
-  const QString messages = player.WaitForMessage("No connection can be made");
-  EXPECT_EQ(messages.trimmed().toStdString(),
-            "Connecting as Marlow...\nNo connection can be made\nDisconnected");
-  player.WaitForState("Disconnected");
-}
-
-TEST_F(ProcessTest, ARefusedConnectionIsGivenUp) {
-  ExpectNoConnection(user_, display_, UniqueLoopbackAddress());
-}
-
-TEST_F(ProcessTest, ASilentServerIsGivenUp) {
-  const SilentServer server;
-  ExpectNoConnection(user_, display_, server.address());
+  program_->Kill();
+  server_.WaitUntilLeft();
+  EXPECT_EQ(Readable(server_.unread()).toStdString(), "");
+  EXPECT_EQ(installation_.Settings(), settings);
+  Start();
+  EXPECT_EQ(player_->Leave(), 0);
+  EXPECT_TRUE(installation_.Settings().contains("ScrollLock=False\n"));
 }
 
 }  // namespace

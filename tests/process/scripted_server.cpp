@@ -1,13 +1,6 @@
 #include "tests/process/scripted_server.h"
 
 #include <QHostAddress>
-#include <algorithm>
-#include <arpa/inet.h>
-#include <cerrno>
-#include <fcntl.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 #include "protocol/wire_format.h"
 
@@ -29,8 +22,8 @@ ScriptedServer::ScriptedServer() : address_(UniqueLoopbackAddress()) {
   });
 }
 
-void ScriptedServer::WaitForClient(int known) {
-  WaitUntil("a client connects to the server", [&] { return clients_ > known; });
+void ScriptedServer::WaitForClient() {
+  WaitUntil("a client connects to the server", [this] { return clients_ > 0; });
 }
 
 void ScriptedServer::Expect(const QByteArray& bytes) {
@@ -59,20 +52,6 @@ void ScriptedServer::Send(const QByteArray& bytes) {
   WaitUntil("the bytes to the client are written", [this] { return Client().bytesToWrite() == 0; });
 }
 
-void ScriptedServer::Close() { Client().disconnectFromHost(); }
-
-void ScriptedServer::Reset() {
-  const linger at_once = {1, 0};
-  ::setsockopt(static_cast<int>(Client().socketDescriptor()), SOL_SOCKET, SO_LINGER, &at_once,
-               sizeof at_once);
-  Client().abort();
-}
-
-void ScriptedServer::SendAndClose(const QByteArray& bytes) {
-  Client().write(bytes);
-  Client().disconnectFromHost();
-}
-
 void ScriptedServer::WaitUntilLeft() {
   WaitUntil("the client leaves",
             [this] { return Client().state() == QAbstractSocket::UnconnectedState; });
@@ -83,30 +62,6 @@ QTcpSocket& ScriptedServer::Client() {
     throw HarnessError("no client has connected to the server yet");
   }
   return *client_;
-}
-
-// A backlog that is full and never taken from: further attempts are dropped without a word.
-SilentServer::SilentServer()
-    : address_(UniqueLoopbackAddress()), listening_(::socket(AF_INET, SOCK_STREAM, 0)) {
-  sockaddr_in place = {};
-  place.sin_family = AF_INET;
-  place.sin_port = htons(kServerPort);
-  ::inet_pton(AF_INET, address_.toLatin1().constData(), &place.sin_addr);
-  const auto* where = reinterpret_cast<const sockaddr*>(&place);
-  if (::bind(listening_, where, sizeof place) != 0 || ::listen(listening_, 0) != 0) {
-    throw HarnessError(QString("cannot listen on %1:%2").arg(address_).arg(kServerPort));
-  }
-  for (int i = 0; i < 3; ++i) {
-    waiting_.push_back(::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK, 0));
-    if (::connect(waiting_.back(), where, sizeof place) != 0 && errno != EINPROGRESS) {
-      throw HarnessError(QString("cannot fill the backlog of %1").arg(address_));
-    }
-  }
-}
-
-SilentServer::~SilentServer() {
-  std::for_each(waiting_.begin(), waiting_.end(), [](int socket) { ::close(socket); });
-  ::close(listening_);
 }
 
 QString Readable(const QByteArray& bytes) {

@@ -1,4 +1,4 @@
-/// Game servers whose every byte the test decides.
+/// A game server whose every byte the test decides.
 #pragma once
 
 #include <QByteArray>
@@ -20,8 +20,8 @@ class ScriptedServer {
   const QString& address() const { return address_; }
   /// How many clients came so far.
   int clients() const { return clients_; }
-  /// Waits for a client beyond the first `known` ones.
-  void WaitForClient(int known = 0);
+  /// Waits for the first client.
+  void WaitForClient();
 
   /// Takes exactly `bytes` from the front of what the client sent. HarnessError at the first byte
   /// that differs, and when too few come.
@@ -30,19 +30,8 @@ class ScriptedServer {
   const QByteArray& unread();
   void Send(const QByteArray& bytes);
 
-  /// Leaves everything that the client sends from now on in the system's buffers.
-  void StopReading() { Client().setReadBufferSize(1); }
-
-  /// Ends the connection in order, after everything sent.
-  void Close();
-  /// Ends it by a reset.
-  void Reset();
-  /// Sends and ends the connection at once, so that the client finds both together.
-  void SendAndClose(const QByteArray& bytes);
   /// Waits until the client has ended the connection.
   void WaitUntilLeft();
-  /// From now on attempts are refused.
-  void StopListening() { server_.close(); }
 
  private:
   QTcpSocket& Client();
@@ -52,22 +41,6 @@ class ScriptedServer {
   QTcpSocket* client_ = nullptr;
   int clients_ = 0;
   QByteArray unread_;
-};
-
-/// An address at which attempts to connect get no answer at all.
-class SilentServer {
- public:
-  SilentServer();
-  ~SilentServer();
-  SilentServer(const SilentServer&) = delete;
-  SilentServer& operator=(const SilentServer&) = delete;
-
-  const QString& address() const { return address_; }
-
- private:
-  QString address_;
-  int listening_;
-  QList<int> waiting_;
 };
 
 /// Bytes as a reader can tell them apart: separators and other control codes as <n>.

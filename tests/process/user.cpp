@@ -3,7 +3,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QSize>
-#include <algorithm>
 #include <cmath>
 
 namespace korvanta::process {
@@ -32,26 +31,16 @@ QList<Window> User::Windows(qint64 pid) const {
   return windows;
 }
 
-bool User::Sees(qint64 pid, const QString& title) const {
-  const QList<Window> windows = Windows(pid);
-  return std::any_of(windows.begin(), windows.end(),
-                     [&](const Window& window) { return Fits(window, title); });
-}
-
-Window User::WaitForWindow(qint64 pid, const QString& title,
-                           std::chrono::milliseconds patience) const {
+Window User::WaitForWindow(qint64 pid, const QString& title) const {
   Window found;
-  WaitUntil(
-      QString("a window \"%1\" is seen").arg(title),
-      [&] {
-        for (const Window& window : Windows(pid)) {
-          if (Fits(window, title)) {
-            found = window;
-          }
-        }
-        return !found.id.isEmpty();
-      },
-      patience);
+  WaitUntil(QString("a window \"%1\" is seen").arg(title), [&] {
+    for (const Window& window : Windows(pid)) {
+      if (Fits(window, title)) {
+        found = window;
+      }
+    }
+    return !found.id.isEmpty();
+  });
   return found;
 }
 
@@ -66,12 +55,9 @@ void User::WaitUntilGone(const Window& window) const {
 
 void User::Activate(const Window& window) const {
   Do("xdotool", {"windowactivate", window.id});
-  WaitUntil(QString("the window \"%1\" has the keyboard").arg(window.title),
-            [&] { return HasKeyboard(window); });
-}
-
-bool User::HasKeyboard(const Window& window) const {
-  return RunTool("xdotool", {"getwindowfocus"}, environment_).output.trimmed() == window.id;
+  WaitUntil(QString("the window \"%1\" has the keyboard").arg(window.title), [&] {
+    return RunTool("xdotool", {"getwindowfocus"}, environment_).output.trimmed() == window.id;
+  });
 }
 
 void User::Type(const QString& text) const { Do("xdotool", {"type", "--delay", "4", "--", text}); }
@@ -97,28 +83,23 @@ void User::Click(const Window& window, QPointF place, int button) const {
                  "click", QString::number(button)});
 }
 
-QString User::Clipboard() const {
-  const ToolResult held =
-      RunTool("xclip", {"-selection", "clipboard", "-out", "-target", "UTF8_STRING"}, environment_);
-  return held.status == 0 ? QString::fromUtf8(held.output) : QString();
-}
-
-QString User::WaitForText(const Window& window, QPointF place, const QString& what,
-                          const std::function<bool(const QString&)>& contents) const {
-  QString text;
+QString User::WaitForText(const Window& window, QPointF place, const QString& text) const {
+  QString shown;
   Activate(window);
   Click(window, place);
   try {
-    WaitUntil(QString("the text shows %1").arg(what), [&] {
+    WaitUntil(QString("the text shows \"%1\"").arg(text), [&] {
       Press({"ctrl+a", "ctrl+c"});
-      text = Clipboard();
-      return contents(text);
+      shown = RunTool("xclip", {"-selection", "clipboard", "-out", "-target", "UTF8_STRING"},
+                      environment_)
+                  .output;
+      return shown.contains(text);
     });
   } catch (const HarnessError& error) {
-    throw HarnessError(QString("%1; it reads:\n%2").arg(error.what(), text));
+    throw HarnessError(QString("%1; it reads:\n%2").arg(error.what(), shown));
   }
   Press({"ctrl+End"});
-  return text;
+  return shown;
 }
 
 void User::Photograph(const Window& window, const QString& file) const {

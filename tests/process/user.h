@@ -4,7 +4,6 @@
 #include <QList>
 #include <QPointF>
 #include <QString>
-#include <functional>
 
 #include "tests/process/host.h"
 #include "tests/process/virtual_display.h"
@@ -23,15 +22,13 @@ class User {
 
   /// The visible windows of a process.
   QList<Window> Windows(qint64 pid) const;
-  bool Sees(qint64 pid, const QString& title) const;
   /// Waits for a window whose title is `title`, or begins with it when it ends in "*".
-  Window WaitForWindow(qint64 pid, const QString& title,
-                       std::chrono::milliseconds patience = kPatience) const;
+  Window WaitForWindow(qint64 pid, const QString& title) const;
+
   void WaitUntilGone(const Window& window) const;
 
   /// Raises the window and waits until it has the keyboard.
   void Activate(const Window& window) const;
-  bool HasKeyboard(const Window& window) const;
   /// Keys go to whatever has the keyboard. Characters of the US layout only.
   void Type(const QString& text) const;
   /// One chord after the other, in X names: "ctrl+a", "Return", "alt+F4".
@@ -39,13 +36,9 @@ class User {
   /// `place` in parts of the window's width and height, (0, 0) at the left top.
   void Click(const Window& window, QPointF place, int button = 1) const;
 
-  /// The text on the clipboard; empty when there is none.
-  QString Clipboard() const;
-  /// Copies all of the text at `place`, again and again until `contents` is content with it. The
-  /// keyboard is then there, its caret at the text's end.
-  QString WaitForText(const Window& window, QPointF place, const QString& what,
-                      const std::function<bool(const QString&)>& contents) const;
-
+  /// Copies all of the text at `place` until `text` is in it, and returns it. The keyboard is then
+  /// there, its caret at the text's end.
+  QString WaitForText(const Window& window, QPointF place, const QString& text) const;
   /// Saves a picture (PNG) of a window, or of the whole screen.
   void Photograph(const Window& window, const QString& file) const;
   void PhotographScreen(const QString& file) const;
