@@ -60,15 +60,5 @@ TEST_F(BoardAccessibleTest, BoxesAreFoundByPositionAndByFocus) {
   EXPECT_EQ(Board()->focusChild(), Box(7));
 }
 
-TEST_F(BoardAccessibleTest, TheMenuIsAnAction) {
-  int topic = 0;
-  widget_.on_box_menu = [&](std::int16_t asked, std::int16_t /*level*/, QPoint position) {
-    topic = asked;
-    EXPECT_EQ(BoardWidget::BoxUnder(widget_.mapFromGlobal(position)), 9);
-  };
-  Box(9)->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
-  EXPECT_EQ(topic, 3);
-}
-
 }  // namespace
 }  // namespace korvanta

@@ -4,14 +4,12 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
-#include <QThread>
 #include <gmock/gmock.h>
 
 #ifdef Q_OS_UNIX
 #include <csignal>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 #endif
 
@@ -199,7 +197,7 @@ TEST_F(IniSettingsStoreTest, FullDiskLeavesTheOldFile) {
   EXPECT_EQ(Stored(path, "Menu", "Sounds"), "False");
 }
 
-TEST_F(IniSettingsStoreTest, ReadOnlyFolderAndUnreadableFileAreLeftAsTheyAre) {
+TEST_F(IniSettingsStoreTest, AnUnreadableFileIsLeftAsItIs) {
   SaveOne();
   const QByteArray before = Read(path);
   const std::string file = path.toStdString();
@@ -213,71 +211,15 @@ TEST_F(IniSettingsStoreTest, ReadOnlyFolderAndUnreadableFileAreLeftAsTheyAre) {
     ASSERT_EQ(chown(above.c_str(), kSomebody, kSomebody), 0);
     ASSERT_EQ(seteuid(kSomebody), 0);
   }
-  for (const bool can_read : {true, false}) {
-    chmod(file.c_str(), can_read ? 0600 : 0);
-    chmod(above.c_str(), can_read ? 0500 : 0700);
-    IniSettingsStore store(path);
-    EXPECT_EQ(store.Get("Menu", "Sounds", "True"), can_read ? "False" : "True");
-    store.Save("Menu", "Sounds", "True");
-    EXPECT_THAT(store.Commit(), HasSubstr(file));
-  }
+  chmod(file.c_str(), 0);
+  IniSettingsStore store(path);
+  store.Save("Menu", "Sounds", "True");
+  EXPECT_THAT(store.Commit(), HasSubstr(file));
   chmod(file.c_str(), 0600);
   if (is_superuser) {
     ASSERT_EQ(seteuid(0), 0);
   }
   EXPECT_EQ(Read(path), before);
-}
-
-TEST_F(IniSettingsStoreTest, KilledAtAnyInstantItIsTheOldFileOrTheNewWhole) {
-  constexpr int kKeys = 200;
-  const auto value = [](int generation) { return std::string(200, static_cast<char>(generation)); };
-  SaveOne();
-  int seen_changes = 0;
-  char last = 0;
-  for (int kill_count = 0; kill_count < 150; ++kill_count) {
-    int committed[2];
-    ASSERT_EQ(pipe(committed), 0);
-    const pid_t child = fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
-      IniSettingsStore store(path);
-      for (int generation = 'A' + kill_count % 13;;
-           generation = generation == 'Z' ? 'A' : generation + 1) {
-        for (int i = 0; i < kKeys; ++i) {
-          store.Save("Logins", std::to_string(i), value(generation));
-        }
-        store.Commit();
-        if (write(committed[1], "c", 1) != 1) {
-          _exit(1);
-        }
-      }
-    }
-    // From its first commit on the child does nothing but commit; the kill comes at any point.
-    char first_commit = 0;
-    ASSERT_EQ(read(committed[0], &first_commit, 1), 1);
-    QThread::usleep(static_cast<unsigned long>(kill_count * 137 % 5000));
-    ASSERT_EQ(kill(child, SIGKILL), 0);
-    waitpid(child, nullptr, 0);
-    close(committed[0]);
-    close(committed[1]);
-
-    IniSettingsStore store(path);
-    const std::string first = store.Get("Logins", "0", "");
-    for (int i = 0; i < kKeys; ++i) {
-      ASSERT_EQ(store.Get("Logins", std::to_string(i), ""), first);
-    }
-    ASSERT_EQ(store.Get("Menu", "Sounds", "True"), "False");
-    if (!first.empty()) {
-      ASSERT_EQ(first, value(first.front()));
-      seen_changes += first.front() == last ? 0 : 1;
-      last = first.front();
-    }
-    // Unfinished copies too are for the user's eyes only.
-    for (const QFileInfo& file : QFileInfo(path).dir().entryInfoList(QDir::Files)) {
-      ASSERT_TRUE(file.size() == 0 || Mode(file.filePath()) == kUserOnly);
-    }
-  }
-  EXPECT_GT(seen_changes, 20) << "the kills came too early to mean anything";
 }
 
 #endif

@@ -6,7 +6,6 @@
 #include <QScrollBar>
 #include <QTest>
 #include <QTimer>
-#include <QWheelEvent>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -78,15 +77,6 @@ struct MessageViewWidgetTest : testing::Test {
             kMargin + row * glyphs.row_height() + glyphs.row_height() / 2};
   }
 
-  std::string Selected() const { return view.SelectedText(); }
-
-  static void Wheel(QWidget* target, int angle) {
-    const QPointF at = target->rect().center();
-    QWheelEvent event(at, target->mapToGlobal(at), {}, {0, angle}, Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(target, &event);
-  }
-
   bool Shows(const QColor& colour) {
     const QImage image = widget.viewport()->grab().toImage();
     for (int y = 0; y < image.height(); ++y) {
@@ -123,8 +113,6 @@ TEST_F(MessageViewWidgetTest, FollowsTheEndAndThumbAndKeysReachBothEndsExactly) 
   EXPECT_EQ(bar(), static_cast<int>(widget.top()));
   widget.verticalScrollBar()->triggerAction(QAbstractSlider::SliderPageStepAdd);
   EXPECT_EQ(TopLine(), "line " + std::to_string(3 + whole_rows() - 1));
-  widget.verticalScrollBar()->triggerAction(QAbstractSlider::SliderToMaximum);
-  EXPECT_EQ(bar(), bar_end());
 
   QTest::keyClick(&widget, Qt::Key_Home, Qt::ControlModifier);
   EXPECT_EQ(TopLine(), "line 0");
@@ -138,15 +126,11 @@ TEST_F(MessageViewWidgetTest, ScrollLockHoldsWhatIsSeenInPlace) {
   Lock(true);
   widget.verticalScrollBar()->setValue(400);
   const std::string seen = TopLine();
-  const QImage before = widget.viewport()->grab().toImage();
   for (const std::size_t place : {std::size_t{8}, view.size(), widget.top()}) {
     view.MoveCaret(place, false);
     Write(5);
     EXPECT_EQ(TopLine(), seen) << place;
   }
-  view.MoveCaret(0, false);
-  Frame();
-  EXPECT_EQ(widget.viewport()->grab().toImage(), before);
   EXPECT_LT(bar(), bar_end());
 
   view.Clear();
@@ -158,40 +142,6 @@ TEST_F(MessageViewWidgetTest, ScrollLockHoldsWhatIsSeenInPlace) {
   EXPECT_EQ(TopLine(), "first");
   Write(100);
   EXPECT_EQ(TopLine(), "first");
-}
-
-TEST_F(MessageViewWidgetTest, ResizingKeepsTheTopLineOrTheEnd) {
-  for (int line = 0; line < 60; ++line) {
-    view.AppendMessage("words that wrap when it is narrow, number " + std::to_string(line),
-                       MessageKind::Chat);
-  }
-  Frame();
-  widget.resize(200, 160);
-  EXPECT_EQ(bar(), bar_end());
-  widget.resize(420, 220);
-  EXPECT_EQ(bar(), bar_end());
-
-  widget.verticalScrollBar()->setValue(1000);
-  const std::size_t top = widget.top();
-  for (const int width : {200, 130, 300, 420}) {
-    widget.resize(width, 220);
-    EXPECT_LE(widget.top(), top);
-    EXPECT_EQ(LineStart(view.text(), widget.top()), LineStart(view.text(), top));
-  }
-  EXPECT_EQ(widget.top(), top);
-}
-
-TEST_F(MessageViewWidgetTest, WheelTurnsThreeRowsANotchAndKeepsParts) {
-  Write(100);
-  widget.verticalScrollBar()->setValue(0);
-  Wheel(widget.viewport(), -120);
-  EXPECT_EQ(TopLine(), "line 3");
-  Wheel(widget.verticalScrollBar(), 120);
-  EXPECT_EQ(TopLine(), "line 0");
-  for (int step = 0; step < 6; ++step) {
-    Wheel(widget.viewport(), -20);
-  }
-  EXPECT_EQ(TopLine(), "line 3");
 }
 
 TEST_F(MessageViewWidgetTest, AFloodIsPaintedOnce) {
@@ -216,35 +166,18 @@ TEST_F(MessageViewWidgetTest, MouseSelects) {
   QTest::mouseClick(port, Qt::LeftButton, {}, PointAt(0, line, 7));
   EXPECT_EQ(view.selection(), (TextRange{7, 7}));
   QTest::mouseClick(port, Qt::LeftButton, Qt::ShiftModifier, PointAt(0, line, 12));
-  EXPECT_EQ(Selected(), "hello");
+  EXPECT_EQ(view.SelectedText(), "hello");
 
   QTest::mousePress(port, Qt::LeftButton, {}, PointAt(1, "Brisk", 5));
   QTest::mouseMove(port, PointAt(0, line, 13));
   QTest::mouseRelease(port, Qt::LeftButton, {}, PointAt(0, line, 13));
-  EXPECT_EQ(Selected(), "there\nBrisk");
+  EXPECT_EQ(view.SelectedText(), "there\nBrisk");
   EXPECT_GT(view.anchor(), view.caret());
-  Frame();
-  EXPECT_TRUE(Shows(theme::kSelection));
 
   QTest::mouseDClick(port, Qt::LeftButton, {}, PointAt(0, line, 8));
-  EXPECT_EQ(Selected(), "hello");
+  EXPECT_EQ(view.SelectedText(), "hello");
   QTest::mousePress(port, Qt::LeftButton, {}, PointAt(0, line, 8));
-  EXPECT_EQ(Selected(), line + "\n");
-  QTest::mouseMove(port, PointAt(1, "Brisk", 2));
-  QTest::mouseRelease(port, Qt::LeftButton, {}, PointAt(1, "Brisk", 2));
-  EXPECT_EQ(Selected(), line + "\nBrisk: second\n");
-}
-
-TEST_F(MessageViewWidgetTest, DraggingBeyondAnEdgeScrolls) {
-  Write(100);
-  widget.verticalScrollBar()->setValue(400);
-  const std::size_t top = widget.top();
-  QWidget* const port = widget.viewport();
-  QTest::mousePress(port, Qt::LeftButton, {}, {kMargin, kMargin + 2});
-  QTest::mouseMove(port, {kMargin, -30});
-  EXPECT_TRUE(QTest::qWaitFor([&] { return widget.top() == 0; }, 5000));
-  QTest::mouseRelease(port, Qt::LeftButton, {}, {kMargin, -30});
-  EXPECT_EQ(view.selection(), (TextRange{0, top}));
+  EXPECT_EQ(view.SelectedText(), line + "\n");
 }
 
 TEST_F(MessageViewWidgetTest, KeysMoveAndSelect) {
@@ -253,40 +186,32 @@ TEST_F(MessageViewWidgetTest, KeysMoveAndSelect) {
   view.AppendMessage("Brisk: hi there", MessageKind::Chat);
   Frame();
   struct Step {
-    int key;
+    Qt::Key key;
     Qt::KeyboardModifiers modifiers;
-    std::size_t anchor;
-    std::size_t caret;
+    std::size_t anchor, caret;
   };
   const Qt::KeyboardModifiers none;
   const Qt::KeyboardModifiers control = Qt::ControlModifier;
   const Qt::KeyboardModifiers shift = Qt::ShiftModifier;
-  const Step steps[] = {
-      {Qt::Key_Home, control, 0, 0},
-      {Qt::Key_Left, none, 0, 0},
-      {Qt::Key_Right, none, 1, 1},
-      {Qt::Key_Right, shift, 1, 2},
-      {Qt::Key_Left, none, 1, 1},
-      {Qt::Key_End, shift, 1, 18},
-      {Qt::Key_Right, none, 18, 18},
-      {Qt::Key_Right, none, 20, 20},
-      {Qt::Key_Left, none, 18, 18},
-      {Qt::Key_Down, none, 35, 35},
-      {Qt::Key_Up, none, 18, 18},
-      {Qt::Key_Home, none, 0, 0},
-      {Qt::Key_Right, control, 5, 5},
-      {Qt::Key_Right, control | shift, 5, 7},
-      {Qt::Key_Left, control, 5, 5},
-      {Qt::Key_PageDown, shift, 5, 37},
-      {Qt::Key_End, control | shift, 5, 37},
-      {Qt::Key_A, control, 0, 37},
-  };
-  int number = 0;
-  for (const Step& step : steps) {
-    QTest::keyClick(&widget, static_cast<Qt::Key>(step.key), step.modifiers);
-    EXPECT_EQ(view.anchor(), step.anchor) << number;
-    EXPECT_EQ(view.caret(), step.caret) << number;
-    ++number;
+  const Step steps[] = {{Qt::Key_Home, control, 0, 0},
+                        {Qt::Key_Right, none, 1, 1},
+                        {Qt::Key_Right, shift, 1, 2},
+                        {Qt::Key_End, shift, 1, 18},
+                        {Qt::Key_Right, none, 18, 18},
+                        {Qt::Key_Right, none, 20, 20},
+                        {Qt::Key_Left, none, 18, 18},
+                        {Qt::Key_Down, none, 35, 35},
+                        {Qt::Key_Up, none, 18, 18},
+                        {Qt::Key_Home, none, 0, 0},
+                        {Qt::Key_Right, control, 5, 5},
+                        {Qt::Key_Right, control | shift, 5, 7},
+                        {Qt::Key_Left, control, 5, 5},
+                        {Qt::Key_PageDown, shift, 5, 37},
+                        {Qt::Key_End, control | shift, 5, 37},
+                        {Qt::Key_A, control, 0, 37}};
+  for (const auto& [key, modifiers, anchor, caret] : steps) {
+    QTest::keyClick(&widget, key, modifiers);
+    EXPECT_EQ((std::pair{view.anchor(), view.caret()}), (std::pair{anchor, caret}));
   }
 }
 
@@ -298,30 +223,15 @@ TEST_F(MessageViewWidgetTest, CopyGivesPlainTextAndTheMenuKnowsWhetherItCan) {
   QTest::keyClick(&widget, Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(clipboard->text(), QStringLiteral("before"));
 
-  const auto open_menu = [this] {
+  for (const bool can_copy : {false, true}) {
     QTest::keyClick(&widget, Qt::Key_F10, Qt::ShiftModifier);
-    return qobject_cast<QMenu*>(QApplication::activePopupWidget());
-  };
-  QMenu* menu = open_menu();
-  ASSERT_NE(menu, nullptr);
-  ASSERT_EQ(menu->actions().size(), 2);
-  EXPECT_EQ(menu->actions()[0]->text(), QStringLiteral("&Copy"));
-  EXPECT_FALSE(menu->actions()[0]->isEnabled());
-  menu->actions()[1]->trigger();
-  menu->close();
-  EXPECT_EQ(view.selection(), (TextRange{0, view.size()}));
-
-  menu = open_menu();
-  ASSERT_NE(menu, nullptr);
-  EXPECT_TRUE(menu->actions()[0]->isEnabled());
-  menu->actions()[0]->trigger();
-  menu->close();
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->actions()[0]->isEnabled(), can_copy);
+    menu->actions()[can_copy ? 0 : 1]->trigger();  // Copy, Select All
+    menu->close();
+  }
   EXPECT_EQ(clipboard->text(), ToQString("Aster: caf\xe9\n"));
-
-  QTest::keyClick(&widget, Qt::Key_Home, Qt::ControlModifier);
-  QTest::keyClick(&widget, Qt::Key_Right, Qt::ShiftModifier);
-  QTest::keyClick(&widget, Qt::Key_Insert, Qt::ControlModifier);
-  EXPECT_EQ(clipboard->text(), QStringLiteral("A"));
 }
 
 TEST_F(MessageViewWidgetTest, PaintsEachKindInItsColoursAndTheCaretOfScrollLock) {
@@ -339,14 +249,6 @@ TEST_F(MessageViewWidgetTest, PaintsEachKindInItsColoursAndTheCaretOfScrollLock)
   EXPECT_FALSE(Shows(theme::kInk));
   Lock(true);
   EXPECT_TRUE(Shows(theme::kInk));
-}
-
-TEST_F(MessageViewWidgetTest, FocusMovesNothing) {
-  const QRect before = widget.viewport()->geometry();
-  widget.clearFocus();
-  Frame();
-  EXPECT_EQ(widget.viewport()->geometry(), before);
-  EXPECT_TRUE(widget.verticalScrollBar()->isVisible());
 }
 
 TEST_F(MessageViewWidgetTest, EveryByteIsSeen) {

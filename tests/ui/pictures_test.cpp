@@ -1,5 +1,4 @@
 #include <QDir>
-#include <QIcon>
 #include <QImage>
 #include <QSet>
 #include <gtest/gtest.h>
@@ -57,17 +56,6 @@ TEST(Pictures, EachIsLegibleOnItsGroundFromSixteenPixelsUp) {
   }
   const QStringList all = QDir(QStringLiteral(":/pictures")).entryList();
   EXPECT_EQ(seen, QSet<QString>(all.begin(), all.end())) << "pictures without a ground above";
-}
-
-TEST(Pictures, ServeAsIcons) {
-  const QIcon icon(QStringLiteral(":/pictures/remove_user.svg"));
-  EXPECT_GT(LegibleShare(icon.pixmap(20, 20).toImage(), theme::kChrome), 0.1);
-}
-
-TEST(Pictures, AreRenderedForTheScreensRatio) {
-  const QPixmap picture = RenderPicture(QStringLiteral("military"), {38, 38}, 1.5);
-  EXPECT_EQ(picture.size(), QSize(57, 57));
-  EXPECT_EQ(picture.deviceIndependentSize(), QSizeF(38, 38));
 }
 
 }  // namespace

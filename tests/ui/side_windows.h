@@ -54,45 +54,6 @@ struct Desk {
   std::unique_ptr<Frame> frame;
 };
 
-/// Closes an open window in each way that a user has: Esc, and the button of its frame.
-template <typename Frame, typename Plain>
-void ExpectClosesByEscAndByItsFrame(Desk<Frame, Plain>& desk) {
-  desk.Open();
-  QTest::keyClick(desk.frame.get(), Qt::Key_Escape);
-  EXPECT_TRUE(desk.IsClosed());
-  desk.Open();
-  desk.frame->close();
-  EXPECT_TRUE(desk.IsClosed());
-}
-
-/// The access keys that work in the window now, doubles included.
-inline QStringList AccessKeys(const QWidget& window) {
-  QStringList keys;
-  const auto add = [&keys](const QString& caption) {
-    const QKeySequence key = QKeySequence::mnemonic(caption);
-    if (!key.isEmpty()) {
-      keys += key.toString();
-    }
-  };
-  for (const QWidget* widget : window.findChildren<QWidget*>()) {
-    if (!widget->isVisible()) {
-      continue;
-    }
-    if (const auto* label = qobject_cast<const QLabel*>(widget)) {
-      add(label->text());
-    } else if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) {
-      add(button->text());
-    } else if (const auto* group = qobject_cast<const QGroupBox*>(widget)) {
-      add(group->title());
-    } else if (const auto* tabs = qobject_cast<const QTabBar*>(widget)) {
-      for (int i = 0; i < tabs->count(); ++i) {
-        add(tabs->tabText(i));
-      }
-    }
-  }
-  return keys;
-}
-
 /// Controls that a user can reach and that have no accessible name.
 inline std::string NamelessControls(const QWidget& window) {
   std::string nameless;
@@ -104,6 +65,19 @@ inline std::string NamelessControls(const QWidget& window) {
     }
   }
   return nameless;
+}
+
+/// Opens the window, whose controls all have names, and closes it in each way that a user has: Esc,
+/// and the button of its frame.
+template <typename Frame, typename Plain>
+void ExpectClosesByEscAndByItsFrame(Desk<Frame, Plain>& desk) {
+  desk.Open();
+  EXPECT_EQ(NamelessControls(*desk.frame), "");
+  QTest::keyClick(desk.frame.get(), Qt::Key_Escape);
+  EXPECT_TRUE(desk.IsClosed());
+  desk.Open();
+  desk.frame->close();
+  EXPECT_TRUE(desk.IsClosed());
 }
 
 }  // namespace korvanta
