@@ -9,6 +9,8 @@ namespace {
 
 /// Pieces that may wait for one connection; while they are so many, nothing more is cut.
 constexpr std::size_t kMostPieces = 30;
+/// Ticks from one piece to the next; some clients wait a while for the rest of a message.
+constexpr std::size_t kLongestPause = 5;
 
 }  // namespace
 
@@ -69,7 +71,9 @@ void Mischief::Tick() {
     Line& line = next->second;
     ++next;
     if (!line.later.empty()) {
-      network_.Send(connection, line.later.front());
+      if (!line.later.front().empty()) {
+        network_.Send(connection, line.later.front());
+      }
       line.later.pop_front();
     } else if (line.end == End::Reset) {
       network_.Reset(connection);
@@ -163,7 +167,7 @@ void Mischief::DeliverCut(ConnectionId connection, Line& line, std::string_view 
     const std::size_t at = 1 + dice_.Below(bytes.size() - 1);
     Deliver(connection, line, bytes.substr(0, at));
     bytes.remove_prefix(at);
-    line.later.emplace_back();
+    line.later.resize(line.later.size() + 1 + dice_.Below(kLongestPause));
   }
   Deliver(connection, line, bytes);
 }

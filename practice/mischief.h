@@ -41,7 +41,7 @@ class Mischief : public Transport {
   struct Line {
     std::optional<MischiefKind> fate;
     std::string held;               // a message that lets the next one pass
-    std::deque<std::string> later;  // one of them leaves at each tick
+    std::deque<std::string> later;  // one leaves at each tick; an empty one is a pause
     End end = End::None;            // when nothing is left to leave
   };
 
