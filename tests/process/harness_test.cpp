@@ -25,14 +25,5 @@ TEST(ScriptedServer, TakesTheExpectedBytesAndTellsOthers) {
   EXPECT_EQ(server.unread(), "");
 }
 
-TEST(Host, AWaitInVainNamesWhatItWaitedFor) {
-  EXPECT_THAT(
-      [] {
-        WaitUntil(
-            "pigs fly", [] { return false; }, std::chrono::milliseconds(20));
-      },
-      Throws<HarnessError>(Property(&HarnessError::what, HasSubstr("until pigs fly"))));
-}
-
 }  // namespace
 }  // namespace korvanta::process

@@ -1,24 +1,10 @@
 #include "tests/process/virtual_display.h"
 
-#include <QStandardPaths>
-
 #include "tests/process/host.h"
 
 namespace korvanta::process {
-namespace {
-
-void Require(const QString& program) {
-  if (QStandardPaths::findExecutable(program).isEmpty()) {
-    throw HarnessError(program + " is not installed; scripts/setup installs it");
-  }
-}
-
-}  // namespace
 
 VirtualDisplay::VirtualDisplay() : environment_(BareEnvironment()) {
-  for (const QString program : {"Xvfb", "openbox", "xdotool", "xclip", "import"}) {
-    Require(program);
-  }
   environment_.insert("HOME", home_.path());
   StartServer();
   StartWindowManager();
