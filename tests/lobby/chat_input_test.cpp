@@ -102,17 +102,5 @@ TEST_F(ChatInputTest, AChosenLineGoesThroughTheRewriteAgain) {
   EXPECT_EQ(Send("c word"), "c c word");
 }
 
-TEST_F(ChatInputTest, AChangeOfTheTextIsTold) {
-  int changes = 0;
-  input.on_changed = [&] { ++changes; };
-  input.TextEdited("a");
-  input.TextEdited("a");
-  EXPECT_EQ(changes, 1);
-  input.SendChatLine();
-  EXPECT_EQ(changes, 2);
-  input.HistoryUp();
-  EXPECT_EQ(changes, 3);
-}
-
 }  // namespace
 }  // namespace korvanta

@@ -238,7 +238,7 @@ TEST_F(LoginDialogTest, RemovingAUserEmptiesItsSlotAfterAYes) {
 }
 
 TEST_F(LoginDialogTest, AUserIsRemovedEvenWhenTheDialogGoesWhileTheQuestionStands) {
-  Open({{"Anna", "pass"}, {"Bert", "pass"}}, "Bert");
+  Open({{"Anna", "pass"}, {"Bert", "pass"}});
   dialog.UserNameTyped("Anna");
   box.answers = {true};
   box.meanwhile = [this] {

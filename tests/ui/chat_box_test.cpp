@@ -1,6 +1,5 @@
 #include "ui/chat_box.h"
 
-#include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLabel>

@@ -1,6 +1,5 @@
 #include "ui/frmTournament.h"
 
-#include <QAbstractItemView>
 #include <QTreeView>
 #include <gmock/gmock.h>
 
@@ -102,6 +101,18 @@ TEST_F(FrmTournamentTest, NewTeamNamesLeaveWhatIsTypedAlone) {
     EXPECT_EQ(box.selectedText(), QStringLiteral("ea"));
     EXPECT_EQ(box.cursorPosition(), backwards ? 1 : 3);
     EXPECT_EQ(state().texts.cmbTeam, "Team");
+  }
+}
+
+TEST_F(FrmTournamentTest, AnOrdinaryUserSeesTheFiguresAndNoAdminTab) {
+  OpenAs(89);
+  EXPECT_EQ(Tabs().count(), 2);
+  tournament.ShowTournamentInfo("50\001350\0013\00111");
+  for (const auto& [box, text] : {std::pair{"iEntryFee", "50"},
+                                  {"txtPurse", "350"},
+                                  {"iMaxTeams", "3"},
+                                  {"iMaxPlayers", "11"}}) {
+    EXPECT_EQ(desk.Get<QLineEdit>(box).text(), QLatin1String(text));
   }
 }
 

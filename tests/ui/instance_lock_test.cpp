@@ -1,7 +1,6 @@
 #include "ui/desktop/instance_lock.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
