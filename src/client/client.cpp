@@ -66,7 +66,7 @@ bool Client::StartUp() {
 
 void modData::InitClient(Client& client) {
   ShowConnectionState(client.connection, false);
-  client.language_filter.FilterWords = kFilterWords;
+  client.language_filter.SetFilterWords(kFilterWords);
   client.values.ClientVersion = kVersionText;
   client.saved_logins.Reset();
   modFiles::LoadSettings(client.settings, client.platform_.settings);

@@ -12,6 +12,32 @@ constexpr char kMaskCharacter = '*';
 
 constexpr char ToLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
 
+bool SameLetter(char a, char b) { return ToLower(a) == ToLower(b); }
+
+/// Occurrences of listed words that overlap each other, from the start of the first to the end of
+/// the last. What becomes of them depends on nothing outside.
+struct Stretch {
+  std::size_t from = 0;
+  std::size_t to = 0;
+  bool is_one_word = true;
+};
+
+void MaskStretch(const LanguageFilter& filter, const Stretch& stretch, std::string& text) {
+  const auto begin = text.begin() + static_cast<std::ptrdiff_t>(stretch.from);
+  const auto end = text.begin() + static_cast<std::ptrdiff_t>(stretch.to);
+  if (stretch.is_one_word) {
+    std::fill(begin, end, kMaskCharacter);
+    return;
+  }
+  for (std::string_view word : Split(filter.FilterWords(), kWordSeparator)) {
+    const std::string mask = modData::MaskFor(word, kMaskCharacter);
+    auto at = begin;
+    while ((at = std::search(at, end, word.begin(), word.end(), SameLetter)) != end) {
+      at = std::copy(mask.begin(), mask.end(), at);
+    }
+  }
+}
+
 }  // namespace
 
 const std::string_view modData::kFilterWords =
@@ -21,22 +47,39 @@ std::string modData::MaskFor(std::string_view word, char mask_character) {
   return std::string(word.size(), mask_character);
 }
 
-std::string modData::FilterLanguage(const LanguageFilter& filter, std::string_view text) {
-  std::string filtered(text);
-  const auto same_letter = [](char a, char b) { return ToLower(a) == ToLower(b); };
-  for (std::string_view word : Split(filter.FilterWords, kWordSeparator)) {
-    const std::string mask = MaskFor(word, kMaskCharacter);
-    auto at = filtered.begin();
-    while ((at = std::search(at, filtered.end(), word.begin(), word.end(), same_letter)) !=
-           filtered.end()) {
-      at = std::copy(mask.begin(), mask.end(), at);
+std::string_view modData::FilterLanguage(const LanguageFilter& filter, std::string_view text,
+                                         std::string& masked) {
+  Stretch stretch;
+  filter.finder().Find(text, [&](std::size_t at, std::size_t size) {
+    if (at < stretch.to) {
+      stretch.to = std::max(stretch.to, at + size);
+      stretch.is_one_word = false;
+      return;
     }
+    if (stretch.to == 0) {
+      masked = text;
+    } else {
+      MaskStretch(filter, stretch, masked);
+    }
+    stretch = {at, at + size};
+  });
+  if (stretch.to == 0) {
+    return text;
   }
-  return filtered;
+  MaskStretch(filter, stretch, masked);
+  return masked;
 }
 
-std::string LanguageFilter::FilterLanguage(std::string_view text) const {
-  return modData::FilterLanguage(*this, text);
+void LanguageFilter::SetFilterWords(std::string_view words) {
+  filter_words_ = words;
+  finder_ = {};
+  for (std::string_view word : Split(filter_words_, kWordSeparator)) {
+    finder_.Add(word);
+  }
+}
+
+std::string_view LanguageFilter::FilterLanguage(std::string_view text, std::string& masked) const {
+  return modData::FilterLanguage(*this, text, masked);
 }
 
 }  // namespace korvanta

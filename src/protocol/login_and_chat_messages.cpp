@@ -61,10 +61,9 @@ void ChatLine(InboundTargets& targets, std::string_view payload) {
   const std::string_view code = Field(payload, 0);
   std::string_view text = Field(payload, 1);
   ReadBoolean(Field(payload, 2));
-  std::string filtered;
+  std::string masked;
   if (targets.options.mnuFilter) {
-    filtered = targets.filter.FilterLanguage(text);
-    text = filtered;
+    text = targets.filter.FilterLanguage(text, masked);
   }
   const auto match = std::find_if(kKindCodes.begin(), kKindCodes.end(),
                                   [&](const KindCode& known) { return known.code == code; });

@@ -57,7 +57,8 @@ class ChatFilter {
  public:
   virtual ~ChatFilter() = default;
 
-  virtual std::string FilterLanguage(std::string_view text) const = 0;
+  /// The text as it may be shown: `text` itself, or a masked copy that lies in `masked`.
+  virtual std::string_view FilterLanguage(std::string_view text, std::string& masked) const = 0;
 };
 
 }  // namespace korvanta

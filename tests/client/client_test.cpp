@@ -79,7 +79,7 @@ TEST_F(ClientTest, StartsWithTheSplashAndShowsTheWindowsAfterFourSeconds) {
   EXPECT_EQ(client.main_window.title(), "Korvanta - v1.6 - Disconnected");
   EXPECT_EQ(client.values.ClientVersion, "1.6");
   EXPECT_EQ(client.splash.Label3(), "Version: 1.6");
-  EXPECT_EQ(client.language_filter.FilterLanguage("damn"), "****");
+  EXPECT_EQ(client.language_filter.FilterWords(), modData::kFilterWords);
   EXPECT_EQ(platform.settings.reads.size(), 10U);
 
   platform.timers.Tick(4000ms);

@@ -12,8 +12,8 @@ using testing::IsEmpty;
 
 class StarFilter : public ChatFilter {
  public:
-  std::string FilterLanguage(std::string_view text) const override {
-    return "*" + std::string(text);
+  std::string_view FilterLanguage(std::string_view text, std::string& masked) const override {
+    return masked = "*" + std::string(text);
   }
 };
 
