@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "chat_lines.h"
 #include "lobby/message_view.h"
 #include "ui/message_canvas.h"
 
@@ -39,9 +40,7 @@ void AppendLine(benchmark::State& state) {
     view.Clear();
     state.ResumeTiming();
   }
-  state.counters["per_line"] = benchmark::Counter(
-      static_cast<double>(lines / 10),
-      benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+  state.counters["per_line"] = bench::SecondsEach(static_cast<std::size_t>(lines / 10));
 }
 BENCHMARK(AppendLine)->RangeMultiplier(10)->Range(1'000, 10'000'000)->Unit(benchmark::kMillisecond);
 
@@ -66,15 +65,13 @@ void CopyLine(benchmark::State& state) {
     blocks.clear();
     state.ResumeTiming();
   }
-  state.counters["per_line"] = benchmark::Counter(
-      static_cast<double>(lines / 10),
-      benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+  state.counters["per_line"] = bench::SecondsEach(static_cast<std::size_t>(lines / 10));
 }
 BENCHMARK(CopyLine)->RangeMultiplier(10)->Range(1'000, 10'000'000)->Unit(benchmark::kMillisecond);
 
 /// 100,000 lines into 1,000,000: at the end, or with Scroll Lock at a caret in the middle.
 void InsertInto(benchmark::State& state, bool at_caret) {
-  constexpr std::int64_t kInserted = 100'000;
+  constexpr std::size_t kInserted = 100'000;
   for (auto _ : state) {
     state.PauseTiming();
     Options options;
@@ -83,16 +80,14 @@ void InsertInto(benchmark::State& state, bool at_caret) {
     options.mnuScrollLock = at_caret;
     view.MoveCaret(at_caret ? view.size() / 2 : view.size(), false);
     state.ResumeTiming();
-    Fill(view, kInserted);
+    Fill(view, static_cast<std::int64_t>(kInserted));
     benchmark::DoNotOptimize(
         view.text().At(view.size() - 1));  // the offsets are brought up to date
     state.PauseTiming();
     view.Clear();
     state.ResumeTiming();
   }
-  state.counters["per_line"] = benchmark::Counter(
-      static_cast<double>(kInserted),
-      benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+  state.counters["per_line"] = bench::SecondsEach(kInserted);
 }
 BENCHMARK_CAPTURE(InsertInto, end, false)->Unit(benchmark::kMillisecond)->Iterations(20);
 BENCHMARK_CAPTURE(InsertInto, caret, true)->Unit(benchmark::kMillisecond)->Iterations(20);
@@ -147,14 +142,22 @@ BENCHMARK_CAPTURE(Frame, middle, Place::Middle)
     ->Arg(kLinesInAll)
     ->Unit(benchmark::kMicrosecond);
 
+/// The same with one word of range(0) bytes as the last line, which wraps into row after row.
+void FrameOfOneLine(benchmark::State& state) {
+  const Options options;
+  MessageView view(options);
+  view.AppendMessage(std::string(static_cast<std::size_t>(state.range(0)), 'w'), MessageKind::Chat);
+  MessageCanvas canvas(view, QApplication::font());
+  QImage image(740, 216, QImage::Format_RGB32);
+  canvas.SetSize(image.size());
+  for (auto _ : state) {
+    const std::size_t end = canvas.LastTop();
+    QPainter painter(&image);
+    painter.fillRect(image.rect(), Qt::white);
+    canvas.Paint(painter, end, false);
+  }
+}
+BENCHMARK(FrameOfOneLine)->Arg(1'000)->Arg(1 << 20)->Unit(benchmark::kMicrosecond);
+
 }  // namespace
 }  // namespace korvanta
-
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QApplication application(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  return 0;
-}

@@ -1,0 +1,19 @@
+/// The main program of every benchmark: the toolkit on its offscreen platform with the client's own
+/// look, then the benchmarks of the one file that it is linked to.
+#include <QApplication>
+#include <benchmark/benchmark.h>
+
+#include "ui/theme.h"
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  korvanta::theme::Apply(application);
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+    return 1;
+  }
+  benchmark::RunSpecifiedBenchmarks();
+  benchmark::Shutdown();
+  return 0;
+}

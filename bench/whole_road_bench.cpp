@@ -1,0 +1,116 @@
+/// What a chat line costs on its whole way, from a received block to the message view, beside the
+/// copying of its bytes and the toolkit's own text widget.
+#include <QTextCharFormat>
+#include <QTextCursor>
+#include <QTextEdit>
+#include <benchmark/benchmark.h>
+#include <cstring>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "chat_lines.h"
+#include "client/client.h"
+#include "protocol/wire_format.h"
+#include "tests/fakes/fake_platform.h"
+#include "ui/text.h"
+
+namespace korvanta {
+namespace {
+
+constexpr std::size_t kDifferentLines = 4096;
+
+/// A block as the socket hands it over: as many "[msg]" messages as go into 64 KiB.
+std::vector<std::string> Blocks(const std::vector<std::string>& lines) {
+  std::vector<std::string> blocks(1);
+  for (const std::string& line : lines) {
+    if (blocks.back().size() > std::size_t{64} * 1024) {
+      blocks.emplace_back();
+    }
+    blocks.back() += BuildMessage("[msg]", {"cht", line, "False"});
+  }
+  return blocks;
+}
+
+/// range(0) lines come in, the language filter on.
+void Road(benchmark::State& state, std::vector<std::string> (*make_lines)(std::size_t)) {
+  const std::vector<std::string> blocks = Blocks(make_lines(kDifferentLines));
+  const auto lines = static_cast<std::size_t>(state.range(0));
+  std::size_t left_out = 0;
+  for (auto _ : state) {
+    state.PauseTiming();
+    {
+      fakes::FakePlatform platform;
+      Client client(platform.platform(), {});
+      client.StartUp();
+      state.ResumeTiming();
+      for (std::size_t in = 0; in < lines; in += kDifferentLines) {
+        for (const std::string& block : blocks) {
+          platform.socket.Receive(block);
+        }
+      }
+      state.PauseTiming();
+      left_out = client.message_view.size() % (bench::kLineLength + 2);
+    }
+    state.ResumeTiming();
+  }
+  if (left_out != 0) {
+    state.SkipWithError("lines were lost");
+  }
+  state.counters["per_line"] =
+      bench::SecondsEach((lines + kDifferentLines - 1) / kDifferentLines * kDifferentLines);
+}
+BENCHMARK_CAPTURE(Road, clean, bench::CleanLines)
+    ->Arg(1 << 12)
+    ->Arg(1 << 14)
+    ->Arg(1 << 17)
+    ->Arg(1 << 20)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Road, hits, bench::OffensiveLines)->Arg(1 << 17)->Unit(benchmark::kMillisecond);
+
+/// The same bytes copied, no more.
+void CopyBytes(benchmark::State& state) {
+  const std::vector<std::string> blocks = Blocks(bench::CleanLines(kDifferentLines));
+  std::string copy;
+  for (auto _ : state) {
+    for (const std::string& block : blocks) {
+      copy.resize(block.size());
+      std::memcpy(copy.data(), block.data(), block.size());
+      benchmark::ClobberMemory();
+    }
+  }
+  state.counters["per_line"] = bench::SecondsEach(kDifferentLines);
+}
+BENCHMARK(CopyBytes)->Unit(benchmark::kMillisecond);
+
+/// The same lines in two colours into the toolkit's text widget, which is not shown.
+void TextEdit(benchmark::State& state) {
+  const std::vector<std::string> lines = bench::CleanLines(kDifferentLines);
+  QTextCharFormat first;
+  first.setForeground(QColor(0, 0, 128));
+  QTextCharFormat second;
+  second.setForeground(QColor(64, 64, 192));
+  for (auto _ : state) {
+    state.PauseTiming();
+    {
+      QTextEdit edit;
+      edit.setUndoRedoEnabled(false);
+      QTextCursor cursor(edit.document());
+      state.ResumeTiming();
+      for (const std::string& line : lines) {
+        const std::size_t head = line.find(':') + 1;
+        const std::string_view text(line);
+        cursor.insertText(ToQString(text.substr(0, head)), first);
+        cursor.insertText(ToQString(text.substr(head)), second);
+        cursor.insertBlock();
+      }
+      state.PauseTiming();
+    }
+    state.ResumeTiming();
+  }
+  state.counters["per_line"] = bench::SecondsEach(kDifferentLines);
+}
+BENCHMARK(TextEdit)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace korvanta
