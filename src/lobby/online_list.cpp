@@ -49,10 +49,11 @@ void OnlineList::Rebuild() {
   std::size_t position = 0;
   for (std::string_view record : Split(payload_, kRecordSeparator)) {
     if (!record.empty()) {
-      Entry& entry = entries_.emplace_back(Entry{position, Field(record, 0), kBlack, {}});
-      entry.colour = OnlineColour(Field(record, 1));
-      entry.level = Field(record, 2);
-      entry.marked = ReadNumber(Field(record, 3)) == 1;
+      FieldReader fields(record);
+      Entry& entry = entries_.emplace_back(Entry{position, fields.Next(), kBlack, {}});
+      entry.colour = OnlineColour(fields.Next());
+      entry.level = fields.Next();
+      entry.marked = ReadNumber(fields.Next()) == 1;
     }
     ++position;
   }

@@ -14,6 +14,11 @@ struct TagTest {
   std::string_view tag;
   void (*handler)(InboundTargets& targets, std::string_view message);
   Tag treatment = Tag::Removed;
+
+  /// Every tag has the same length; saying so spares a call for each test of each message.
+  bool Matches(std::string_view message) const {
+    return message.starts_with(std::string_view(tag.data(), kTagLength));
+  }
 };
 
 /// In test order. Every piece goes through all of it: the tests go on after a match, on what the
@@ -41,7 +46,7 @@ constexpr std::array<TagTest, 18> kTagTests = {{
 
 void HandlePiece(InboundTargets& targets, std::string_view message) {
   for (const TagTest& test : kTagTests) {
-    if (!message.starts_with(test.tag)) {
+    if (!test.Matches(message)) {
       continue;
     }
     if (test.treatment == Tag::Removed) {

@@ -7,8 +7,6 @@
 #include <string>
 #include <system_error>
 
-#include "protocol/wire_format.h"
-
 namespace korvanta {
 namespace {
 
@@ -109,6 +107,13 @@ std::string_view Field(std::string_view payload, std::size_t index) {
     --index;
   }
   throw MessageError("missing field");
+}
+
+std::string_view FieldReader::Next() {
+  if (next_ == Split::end()) {
+    throw MessageError("missing field");
+  }
+  return *next_++;
 }
 
 std::optional<double> ParseNumber(std::string_view text) {

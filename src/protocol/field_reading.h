@@ -8,6 +8,8 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "protocol/wire_format.h"
+
 namespace korvanta {
 
 /// A broken inbound message: a missing field, or text that is no number or Boolean where one must
@@ -20,6 +22,18 @@ class MessageError : public std::runtime_error {
 /// Field `index`, counted from 0, of a payload or list. A payload of n separators has n + 1 fields,
 /// an empty one has none. Raises MessageError for a field that is missing.
 std::string_view Field(std::string_view payload, std::size_t index);
+
+/// The fields of a payload or list from the first on, for those whose fields are all read.
+class FieldReader {
+ public:
+  explicit FieldReader(std::string_view payload) : next_(Split(payload, kFieldSeparator).begin()) {}
+
+  /// Raises MessageError when no field is left.
+  std::string_view Next();
+
+ private:
+  Split::Iterator next_;
+};
 
 /// The number that a text as a whole is, blanks around it allowed; nothing when it is none.
 ///

@@ -58,9 +58,10 @@ void Sound(InboundTargets& targets, std::string_view payload) {
 }
 
 void ChatLine(InboundTargets& targets, std::string_view payload) {
-  const std::string_view code = Field(payload, 0);
-  std::string_view text = Field(payload, 1);
-  ReadBoolean(Field(payload, 2));
+  FieldReader fields(payload);
+  const std::string_view code = fields.Next();
+  std::string_view text = fields.Next();
+  ReadBoolean(fields.Next());
   std::string masked;
   if (targets.options.mnuFilter) {
     text = targets.filter.FilterLanguage(text, masked);
