@@ -29,11 +29,9 @@ std::size_t MessageCanvas::WholeRows() const {
 }
 
 std::size_t MessageCanvas::LastTop() const {
-  std::size_t last = rows_.StartOf(view_.size());
-  if (last == view_.size() && !view_.IsScrollLocked()) {
-    last = rows_.Up(last, 1);
-  }
-  return rows_.Up(last, WholeRows() - 1);
+  const std::size_t last = rows_.StartOf(view_.size());
+  const bool is_left_out = last == view_.size() && !view_.IsScrollLocked();
+  return rows_.Up(last, is_left_out ? WholeRows() : WholeRows() - 1);
 }
 
 std::size_t MessageCanvas::TopShowing(std::size_t offset, std::size_t top) const {
