@@ -3,8 +3,14 @@
 #include <QColor>
 #include <QPixmap>
 #include <algorithm>
+#include <array>
+#include <cstdint>
+#include <iterator>
 #include <numeric>
 #include <optional>
+#include <set>
+#include <string_view>
+#include <utility>
 
 #include "protocol/field_reading.h"
 #include "ui/side_window.h"
@@ -21,18 +27,76 @@ QIcon EmptyIcon() {
   return {pixmap};
 }
 
-bool NameBefore(const OnlineList::Entry& a, const OnlineList::Entry& b) {
-  return QString::compare(ToQString(a.name), ToQString(b.name), Qt::CaseInsensitive) < 0;
+using Ranks = std::array<std::uint8_t, 256>;
+
+/// The places of the 256 bytes among all characters without regard to case, from 1.
+Ranks RanksWithoutCase() {
+  const auto folded = [](std::size_t byte) {
+    return ToQChar(static_cast<unsigned char>(byte)).toCaseFolded();
+  };
+  std::set<QChar> characters;
+  for (std::size_t byte = 0; byte < Ranks().size(); ++byte) {
+    characters.insert(folded(byte));
+  }
+  Ranks ranks;
+  for (std::size_t byte = 0; byte < ranks.size(); ++byte) {
+    const auto below = std::distance(characters.begin(), characters.find(folded(byte)));
+    ranks[byte] = static_cast<std::uint8_t>(below + 1);
+  }
+  return ranks;
 }
 
-bool LevelBefore(const OnlineList::Entry& a, const OnlineList::Entry& b) {
-  const std::optional<double> a_number = ParseNumber(a.level);
-  const std::optional<double> b_number = ParseNumber(b.level);
-  if (a_number && b_number) {
-    return *a_number < *b_number;
+std::uint8_t RankOf(char byte) {
+  static const Ranks ranks = RanksWithoutCase();
+  return ranks[static_cast<unsigned char>(byte)];
+}
+
+/// Most names differ in their first eight characters, which compare as one number.
+struct NameKey {
+  explicit NameKey(std::string_view text) : name(text) {
+    for (std::size_t i = 0; i < sizeof start; ++i) {
+      start = start << 8U | (i < name.size() ? RankOf(name[i]) : 0U);
+    }
   }
-  return a_number.has_value() > b_number.has_value() ||
-         (!a_number && !b_number && a.level < b.level);
+  std::uint64_t start = 0;
+  std::string_view name;
+};
+
+bool NameBefore(const NameKey& a, const NameKey& b) {
+  if (a.start != b.start) {
+    return a.start < b.start;
+  }
+  return std::lexicographical_compare(a.name.begin(), a.name.end(), b.name.begin(), b.name.end(),
+                                      [](char x, char y) { return RankOf(x) < RankOf(y); });
+}
+
+struct LevelKey {
+  std::optional<double> number;
+  std::string_view text;
+};
+
+bool LevelBefore(const LevelKey& a, const LevelKey& b) {
+  if (a.number && b.number) {
+    return *a.number < *b.number;
+  }
+  return a.number.has_value() > b.number.has_value() || (!a.number && !b.number && a.text < b.text);
+}
+
+/// Puts the numbers of the entries in the order of their keys; equal ones stay in place.
+template <typename KeyOf, typename Before>
+void SortBy(std::vector<std::size_t>& order, const std::vector<OnlineList::Entry>& entries,
+            Qt::SortOrder direction, KeyOf key_of, Before before) {
+  using Key = decltype(key_of(entries.front()));
+  std::vector<std::pair<Key, std::size_t>> keys;
+  keys.reserve(order.size());
+  for (const std::size_t entry : order) {
+    keys.emplace_back(key_of(entries[entry]), entry);
+  }
+  std::stable_sort(keys.begin(), keys.end(), [&](const auto& a, const auto& b) {
+    return direction == Qt::AscendingOrder ? before(a.first, b.first) : before(b.first, a.first);
+  });
+  std::transform(keys.begin(), keys.end(), order.begin(),
+                 [](const auto& key) { return key.second; });
 }
 
 }  // namespace
@@ -65,7 +129,7 @@ QVariant OnlineListModel::data(const QModelIndex& index, int role) const {
   const bool is_name = index.column() == Name;
   switch (role) {
     case Qt::DisplayRole:
-      return ToQString(is_name ? entry.name : entry.level);
+      return OneLine(ToQString(is_name ? entry.name : entry.level));
     case Qt::ForegroundRole:
       return is_name ? ToQColor(entry.colour) : QVariant();
     case Qt::FontRole:
@@ -117,14 +181,19 @@ void OnlineListModel::Sort() {
   const auto& entries = list_.entries();
   order_.resize(entries.size());
   std::iota(order_.begin(), order_.end(), std::size_t{0});
-  if (sort_column_ != Name && sort_column_ != Level) {
-    return;
+  using Entry = OnlineList::Entry;
+  if (sort_column_ == Name) {
+    SortBy(
+        order_, entries, sort_order_, [](const Entry& entry) { return NameKey(entry.name); },
+        NameBefore);
+  } else if (sort_column_ == Level) {
+    SortBy(
+        order_, entries, sort_order_,
+        [](const Entry& entry) {
+          return LevelKey{ParseNumber(entry.level), entry.level};
+        },
+        LevelBefore);
   }
-  const auto before = sort_column_ == Name ? NameBefore : LevelBefore;
-  std::stable_sort(order_.begin(), order_.end(), [&](std::size_t a, std::size_t b) {
-    return sort_order_ == Qt::AscendingOrder ? before(entries[a], entries[b])
-                                             : before(entries[b], entries[a]);
-  });
 }
 
 }  // namespace korvanta

@@ -51,6 +51,22 @@ TEST_F(OnlineListViewTest, TheOrderReceivedIsTheDefaultAndHeadersSort) {
   EXPECT_THAT(Names(), ElementsAre("y", "x"));
 }
 
+TEST_F(OnlineListViewTest, NamesAreSortedToTheirLastCharacterWithoutRegardToCase) {
+  list.ShowOnlineList(
+      "Elisabeth2\0011\0011\0010\002\xE9va\0011\0011\0010\002zoe\0011\0011\0010\002"
+      "elisabetH10\0011\0011\0010\002\xC9VA\0011\0011\0010\002ELISABETH\0011\0011\0010");
+  view.sortByColumn(OnlineListModel::Name, Qt::AscendingOrder);
+  EXPECT_THAT(Names(),
+              ElementsAre("ELISABETH", "elisabetH10", "Elisabeth2", "zoe", "\u00E9va", "\u00C9VA"));
+}
+
+TEST_F(OnlineListViewTest, ANameLongerThanAScreenIsCut) {
+  list.ShowOnlineList(std::string(1'000'000, 'w') + "\0011\0011\0010");
+  const std::string shown = Names().front();
+  EXPECT_LT(shown.size(), 10'000U);
+  EXPECT_EQ(shown.substr(shown.size() - 4), "w\u2026");
+}
+
 TEST_F(OnlineListViewTest, ARightClickSelectsTheEntryAndAsksForTheMenu) {
   Click(Row(1), Qt::RightButton);
   EXPECT_EQ(Selected(), "Ann");
