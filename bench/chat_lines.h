@@ -12,7 +12,8 @@ namespace korvanta::bench {
 /// Bytes of every line, its line break not counted.
 constexpr std::size_t kLineLength = 75;
 
-/// What players say, "name: words". Nothing in them is masked, much of it begins like what is.
+/// What players say, "name: words". Nothing is masked, but here and there a word begins like one
+/// that would be.
 std::vector<std::string> CleanLines(std::size_t count);
 
 /// Listed words one behind the other, in any letter case, with a space here and there.
