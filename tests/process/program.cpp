@@ -69,10 +69,14 @@ QProcessEnvironment Installation::EnvironmentOn(const VirtualDisplay& display) c
   return environment;
 }
 
-Program::Program(const Installation& installation, const VirtualDisplay& display) {
-  process_.setProcessEnvironment(installation.EnvironmentOn(display));
+Program::Program(const Installation& installation, const VirtualDisplay& display)
+    : Program(installation.program_file(), {}, installation.EnvironmentOn(display)) {}
+
+Program::Program(const QString& file, const QStringList& arguments,
+                 const QProcessEnvironment& environment) {
+  process_.setProcessEnvironment(environment);
   process_.setProcessChannelMode(QProcess::MergedChannels);
-  StartChild(process_, installation.program_file(), {});
+  StartChild(process_, file, arguments);
 }
 
 Program::~Program() { Kill(); }

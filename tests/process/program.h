@@ -36,6 +36,9 @@ class Installation {
 class Program {
  public:
   Program(const Installation& installation, const VirtualDisplay& display);
+  /// Any other program in the client's place.
+  Program(const QString& file, const QStringList& arguments,
+          const QProcessEnvironment& environment);
   ~Program();
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;

@@ -1,0 +1,48 @@
+/// How long the event loop is held by lines that come in.
+#include <benchmark/benchmark.h>
+
+#include "bench/program/feed.h"
+#include "bench/program/figures.h"
+#include "tests/process/program.h"
+
+namespace korvanta::bench {
+namespace {
+
+constexpr std::chrono::seconds kFed{5};
+
+/// range(0) lines a second for a while; with 0, a million as fast as the socket takes them.
+void EventLoopHeld(benchmark::State& state) {
+  const process::VirtualDisplay display;
+  const process::Installation installation(process::UniqueLoopbackAddress());
+  GameServer server;
+  for (auto _ : state) {
+    process::Program client(KORVANTA_TIMED_CLIENT, {server.address()},
+                            installation.EnvironmentOn(display));
+    server.Accept();
+    LetIn(server);
+    process::WaitUntil("the client is ready", [&] { return client.Output().contains("ready"); });
+    if (state.range(0) == 0) {
+      server.Send(ChatLines(1'000'000));
+    } else {
+      const Feed feed(server, static_cast<std::size_t>(state.range(0)));
+      std::this_thread::sleep_for(kFed);
+    }
+    server.Close();
+    client.WaitForExit();
+    for (const char* name : {"lasted_ms", "worked_ms", "characters"}) {
+      state.counters[name] = NumberIn(client.Output(), name);
+    }
+  }
+}
+BENCHMARK(EventLoopHeld)
+    ->ArgName("lines_a_second")
+    ->Arg(1'000)
+    ->Arg(10'000)
+    ->Arg(100'000)
+    ->Arg(0)
+    ->Iterations(1)
+    ->UseRealTime()
+    ->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace korvanta::bench

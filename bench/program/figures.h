@@ -1,0 +1,16 @@
+/// What benchmarks that do not time a repeated call give in place of a mean.
+#pragma once
+
+#include <QByteArray>
+#include <benchmark/benchmark.h>
+#include <vector>
+
+namespace korvanta::bench {
+
+/// Counts median and worst of measured milliseconds, of which there is at least one.
+void CountMilliseconds(benchmark::State& state, std::vector<double> measured);
+
+/// The number behind `name` in a text of "name: number" lines. HarnessError when it is not there.
+double NumberIn(const QByteArray& text, const QByteArray& name);
+
+}  // namespace korvanta::bench

@@ -1,0 +1,51 @@
+/// Chat lines as fast as the client takes them, until its answer to what follows them is back.
+#include <benchmark/benchmark.h>
+#include <thread>
+
+#include "bench/program/logged_in_client.h"
+
+namespace korvanta::bench {
+namespace {
+
+constexpr std::string_view kBoardCleared{"[clr]\0", 6};
+constexpr std::string_view kGameEntered{"[jon]\0", 6};
+
+void Flood(benchmark::State& state) {
+  const auto lines = static_cast<std::size_t>(state.range(0));
+  LoggedInClient client("[Menu]\nAuto Ready=True\n");
+  const std::string flood = ChatLines(lines).append(kBoardCleared);
+  for (auto _ : state) {
+    std::thread sender([&] { client.server().Send(flood); });
+    client.server().ReceiveUntil(kGameEntered);
+    sender.join();
+  }
+  state.counters["lines_a_second"] =
+      benchmark::Counter(static_cast<double>(lines), benchmark::Counter::kIsIterationInvariantRate);
+}
+BENCHMARK(Flood)->Arg(100'000)->Arg(1'000'000)->Iterations(1)->UseRealTime()->Unit(
+    benchmark::kMillisecond);
+
+/// The yardstick of Flood: the same bytes thrown away by whoever reads them.
+void FloodDiscarded(benchmark::State& state) {
+  const auto lines = static_cast<std::size_t>(state.range(0));
+  GameServer server;
+  const Discarder discarder(server);
+  server.Accept();
+  const std::string flood = ChatLines(lines).append(kBoardCleared);
+  for (auto _ : state) {
+    std::thread sender([&] { server.Send(flood); });
+    discarder.Discard(flood.size());
+    sender.join();
+  }
+  state.counters["lines_a_second"] =
+      benchmark::Counter(static_cast<double>(lines), benchmark::Counter::kIsIterationInvariantRate);
+}
+BENCHMARK(FloodDiscarded)
+    ->Arg(100'000)
+    ->Arg(1'000'000)
+    ->Iterations(1)
+    ->UseRealTime()
+    ->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace korvanta::bench

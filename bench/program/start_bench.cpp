@@ -1,0 +1,88 @@
+/// From the start of a process to its first window as it looks for good.
+#include <QTemporaryDir>
+#include <benchmark/benchmark.h>
+#include <thread>
+
+#include "bench/program/figures.h"
+#include "bench/program/screen.h"
+#include "tests/process/program.h"
+
+namespace korvanta::bench {
+namespace {
+
+/// A part of the splash, and of the empty window, that nothing changes once it is painted: title
+/// and picture are in it, the moving dots are not.
+constexpr QRect kWatched{460, 380, 480, 140};
+constexpr std::chrono::milliseconds kStill{500};
+
+/// What is seen once nothing has been drawn there for a while.
+std::vector<std::uint8_t> LookWhenStill(Screen& screen, const std::vector<std::uint8_t>& before) {
+  std::vector<std::uint8_t> seen = before;
+  auto since = Clock::now();
+  while (seen == before || Clock::now() - since < kStill) {
+    if (Clock::now() - since > process::kPatience) {
+      throw process::HarnessError("no window is painted");
+    }
+    screen.WaitForDrawing(std::chrono::milliseconds(50));
+    if (auto now = screen.Look(kWatched); now != seen) {
+      seen = std::move(now);
+      since = Clock::now();
+    }
+  }
+  return seen;
+}
+
+void WaitUntilSeen(Screen& screen, const std::vector<std::uint8_t>& picture) {
+  const auto deadline = Clock::now() + process::kPatience;
+  while (screen.Look(kWatched) != picture) {
+    if (Clock::now() > deadline) {
+      throw process::HarnessError("the window looks otherwise than the first time");
+    }
+    screen.WaitForDrawing(std::chrono::milliseconds(100));
+  }
+}
+
+/// `start` starts the process and returns its owner. The first start shows what to wait for and
+/// warms the system's caches; it is not timed.
+template <typename Start>
+void StartToPainted(benchmark::State& state, const process::VirtualDisplay& display, Start start) {
+  Screen screen(display);
+  const auto nothing = screen.Look(kWatched);
+  std::vector<std::uint8_t> painted;
+  {
+    const auto program = start();
+    painted = LookWhenStill(screen, nothing);
+  }
+  std::vector<double> measured;
+  for (auto _ : state) {
+    WaitUntilSeen(screen, nothing);
+    const auto from = Clock::now();
+    const auto program = start();
+    WaitUntilSeen(screen, painted);
+    measured.push_back(Milliseconds(Clock::now() - from));
+    state.SetIterationTime(measured.back() / 1000);
+  }
+  CountMilliseconds(state, measured);
+}
+
+void StartToSplash(benchmark::State& state) {
+  const process::VirtualDisplay display;
+  const process::Installation installation(process::UniqueLoopbackAddress());
+  StartToPainted(state, display,
+                 [&] { return std::make_unique<process::Program>(installation, display); });
+}
+BENCHMARK(StartToSplash)->Iterations(15)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+/// The yardstick of StartToSplash.
+void StartToEmptyWindow(benchmark::State& state) {
+  const process::VirtualDisplay display;
+  const process::Installation installation(process::UniqueLoopbackAddress());
+  StartToPainted(state, display, [&] {
+    return std::make_unique<process::Program>(KORVANTA_EMPTY_WINDOW, QStringList(),
+                                              installation.EnvironmentOn(display));
+  });
+}
+BENCHMARK(StartToEmptyWindow)->Iterations(15)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace korvanta::bench
