@@ -124,6 +124,7 @@ QToolTip { background: @chromeRaised; color: @chromeText; border: 1px solid @chr
 void Apply(QApplication& application) {
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
   QApplication::setPalette(MakePalette());
+  QApplication::setCursorFlashTime(0);  // a caret that blinks wakes an idle program
   application.setStyleSheet(WithColours(QString::fromLatin1(kStyleSheet)));
 }
 

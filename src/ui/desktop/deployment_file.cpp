@@ -2,7 +2,7 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QRegularExpression>
+#include <QHostAddress>
 #include <array>
 #include <optional>
 
@@ -18,9 +18,8 @@ constexpr int kLongestNoticeLine = 120;
 constexpr int kLongestQuotation = 200;
 
 bool IsDottedAddress(const QString& text) {
-  static const QRegularExpression kForm(
-      QStringLiteral(R"(\A(25[0-5]|2[0-4][0-9]|1[0-9]{2}|[1-9]?[0-9])(\.(?1)){3}\z)"));
-  return kForm.match(text).hasMatch();
+  const QHostAddress address(text);
+  return address.protocol() == QAbstractSocket::IPv4Protocol && address.toString() == text;
 }
 
 bool IsNoticeLine(const QString& text) { return text.size() <= kLongestNoticeLine; }
