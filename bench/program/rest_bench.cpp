@@ -67,11 +67,12 @@ void MemoryAtRest(benchmark::State& state) {
 }
 BENCHMARK(MemoryAtRest)->Iterations(1)->UseRealTime()->Unit(benchmark::kSecond);
 
-/// The yardstick of MemoryAtRest.
+/// The yardstick of MemoryAtRest: a window as large as the main window.
 void MemoryOfEmptyWindow(benchmark::State& state) {
   const process::VirtualDisplay display;
   const process::Installation installation(process::UniqueLoopbackAddress());
-  const process::Program program(KORVANTA_EMPTY_WINDOW, {}, installation.EnvironmentOn(display));
+  const process::Program program(KORVANTA_EMPTY_WINDOW, {"1120", "690"},
+                                 installation.EnvironmentOn(display));
   const process::User user(display);
   user.WaitForWindow(program.pid(), "*");
   for (auto _ : state) {

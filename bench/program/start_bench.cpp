@@ -78,7 +78,7 @@ void StartToEmptyWindow(benchmark::State& state) {
   const process::VirtualDisplay display;
   const process::Installation installation(process::UniqueLoopbackAddress());
   StartToPainted(state, display, [&] {
-    return std::make_unique<process::Program>(KORVANTA_EMPTY_WINDOW, QStringList(),
+    return std::make_unique<process::Program>(KORVANTA_EMPTY_WINDOW, QStringList{"520", "320"},
                                               installation.EnvironmentOn(display));
   });
 }

@@ -71,6 +71,7 @@ int RunClient(const QString& folder, const QString& program_name,
   client.splash.window().on_unload = [&] {
     load_main_window();  // a splash on a part of the desktop that nobody looks at is never painted
     splash->hide();
+    splash.release()->deleteLater();  // it may be handling an event of its own
   };
   if (!client.StartUp()) {
     return 0;

@@ -19,7 +19,7 @@ class BlockAssembler {
 
   /// A block of several messages is never longer, so that one event stays short. A message that is
   /// longer by itself makes a block alone: its halves would be worth nothing.
-  static constexpr std::size_t kBlockLimit = std::size_t{256} * 1024;
+  static constexpr std::size_t kBlockLimit = std::size_t{64} * 1024;
   /// Longest rest that waits, and so the longest block of all.
   static constexpr std::size_t kRestLimit = std::size_t{1024} * 1024;
   /// How long a rest waits after its last byte.

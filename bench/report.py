@@ -1,0 +1,209 @@
+#!/usr/bin/env python3
+"""report.py [--quick] [--plot FILE] FOLDER: prints the goals of the client's speed and size with
+what the benchmarks measured (their JSON results are in FOLDER), and draws the message view's growth.
+Fails when a goal lacks its figure; a goal that is missed is told, and is no failure."""
+
+import argparse
+import json
+import pathlib
+import re
+import sys
+from typing import Callable, NamedTuple, Optional
+
+
+class Figure(NamedTuple):
+    """Where a figure is: a benchmark, without what the library appends to its name, and a field or
+    counter of it; `scale` takes it to the unit shown."""
+
+    benchmark: str
+    field: str
+    scale: float
+    unit: str
+
+
+class Goal(NamedTuple):
+    what: str
+    goal: str
+    measured: Figure
+    yardstick: Optional[Figure]
+    yardstick_name: str
+    met: Callable[[float, float], bool]  # of the measured figure and its ratio to the yardstick
+
+
+def key_to_line(lines, field):
+    return Figure(f"KeyToLine/lines_a_second:{lines}", field, 1, "ms")
+
+
+def held(lines):
+    return Figure(f"EventLoopHeld/lines_a_second:{lines}", "lasted_ms", 1, "ms")
+
+
+GOALS = [
+    Goal("flood of 1,000,000 chat lines over loopback, until the answer to what follows is back",
+         "≥ 1,000,000 lines/s",
+         Figure("Flood/1000000", "lines_a_second", 1, "lines/s"),
+         Figure("FloodDiscarded/1000000", "lines_a_second", 1, "lines/s"), "thrown away unread",
+         lambda value, ratio: value >= 1e6),
+    Goal("key pressed → line sent, while 2,000 lines/s come in, median", "≤ 5 ms",
+         key_to_line(2000, "median_ms"), key_to_line(0, "median_ms"), "nothing comes in",
+         lambda value, ratio: value <= 5),
+    Goal("the same, worst of 200", "≤ 20 ms",
+         key_to_line(2000, "worst_ms"), key_to_line(0, "worst_ms"), "nothing comes in",
+         lambda value, ratio: value <= 20),
+    Goal("event loop held at a stretch, 10,000 lines/s", "≤ 8 ms",
+         held(10000), held(1000), "1,000 lines/s", lambda value, ratio: value <= 8),
+    Goal("the same, as fast as the socket takes lines", "≤ 8 ms",
+         held(0), held(1000), "1,000 lines/s", lambda value, ratio: value <= 8),
+    Goal("process start → splash painted, median of 15", "≤ 120 ms",
+         Figure("StartToSplash", "median_ms", 1, "ms"),
+         Figure("StartToEmptyWindow", "median_ms", 1, "ms"), "empty Qt window",
+         lambda value, ratio: value <= 120),
+    Goal("idle for a minute, logged in, no clock running", "no wake-up",
+         Figure("Idle/seconds:60", "wakeups", 1, "wake-ups"), None, "",
+         lambda value, ratio: value == 0),
+    Goal("processor time meanwhile", "0.0 %",
+         Figure("Idle/seconds:60", "cpu_percent", 1, "%"), None, "",
+         lambda value, ratio: value < 0.05),
+    Goal("memory at rest, logged in (proportional share)", "≤ 1.25 × yardstick",
+         Figure("MemoryAtRest", "pss_megabytes", 1, "MB"),
+         Figure("MemoryOfEmptyWindow", "pss_megabytes", 1, "MB"), "empty Qt window of its size",
+         lambda value, ratio: ratio <= 1.25),
+]
+
+SIZES = [10**power for power in range(3, 8)]
+
+
+def plain_name(name):
+    return re.sub(r"/(iterations:\d+|repeats:\d+|real_time|manual_time|process_time)", "", name)
+
+
+def read_results(folder):
+    results, context = {}, {}
+    for file in sorted(folder.glob("*.json")):
+        document = json.loads(file.read_text())
+        context = document["context"]
+        for run in document["benchmarks"]:
+            if run.get("error_occurred"):
+                sys.exit(f"{run['name']}: {run['error_message']}")
+            results[plain_name(run["name"])] = run
+    return results, context
+
+
+def value_of(results, figure):
+    run = results.get(figure.benchmark) if figure else None
+    return run[figure.field] * figure.scale if run and figure.field in run else None
+
+
+def shown(value, unit):
+    digits = 0 if abs(value) >= 1000 else 1 if abs(value) >= 100 else 2
+    return f"{value:,.{digits}f} {unit}"
+
+
+def processor():
+    for line in pathlib.Path("/proc/cpuinfo").read_text().splitlines():
+        if line.startswith("model name"):
+            return line.split(":", 1)[1].strip()
+    return "unknown processor"
+
+
+def memory_gigabytes():
+    total = pathlib.Path("/proc/meminfo").read_text().split(None, 2)[1]
+    return round(int(total) / 1024**2)
+
+
+def print_table(results, context):
+    """Returns the number of goals without a figure."""
+    print(f"Measured {context['date'][:10]} on {context['num_cpus']} × {processor()}, "
+          f"{memory_gigabytes()} GB; load when it began: {context['load_avg'][0]:.1f}\n")
+    print("| what | goal | measured | yardstick | ratio | met |")
+    print("|---|---|---|---|---|---|")
+    missing = 0
+    for goal in GOALS:
+        value = value_of(results, goal.measured)
+        yardstick = value_of(results, goal.yardstick)
+        if value is None or (goal.yardstick and yardstick is None):
+            missing += 1
+            print(f"| {goal.what} | {goal.goal} | not measured | | | |")
+            continue
+        ratio = value / yardstick if yardstick else float("nan")
+        beside = f"{goal.yardstick_name}: {shown(yardstick, goal.yardstick.unit)}" if yardstick else ""
+        print(f"| {goal.what} | {goal.goal} | {shown(value, goal.measured.unit)} | {beside} | "
+              f"{f'{ratio:.2f}' if yardstick else ''} | "
+              f"{'yes' if goal.met(value, ratio) else '**no**'} |")
+    return missing
+
+
+class Curve(NamedTuple):
+    name: str
+    colour: str
+    values: list  # one for each of SIZES
+
+
+def draw_panel(left, title, curves):
+    """One set of axes, 400 × 260, as the text of SVG elements."""
+    top, width, height = 60, 400, 260
+    most = 1.15 * max(max(curve.values) for curve in curves)
+    def x(i): return left + width * i / (len(SIZES) - 1)
+    def y(value): return top + height * (1 - value / most)
+    parts = [f'<text x="{left}" y="{top - 24}" class="title">{title}</text>']
+    for step in range(5):
+        value = most * step / 4
+        parts.append(f'<path d="M{left} {y(value):.1f}h{width}" class="grid"/>'
+                     f'<text x="{left - 8}" y="{y(value) + 4:.1f}" text-anchor="end">{value:.3g}</text>')
+    for i, size in enumerate(SIZES):
+        parts.append(f'<text x="{x(i):.1f}" y="{top + height + 20}" text-anchor="middle">{size:,}</text>')
+    for row, curve in enumerate(curves):
+        points = " ".join(f"{x(i):.1f},{y(value):.1f}" for i, value in enumerate(curve.values))
+        parts.append(f'<polyline points="{points}" stroke="{curve.colour}" class="curve"/>')
+        parts += [f'<circle cx="{x(i):.1f}" cy="{y(value):.1f}" r="3.5" fill="{curve.colour}"/>'
+                  for i, value in enumerate(curve.values)]
+        parts.append(f'<text x="{left + 12}" y="{top + height - 12 - 18 * row}" '
+                     f'fill="{curve.colour}" class="name">{curve.name}</text>')
+    parts.append(f'<text x="{left + width / 2}" y="{top + height + 42}" '
+                 'text-anchor="middle">lines in the view</text>')
+    return "\n".join(parts)
+
+
+def draw(results, file):
+    def curve(name, colour, benchmark, field, scale):
+        values = [value_of(results, Figure(f"{benchmark}/{size}", field, scale, "")) for size in SIZES]
+        if None in values:
+            sys.exit(f"{benchmark} was not measured at every size; no plot")
+        return Curve(name, colour, values)
+
+    panels = [
+        draw_panel(70, "Time to add a line, nanoseconds", [
+            curve("message view", "#8a6500", "AppendLine", "per_line", 1e9),
+            curve("the same bytes copied", "#5c606b", "CopyLine", "per_line", 1e9)]),
+        draw_panel(560, "Memory of a line beyond its text, bytes", [
+            curve("message view", "#8a6500", "Memory", "bytes_a_line_over_text", 1)]),
+    ]
+    file.write_text(
+        '<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 1000 380" font-family="sans-serif" '
+        'font-size="12" fill="#141518">\n<style>.title{font-size:15px;font-weight:bold}'
+        '.grid{stroke:#d5d7dd;fill:none}.curve{fill:none;stroke-width:2}'
+        '.name{font-weight:bold}</style>\n<path d="M0 0h1000v380h-1000z" fill="#fff"/>\n'
+        + "\n".join(panels) + "\n</svg>\n")
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--quick", action="store_true")
+    parser.add_argument("--plot", type=pathlib.Path)
+    parser.add_argument("folder", type=pathlib.Path)
+    arguments = parser.parse_args()
+    results, context = read_results(arguments.folder)
+    if not results:
+        sys.exit("no benchmark gave a result")
+    if arguments.quick:
+        print(f"{len(results)} benchmarks ran")
+        return
+    missing = print_table(results, context)
+    if arguments.plot:
+        draw(results, arguments.plot)
+    if missing:
+        sys.exit(f"{missing} goals lack their figures")
+
+
+if __name__ == "__main__":
+    main()
