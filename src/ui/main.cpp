@@ -19,6 +19,7 @@
 #include "ui/desktop/qt_timers.h"
 #include "ui/frmMain.h"
 #include "ui/frmSplash.h"
+#include "ui/picture.h"
 #include "ui/text.h"
 #include "ui/theme.h"
 
@@ -45,6 +46,16 @@ class AfterFirstPaint : public QObject {
  private:
   std::function<void()> run_;
 };
+
+/// In the sizes that window managers use. Given the picture itself, the toolkit would load all its
+/// plug-ins for pictures before the first window is seen.
+QIcon ProgramIcon() {
+  QIcon icon;
+  for (const int side : {16, 32, 64, 128}) {
+    icon.addPixmap(RenderPicture(QStringLiteral("korvanta"), {side, side}, 1));
+  }
+  return icon;
+}
 
 int RunClient(const QString& folder, const QString& program_name,
               const DeploymentValues& deployment, QtMessageBox& message_box) {
@@ -85,7 +96,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName(ToQString(kApplicationTitle));
   QApplication::setApplicationVersion(ToQString(kVersionText));
-  QApplication::setWindowIcon(QIcon(QStringLiteral(":/pictures/korvanta.svg")));
+  QApplication::setWindowIcon(ProgramIcon());
   QApplication::setQuitOnLastWindowClosed(false);
   theme::Apply(application);
 
