@@ -1,11 +1,12 @@
 #!/usr/bin/env python3
-"""report.py [--quick] [--plot FILE] FOLDER: prints the goals of the client's speed and size with
-what the benchmarks measured (their JSON results are in FOLDER), and draws the message view's growth.
-Fails when a goal lacks its figure; a goal that is missed is told, and is no failure."""
+"""report.py [--quick] [--plot FILE] [--into FILE] FOLDER: prints the goals of the client's speed and
+size with what the benchmarks measured (their JSON results are in FOLDER), and draws the message
+view's growth. Fails when a goal lacks its figure; a goal that is missed is told, and is no failure."""
 
 import argparse
 import json
 import pathlib
+import platform
 import re
 import sys
 from typing import Callable, NamedTuple, Optional
@@ -38,7 +39,53 @@ def held(lines):
     return Figure(f"EventLoopHeld/lines_a_second:{lines}", "lasted_ms", 1, "ms")
 
 
+def microseconds_a_line(benchmark):
+    return Figure(benchmark, "per_line", 1e6, "µs")
+
+
+def milliseconds(benchmark, unit_in_ms=1):
+    return Figure(benchmark, "cpu_time", unit_in_ms, "ms")
+
+
+def megabytes_a_second(benchmark):
+    return Figure(benchmark, "bytes_per_second", 1e-6, "MB/s")
+
+
+ROAD = "Road/clean/1048576"
+
 GOALS = [
+    Goal("whole road of a chat line of 75 characters: bytes in → shown, filter on", "≤ 0.5 µs",
+         microseconds_a_line(ROAD), microseconds_a_line("CopyBytes"), "memcpy",
+         lambda value, ratio: value <= 0.5),
+    Goal("the same", "", microseconds_a_line(ROAD), microseconds_a_line("TextEdit"), "QTextEdit",
+         lambda value, ratio: ratio < 1),
+    Goal("adding a line to 10,000,000 costs what it costs at 1,000", "≤ 1.25 × yardstick",
+         microseconds_a_line("AppendLine/10000000"), microseconds_a_line("AppendLine/1000"),
+         "at 1,000 lines", lambda value, ratio: ratio <= 1.25),
+    Goal("memory of 1,000,000 lines in the message view, a line beyond its text", "≤ 24 bytes",
+         Figure("Memory/1000000", "bytes_a_line_over_text", 1, "bytes"), None, "",
+         lambda value, ratio: value <= 24),
+    Goal("a frame of the message view at 1,000,000 lines, at the end", "≤ 4 ms",
+         milliseconds("Frame/end/1000000", 1e-3), milliseconds("Frame/end/1000", 1e-3),
+         "at 1,000 lines", lambda value, ratio: value <= 4 and ratio <= 1.25),
+    Goal("the same in the middle", "≤ 4 ms",
+         milliseconds("Frame/middle/1000000", 1e-3), milliseconds("Frame/middle/1000", 1e-3),
+         "at 1,000 lines", lambda value, ratio: value <= 4 and ratio <= 1.25),
+    Goal("a line put in at a caret in the middle of 1,000,000", "≤ 2 × yardstick",
+         microseconds_a_line("InsertInto/caret"), microseconds_a_line("InsertInto/end"),
+         "at the end", lambda value, ratio: ratio <= 2),
+    Goal("language filter, clean lines", "≥ 1,000 MB/s",
+         megabytes_a_second("Run/clean"), megabytes_a_second("Run/clean_in_sixteen_passes"),
+         "16 searches", lambda value, ratio: value >= 1000),
+    Goal("language filter, lines full of hits", "≥ 200 MB/s",
+         megabytes_a_second("Run/hits"), megabytes_a_second("Run/hits_in_sixteen_passes"),
+         "16 searches", lambda value, ratio: value >= 200),
+    Goal("online list of 50,000 players, message in → rebuilt", "≤ 15 ms",
+         milliseconds("Refill/rebuilt"), milliseconds("Split"), "splitting alone",
+         lambda value, ratio: value <= 15),
+    Goal("the same → painted", "≤ 25 ms",
+         milliseconds("Refill/painted"), milliseconds("RefillListWidget/painted"), "QListWidget",
+         lambda value, ratio: value <= 25),
     Goal("flood of 1,000,000 chat lines over loopback, until the answer to what follows is back",
          "≥ 1,000,000 lines/s",
          Figure("Flood/1000000", "lines_a_second", 1, "lines/s"),
@@ -111,26 +158,36 @@ def memory_gigabytes():
     return round(int(total) / 1024**2)
 
 
-def print_table(results, context):
-    """Returns the number of goals without a figure."""
-    print(f"Measured {context['date'][:10]} on {context['num_cpus']} × {processor()}, "
-          f"{memory_gigabytes()} GB; load when it began: {context['load_avg'][0]:.1f}\n")
-    print("| what | goal | measured | yardstick | ratio | met |")
-    print("|---|---|---|---|---|---|")
+def table(results, context):
+    """The table as Markdown, and the number of goals without a figure."""
+    lines = [
+        f"Measured {context['date'][:10]} on {context['num_cpus']} × {processor()}, "
+        f"{memory_gigabytes()} GB, Linux {platform.release()}. Other programs ran meanwhile: load "
+        f"{context['load_avg'][0]:.1f} before the last of the benchmarks.", "",
+        "| what | goal | measured | yardstick | ratio | met |", "|---|---|---|---|---|---|"]
     missing = 0
     for goal in GOALS:
         value = value_of(results, goal.measured)
         yardstick = value_of(results, goal.yardstick)
         if value is None or (goal.yardstick and yardstick is None):
             missing += 1
-            print(f"| {goal.what} | {goal.goal} | not measured | | | |")
+            lines.append(f"| {goal.what} | {goal.goal} | not measured | | | |")
             continue
         ratio = value / yardstick if yardstick else float("nan")
         beside = f"{goal.yardstick_name}: {shown(yardstick, goal.yardstick.unit)}" if yardstick else ""
-        print(f"| {goal.what} | {goal.goal} | {shown(value, goal.measured.unit)} | {beside} | "
-              f"{f'{ratio:.2f}' if yardstick else ''} | "
-              f"{'yes' if goal.met(value, ratio) else '**no**'} |")
-    return missing
+        lines.append(f"| {goal.what} | {goal.goal} | {shown(value, goal.measured.unit)} | {beside} | "
+                     f"{f'{ratio:.2f}' if yardstick else ''} | "
+                     f"{'yes' if goal.met(value, ratio) else '**no**'} |")
+    return "\n".join(lines) + "\n", missing
+
+
+def replace_figures(file, text):
+    """Puts the text between the two marks in a document."""
+    head, mark, rest = file.read_text().partition("<!-- figures -->\n")
+    _, end, tail = rest.partition("<!-- end of figures -->\n")
+    if not (mark and end):
+        sys.exit(f"{file} lacks the marks that figures go between")
+    file.write_text(head + mark + text + end + tail)
 
 
 class Curve(NamedTuple):
@@ -190,6 +247,7 @@ def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--quick", action="store_true")
     parser.add_argument("--plot", type=pathlib.Path)
+    parser.add_argument("--into", type=pathlib.Path)
     parser.add_argument("folder", type=pathlib.Path)
     arguments = parser.parse_args()
     results, context = read_results(arguments.folder)
@@ -198,11 +256,14 @@ def main():
     if arguments.quick:
         print(f"{len(results)} benchmarks ran")
         return
-    missing = print_table(results, context)
-    if arguments.plot:
-        draw(results, arguments.plot)
+    text, missing = table(results, context)
+    print(text)
     if missing:
         sys.exit(f"{missing} goals lack their figures")
+    if arguments.plot:
+        draw(results, arguments.plot)
+    if arguments.into:
+        replace_figures(arguments.into, text)
 
 
 if __name__ == "__main__":
