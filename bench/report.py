@@ -5,6 +5,7 @@ view's growth. Fails when a goal lacks its figure; a goal that is missed is told
 
 import argparse
 import json
+import math
 import pathlib
 import platform
 import re
@@ -35,8 +36,8 @@ def key_to_line(lines, field):
     return Figure(f"KeyToLine/lines_a_second:{lines}", field, 1, "ms")
 
 
-def held(lines):
-    return Figure(f"EventLoopHeld/lines_a_second:{lines}", "lasted_ms", 1, "ms")
+def held(lines, field):
+    return Figure(f"EventLoopHeld/lines_a_second:{lines}", field, 1, "ms")
 
 
 def microseconds_a_line(benchmark):
@@ -97,10 +98,12 @@ GOALS = [
     Goal("the same, worst of 200", "≤ 20 ms",
          key_to_line(2000, "worst_ms"), key_to_line(0, "worst_ms"), "nothing comes in",
          lambda value, ratio: value <= 20),
-    Goal("event loop held at a stretch, 10,000 lines/s", "≤ 8 ms",
-         held(10000), held(1000), "1,000 lines/s", lambda value, ratio: value <= 8),
-    Goal("the same, as fast as the socket takes lines", "≤ 8 ms",
-         held(0), held(1000), "1,000 lines/s", lambda value, ratio: value <= 8),
+    Goal("longest turn of the event loop, lines as fast as the socket takes them, by the clock",
+         "≤ 8 ms", held(0, "lasted_ms"), None, "", lambda value, ratio: value <= 8),
+    Goal("the same, by processor time", "≤ 8 ms",
+         held(0, "worked_ms"), None, "", lambda value, ratio: value <= 8),
+    Goal("the same at 10,000 lines/s", "≤ 8 ms",
+         held(10000, "worked_ms"), None, "", lambda value, ratio: value <= 8),
     Goal("process start → splash painted, median of 15", "≤ 120 ms",
          Figure("StartToSplash", "median_ms", 1, "ms"),
          Figure("StartToEmptyWindow", "median_ms", 1, "ms"), "empty Qt window",
@@ -162,7 +165,7 @@ def table(results, context):
     """The table as Markdown, and the number of goals without a figure."""
     lines = [
         f"Measured {context['date'][:10]} on {context['num_cpus']} × {processor()}, "
-        f"{memory_gigabytes()} GB, Linux {platform.release()}. Other programs ran meanwhile: load "
+        f"{memory_gigabytes()} GB, Linux {'.'.join(platform.release().split('.')[:2])}. Other programs ran meanwhile: load "
         f"{context['load_avg'][0]:.1f} before the last of the benchmarks.", "",
         "| what | goal | measured | yardstick | ratio | met |", "|---|---|---|---|---|---|"]
     missing = 0
@@ -196,25 +199,33 @@ class Curve(NamedTuple):
     values: list  # one for each of SIZES
 
 
+def round_step(most):
+    """The least 1, 2 or 5 times a power of ten that needs at most five steps."""
+    power = 10 ** math.floor(math.log10(most / 5))
+    return next(power * factor for factor in (1, 2, 5, 10) if power * factor * 5 >= most)
+
+
 def draw_panel(left, title, curves):
     """One set of axes, 400 × 260, as the text of SVG elements."""
     top, width, height = 60, 400, 260
-    most = 1.15 * max(max(curve.values) for curve in curves)
+    highest = max(max(curve.values) for curve in curves)
+    step = round_step(highest)
+    steps = math.ceil(highest / step)
+    most = step * steps
     def x(i): return left + width * i / (len(SIZES) - 1)
     def y(value): return top + height * (1 - value / most)
     parts = [f'<text x="{left}" y="{top - 24}" class="title">{title}</text>']
-    for step in range(5):
-        value = most * step / 4
+    for value in (step * i for i in range(steps + 1)):
         parts.append(f'<path d="M{left} {y(value):.1f}h{width}" class="grid"/>'
-                     f'<text x="{left - 8}" y="{y(value) + 4:.1f}" text-anchor="end">{value:.3g}</text>')
+                     f'<text x="{left - 8}" y="{y(value) + 4:.1f}" text-anchor="end">{value:g}</text>')
     for i, size in enumerate(SIZES):
         parts.append(f'<text x="{x(i):.1f}" y="{top + height + 20}" text-anchor="middle">{size:,}</text>')
-    for row, curve in enumerate(curves):
+    for curve in curves:
         points = " ".join(f"{x(i):.1f},{y(value):.1f}" for i, value in enumerate(curve.values))
         parts.append(f'<polyline points="{points}" stroke="{curve.colour}" class="curve"/>')
         parts += [f'<circle cx="{x(i):.1f}" cy="{y(value):.1f}" r="3.5" fill="{curve.colour}"/>'
                   for i, value in enumerate(curve.values)]
-        parts.append(f'<text x="{left + 12}" y="{top + height - 12 - 18 * row}" '
+        parts.append(f'<text x="{left + 12}" y="{y(curve.values[0]) - 12:.1f}" '
                      f'fill="{curve.colour}" class="name">{curve.name}</text>')
     parts.append(f'<text x="{left + width / 2}" y="{top + height + 42}" '
                  'text-anchor="middle">lines in the view</text>')
