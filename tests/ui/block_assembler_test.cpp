@@ -94,10 +94,10 @@ TEST(BlockAssembler, AtTheEndTheRestFollowsTheWholeMessages) {
 TEST(BlockAssembler, ManyMessagesAreCutBetweenMessagesAtTheBlockLimit) {
   const std::string message = std::string(999, 'x') + '\0';
   Stream stream;
-  for (int i = 0; i < 1000; ++i) {
+  for (int i = 0; i < 200; ++i) {
     stream.Add(message);
   }
-  EXPECT_THAT(stream.TakeLengths(), ElementsAre(262'000, 262'000, 262'000, 214'000));
+  EXPECT_THAT(stream.TakeLengths(), ElementsAre(65'000, 65'000, 65'000, 5'000));
 }
 
 TEST(BlockAssembler, LongMessagesStayWholeUpToTheRestLimit) {
