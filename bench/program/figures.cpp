@@ -6,10 +6,15 @@
 
 namespace korvanta::bench {
 
-void CountMilliseconds(benchmark::State& state, std::vector<double> measured) {
-  std::sort(measured.begin(), measured.end());
-  state.counters["median_ms"] = measured[measured.size() / 2];
-  state.counters["worst_ms"] = measured.back();
+double Median(std::vector<double> numbers) {
+  const auto middle = numbers.begin() + static_cast<std::ptrdiff_t>(numbers.size() / 2);
+  std::nth_element(numbers.begin(), middle, numbers.end());
+  return *middle;
+}
+
+void CountMilliseconds(benchmark::State& state, const std::vector<double>& measured) {
+  state.counters["median_ms"] = Median(measured);
+  state.counters["worst_ms"] = *std::max_element(measured.begin(), measured.end());
   state.counters["measured"] = static_cast<double>(measured.size());
 }
 

@@ -7,8 +7,11 @@
 
 namespace korvanta::bench {
 
+/// Of at least one number.
+double Median(std::vector<double> numbers);
+
 /// Counts median and worst of measured milliseconds, of which there is at least one.
-void CountMilliseconds(benchmark::State& state, std::vector<double> measured);
+void CountMilliseconds(benchmark::State& state, const std::vector<double>& measured);
 
 /// The number behind `name` in a text of "name: number" lines. HarnessError when it is not there.
 double NumberIn(const QByteArray& text, const QByteArray& name);

@@ -2,6 +2,7 @@
 #include <benchmark/benchmark.h>
 #include <thread>
 
+#include "bench/program/activity.h"
 #include "bench/program/logged_in_client.h"
 
 namespace korvanta::bench {
@@ -14,11 +15,15 @@ void Flood(benchmark::State& state) {
   const auto lines = static_cast<std::size_t>(state.range(0));
   LoggedInClient client("[Menu]\nAuto Ready=True\n");
   const std::string flood = ChatLines(lines).append(kBoardCleared);
+  double cpu_seconds = 0;
   for (auto _ : state) {
+    const double cpu_before = ActivityOf(client.pid()).cpu_seconds;
     std::thread sender([&] { client.server().Send(flood); });
     client.server().ReceiveUntil(kGameEntered);
+    cpu_seconds = ActivityOf(client.pid()).cpu_seconds - cpu_before;
     sender.join();
   }
+  state.counters["lines_a_cpu_second"] = static_cast<double>(lines) / cpu_seconds;
   state.counters["lines_a_second"] =
       benchmark::Counter(static_cast<double>(lines), benchmark::Counter::kIsIterationInvariantRate);
 }

@@ -1,9 +1,8 @@
 /// What the client costs while nothing happens: wake-ups, processor time, memory.
-#include <QDir>
-#include <QFile>
 #include <benchmark/benchmark.h>
 #include <thread>
 
+#include "bench/program/activity.h"
 #include "bench/program/figures.h"
 #include "bench/program/logged_in_client.h"
 
@@ -12,33 +11,8 @@ namespace {
 
 constexpr std::chrono::seconds kSettling{3};
 
-QByteArray ReadAll(const QString& path) {
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) {
-    throw process::HarnessError(path + " cannot be read");
-  }
-  return file.readAll();
-}
-
-struct Activity {
-  double wakeups = 0;      ///< a thread went on after it had waited
-  double cpu_seconds = 0;  ///< to the nanosecond
-};
-
-Activity ActivityOf(qint64 pid) {
-  const QDir threads(QString("/proc/%1/task").arg(pid));
-  Activity activity;
-  for (const QString& thread : threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-    activity.wakeups +=
-        NumberIn(ReadAll(threads.filePath(thread + "/status")), "voluntary_ctxt_switches");
-    activity.cpu_seconds +=
-        ReadAll(threads.filePath(thread + "/schedstat")).split(' ').front().toDouble() * 1e-9;
-  }
-  return activity;
-}
-
 double ProportionalShareInMegabytes(qint64 pid) {
-  return NumberIn(ReadAll(QString("/proc/%1/smaps_rollup").arg(pid)), "Pss") / 1024;
+  return NumberIn(SystemFile(pid, "smaps_rollup"), "Pss") / 1024;
 }
 
 /// Logged in, its window in front, the caret in the chat line, no clock running.
