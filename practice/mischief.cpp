@@ -114,12 +114,14 @@ std::string Mischief::Changed(std::string_view message, MischiefKind kind) {
 }
 
 bool Mischief::MeetsFate(ConnectionId connection, Line& line, std::string_view message) {
+  const MessageLayout* layout = LayoutOf(message);
+  const bool is_of_game = layout != nullptr && layout->is_of_game;
   const auto is_now = [&] {
     switch (*line.fate) {
       case MischiefKind::ResetLogin:
         return message.starts_with("[con]");
       case MischiefKind::ResetGame:
-        return IsOfGame(message);
+        return is_of_game;
       case MischiefKind::ResetMessage:
         return dice_.OneIn(4);
       default:

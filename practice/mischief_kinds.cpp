@@ -4,63 +4,11 @@
 #include <array>
 #include <numeric>
 
-#include "protocol/wire_format.h"
-
 namespace korvanta::practice {
 namespace {
 
-using namespace std::string_view_literals;
-
 using Field = MischiefMessage::Field;
 using Role = MischiefMessage::Role;
-
-/// The fields of a message: t for a text, n for a number, c for a code word. The last stands for
-/// all that follow.
-struct Layout {
-  std::string_view tag;
-  std::string_view fields;
-  bool has_records = false;
-  bool is_of_game = false;
-};
-
-constexpr auto kLayouts = std::to_array<Layout>({
-    {"[con]", "tn"},
-    {"[log]", "t"},
-    {"[cap]", "t"},
-    {"[tim]", "n", false, true},
-    {"[sou]", "n"},
-    {"[bre]", "ttn"},
-    {"[end]", "n"},
-    {"[upg]", "n", false, true},
-    {"[clr]", "t"},
-    {"[clt]", "t"},
-    {"[poi]", "n", false, true},
-    {"[att]", "n", false, true},
-    {"[msg]", "ctc"},
-    {"[nws]", "t"},
-    {"[onl]", "tn", true},
-    {"[tif]", "n"},
-    {"[ttm]", "t", true},
-    {"[tdd]", "t"},
-});
-
-const Layout* LayoutOf(std::string_view message) {
-  const auto found = std::find_if(kLayouts.begin(), kLayouts.end(), [&](const Layout& layout) {
-    return message.starts_with(layout.tag);
-  });
-  return found == kLayouts.end() ? nullptr : &*found;
-}
-
-Role RoleAt(const Layout& layout, std::size_t index) {
-  switch (layout.fields[std::min(index, layout.fields.size() - 1)]) {
-    case 'n':
-      return Role::Number;
-    case 'c':
-      return Role::Code;
-    default:
-      return Role::Text;
-  }
-}
 
 constexpr auto kForeignNumbers = std::to_array<std::string_view>({
     "",
@@ -174,10 +122,10 @@ void ChangeTag(MischiefMessage& message, MischiefDice& dice) {
       tag.resize(dice.Below(tag.size() + 1));
       return;
     case 3:
-      tag = dice.Pick(kLayouts).tag;
+      tag = dice.Pick(MessageLayouts()).tag;
       return;
     case 4:  // a payload that begins with a tag
-      tag.insert(0, dice.Pick(kLayouts).tag);
+      tag.insert(0, dice.Pick(MessageLayouts()).tag);
       return;
     default:
       tag.insert(0, " ");
@@ -266,46 +214,6 @@ static_assert(
 
 }  // namespace
 
-MischiefMessage::MischiefMessage(std::string_view message) : tag(message.substr(0, kTagLength)) {
-  constexpr std::array<char, 2> kSeparators = {kFieldSeparator, kRecordSeparator};
-  static constexpr Layout kUnknown{"", "t"};
-  const Layout* known = LayoutOf(message);
-  const Layout& layout = known == nullptr ? kUnknown : *known;
-  std::string_view payload = message.substr(tag.size());
-  if (payload.empty()) {
-    return;
-  }
-  std::size_t index = 0;
-  for (char separator = kFieldSeparator;;) {
-    const std::size_t end = payload.find_first_of({kSeparators.data(), kSeparators.size()});
-    fields.push_back({std::string(payload.substr(0, end)), RoleAt(layout, index), separator});
-    if (end == std::string_view::npos) {
-      return;
-    }
-    separator = payload[end];
-    index = separator == kRecordSeparator && layout.has_records ? 0 : index + 1;
-    payload.remove_prefix(end + 1);
-  }
-}
-
-std::string MischiefMessage::Built() const {
-  std::string once = tag;
-  for (const Field& field : fields) {
-    if (&field != &fields.front()) {
-      once += field.separator;
-    }
-    once += field.text;
-  }
-  if (is_ended) {
-    once += kMessageTerminator;
-  }
-  std::string built;
-  for (int i = 0; i < times; ++i) {
-    built += once;
-  }
-  return built;
-}
-
 std::span<const MischiefEntry, kMischiefKinds> MischiefTable() { return kTable; }
 
 std::optional<MischiefKinds> ReadMischiefKinds(std::string_view names) {
@@ -328,11 +236,6 @@ std::optional<MischiefKinds> ReadMischiefKinds(std::string_view names) {
     }
     rest.remove_prefix(comma + 1);
   }
-}
-
-bool IsOfGame(std::string_view message) {
-  const Layout* layout = LayoutOf(message);
-  return layout != nullptr && layout->is_of_game;
 }
 
 }  // namespace korvanta::practice

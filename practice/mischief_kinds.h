@@ -8,9 +8,9 @@
 #include <optional>
 #include <random>
 #include <span>
-#include <string>
 #include <string_view>
-#include <vector>
+
+#include "practice/mischief_message.h"
 
 namespace korvanta::practice {
 
@@ -57,26 +57,6 @@ class MischiefDice {
   std::mt19937_64 engine_;
 };
 
-/// A message taken apart so that mischief can be made with it.
-struct MischiefMessage {
-  enum class Role : std::uint8_t { Text, Number, Code };
-  struct Field {
-    std::string text;
-    Role role;
-    char separator;  ///< in front of it, unless it is the first
-  };
-
-  /// The message without its terminator.
-  explicit MischiefMessage(std::string_view message);
-  /// The bytes to send.
-  std::string Built() const;
-
-  std::string tag;
-  std::vector<Field> fields;
-  bool is_ended = true;
-  int times = 1;
-};
-
 struct MischiefEntry {
   MischiefKind kind;
   std::string_view name;  ///< on the command line
@@ -92,8 +72,4 @@ std::span<const MischiefEntry, kMischiefKinds> MischiefTable();
 
 /// Names with commas between them, or "all"; nothing when one of them is unknown.
 std::optional<MischiefKinds> ReadMischiefKinds(std::string_view names);
-
-/// Messages that only a game brings.
-bool IsOfGame(std::string_view message);
-
 }  // namespace korvanta::practice
