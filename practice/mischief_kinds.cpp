@@ -69,7 +69,8 @@ constexpr auto kMarkup = std::to_array<std::string_view>({
 constexpr auto kFillers =
     std::to_array<std::string_view>({"x", "word ", "line\r\n", "<b>", "a:b ", "\t", " ", "\xe9"});
 
-constexpr std::size_t kGiant = std::size_t{1024} * 1024;
+constexpr std::size_t kGiant = std::size_t{256} * 1024;
+constexpr std::size_t kMostGiant = std::size_t{2048} * 1024;
 
 std::vector<Field*> FieldsOf(MischiefMessage& message, Role role) {
   std::vector<Field*> chosen;
@@ -150,7 +151,7 @@ void MakeGiant(MischiefMessage& message, MischiefDice& dice) {
     return;
   }
   Field& field = message.fields[dice.Below(message.fields.size())];
-  const std::size_t size = kGiant + dice.Below(kGiant);
+  const std::size_t size = kGiant + dice.Below(kMostGiant - kGiant);
   const std::string_view filler = dice.Pick(kFillers);
   std::string giant;
   giant.reserve(size + filler.size());
@@ -182,7 +183,7 @@ constexpr std::array<MischiefEntry, kMischiefKinds> kTable = {{
     {Kind::Tags, "tags", "tags are unknown, in capitals, cut short, doubled or another message's",
      3, false, ChangeTag},
     {Kind::Bytes, "bytes", "every byte value stands in each text", 2, false, AddAllBytes},
-    {Kind::Giant, "giant", "one field grows to one or two megabytes", 12, false, MakeGiant},
+    {Kind::Giant, "giant", "one field grows to as much as two megabytes", 12, false, MakeGiant},
     {Kind::Markup, "markup", "markup and control characters stand in each text", 1, false,
      AddMarkup},
     {Kind::Unended, "unended", "terminators are missing", 3, false, LeaveUnended},

@@ -127,7 +127,7 @@ TEST(Mischief, EachKindDoesWhatItsLineSaysAndNothingElse) {
        }},
       {Kind::Bytes,
        [](const Heard& h) { return std::set<char>(h.bytes.begin(), h.bytes.end()).size() >= 255; }},
-      {Kind::Giant, [](const Heard& h) { return KeepsItsFrame(h) && h.bytes.size() > 1'000'000; }},
+      {Kind::Giant, [](const Heard& h) { return KeepsItsFrame(h) && h.bytes.size() > 250'000; }},
       {Kind::Markup,
        [](const Heard& h) {
          return KeepsItsFrame(h) && h.bytes.size() > Whole().size() &&
