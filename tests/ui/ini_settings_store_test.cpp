@@ -4,12 +4,14 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
+#include <QThread>
 #include <gmock/gmock.h>
 
 #ifdef Q_OS_UNIX
 #include <csignal>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 #endif
 
@@ -37,6 +39,9 @@ class IniSettingsStoreTest : public testing::Test {
   static std::string Stored(const QString& file, std::string_view section, std::string_view key) {
     return IniSettingsStore(file).Get(section, key, "(default)");
   }
+
+  /// The names in the folder of the settings.
+  QStringList Files() const { return QFileInfo(path).dir().entryList(QDir::Files); }
 
   void SaveOne() const {
     IniSettingsStore store(path);
@@ -101,6 +106,16 @@ TEST_F(IniSettingsStoreTest, ForeignLinesStayInTheirPlaces) {
             "[Other]\nx=1, 2\n#end\n[Settings]\nLogin=False\n");
 }
 
+TEST_F(IniSettingsStoreTest, AByteOrderMarkNeverBecomesPartOfAName) {
+  const QByteArray mark = "\xef\xbb\xbf";
+  for (const QByteArray& start : {mark, mark + mark, "\x01\n" + mark, "\x01\n " + mark + mark}) {
+    Write(start + "[Menu]\nSounds=False\n");
+    EXPECT_EQ(Stored(path, "Menu", "Sounds"), "False");
+    SaveOne();
+    EXPECT_EQ(Read(path), "[Menu]\nSounds=False\n");
+  }
+}
+
 TEST_F(IniSettingsStoreTest, DamagedFilesGiveWhatTheyCanAndArePutAside) {
   QByteArray binary;
   for (int i = 0; i < 100'000; ++i) {
@@ -159,14 +174,51 @@ TEST_F(IniSettingsStoreTest, FileIsNamedAfterTheProgramUnderTheUsersConfiguratio
 
 #ifdef Q_OS_UNIX
 
+QFileDevice::Permissions Mode(const QString& file) {
+  return QFileInfo(file).permissions() &
+         (QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup |
+          QFileDevice::WriteGroup | QFileDevice::ReadOther | QFileDevice::WriteOther);
+}
+
+constexpr auto kUserOnly = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
+
 TEST_F(IniSettingsStoreTest, OnlyTheUserMayReadTheFile) {
-  for (int times = 0; times < 2; ++times) {
-    SaveOne();
-    struct stat file = {};
-    ASSERT_EQ(stat(path.toStdString().c_str(), &file), 0);
-    EXPECT_EQ(file.st_mode & 0777U, 0600U);
-    chmod(path.toStdString().c_str(), 0644);
-  }
+  SaveOne();
+  EXPECT_EQ(Mode(path), kUserOnly);
+  QFile::setPermissions(path, kUserOnly | QFileDevice::ReadGroup | QFileDevice::ReadOther);
+  SaveOne();
+  EXPECT_EQ(Mode(path), kUserOnly);
+}
+
+TEST_F(IniSettingsStoreTest, BehindALinkTheFileIsReplacedAndKeptAside) {
+  const QString elsewhere = folder.filePath(QStringLiteral("elsewhere.ini"));
+  Write("");
+  ASSERT_TRUE(QFile::rename(path, elsewhere) && QFile::link(elsewhere, path));
+  SaveOne();
+  EXPECT_TRUE(QFileInfo(path).isSymLink());
+  EXPECT_EQ(Read(elsewhere), "[Menu]\nSounds=False\n");
+
+  Write("damaged");
+  SaveOne();
+  EXPECT_TRUE(QFileInfo(path).isSymLink());
+  EXPECT_EQ(Read(elsewhere + QStringLiteral(".bak")), "damaged");
+}
+
+TEST_F(IniSettingsStoreTest, WhatStandsWhereTheNewFileGrowsIsInNobodysWay) {
+  const QString unsaved = path + QStringLiteral(".unsaved");
+  const QString precious = folder.filePath(QStringLiteral("precious"));
+  Write("precious");
+  ASSERT_TRUE(QFile::rename(path, precious) && QFile::link(precious, unsaved));
+  SaveOne();
+  EXPECT_EQ(Read(precious), "precious") << "no link is followed";
+  EXPECT_EQ(Files(), QStringList(QFileInfo(path).fileName()));
+
+  const QByteArray before = Read(path);
+  ASSERT_TRUE(QDir().mkpath(unsaved));
+  IniSettingsStore store(path);
+  store.Save("Menu", "Sounds", "True");
+  EXPECT_THAT(store.Commit(), HasSubstr(path.toStdString()));
+  EXPECT_EQ(Read(path), before);
 }
 
 TEST_F(IniSettingsStoreTest, FullDiskLeavesTheOldFile) {
@@ -186,12 +238,12 @@ TEST_F(IniSettingsStoreTest, FullDiskLeavesTheOldFile) {
   std::signal(SIGXFSZ, old_handler);
   EXPECT_THAT(sentence, HasSubstr(path.toStdString()));
   EXPECT_EQ(Read(path), before + "damaged\n");
-  EXPECT_EQ(QFileInfo(path).dir().entryList(QDir::Files), QStringList(QFileInfo(path).fileName()));
+  EXPECT_EQ(Files(), QStringList(QFileInfo(path).fileName()));
   EXPECT_EQ(store.Commit(), "") << "room again";
   EXPECT_EQ(Stored(path, "Menu", "Sounds"), "False");
 }
 
-TEST_F(IniSettingsStoreTest, AnUnreadableFileIsLeftAsItIs) {
+TEST_F(IniSettingsStoreTest, ReadOnlyFolderAndUnreadableFileAreLeftAsTheyAre) {
   SaveOne();
   const QByteArray before = Read(path);
   const std::string file = path.toStdString();
@@ -205,15 +257,73 @@ TEST_F(IniSettingsStoreTest, AnUnreadableFileIsLeftAsItIs) {
     ASSERT_EQ(chown(above.c_str(), kSomebody, kSomebody), 0);
     ASSERT_EQ(seteuid(kSomebody), 0);
   }
-  chmod(file.c_str(), 0);
-  IniSettingsStore store(path);
-  store.Save("Menu", "Sounds", "True");
-  EXPECT_THAT(store.Commit(), HasSubstr(file));
+  for (const bool can_read : {true, false}) {
+    chmod(file.c_str(), can_read ? 0600 : 0);
+    chmod(above.c_str(), can_read ? 0500 : 0700);
+    IniSettingsStore store(path);
+    EXPECT_EQ(store.Get("Menu", "Sounds", "True"), can_read ? "False" : "True");
+    store.Save("Menu", "Sounds", "True");
+    EXPECT_THAT(store.Commit(), HasSubstr(file));
+  }
   chmod(file.c_str(), 0600);
   if (is_superuser) {
     ASSERT_EQ(seteuid(0), 0);
   }
   EXPECT_EQ(Read(path), before);
+}
+
+TEST_F(IniSettingsStoreTest, KilledAtAnyInstantItIsTheOldFileOrTheNewWhole) {
+  constexpr int kKeys = 200;
+  const auto value = [](int generation) { return std::string(200, static_cast<char>(generation)); };
+  SaveOne();
+  int seen_changes = 0;
+  char last = 0;
+  for (int kill_count = 0; kill_count < 150; ++kill_count) {
+    int committed[2];
+    ASSERT_EQ(pipe(committed), 0);
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+      IniSettingsStore store(path);
+      for (int generation = 'A' + kill_count % 13;;
+           generation = generation == 'Z' ? 'A' : generation + 1) {
+        for (int i = 0; i < kKeys; ++i) {
+          store.Save("Logins", std::to_string(i), value(generation));
+        }
+        store.Commit();
+        if (write(committed[1], "c", 1) != 1) {
+          _exit(1);
+        }
+      }
+    }
+    // From its first commit on the child does nothing but commit; the kill comes at any point.
+    char first_commit = 0;
+    ASSERT_EQ(read(committed[0], &first_commit, 1), 1);
+    QThread::usleep(static_cast<unsigned long>(kill_count * 137 % 5000));
+    ASSERT_EQ(kill(child, SIGKILL), 0);
+    waitpid(child, nullptr, 0);
+    close(committed[0]);
+    close(committed[1]);
+
+    IniSettingsStore store(path);
+    const std::string first = store.Get("Logins", "0", "");
+    for (int i = 0; i < kKeys; ++i) {
+      ASSERT_EQ(store.Get("Logins", std::to_string(i), ""), first);
+    }
+    ASSERT_EQ(store.Get("Menu", "Sounds", "True"), "False");
+    if (!first.empty()) {
+      ASSERT_EQ(first, value(first.front()));
+      seen_changes += first.front() == last ? 0 : 1;
+      last = first.front();
+    }
+    // Unfinished copies too are for the user's eyes only.
+    for (const QFileInfo& file : QFileInfo(path).dir().entryInfoList(QDir::Files)) {
+      ASSERT_EQ(Mode(file.filePath()), kUserOnly) << file.filePath().toStdString();
+    }
+  }
+  EXPECT_GT(seen_changes, 20) << "the kills came too early to mean anything";
+  SaveOne();
+  EXPECT_EQ(Files(), QStringList(QFileInfo(path).fileName())) << "the next save clears up";
 }
 
 #endif

@@ -3,12 +3,15 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
-#include <charconv>
 #include <filesystem>
 #include <system_error>
 #include <utility>
+
+#ifdef Q_OS_UNIX
+#include <cerrno>
+#include <unistd.h>
+#endif
 
 #include "ui/text.h"
 
@@ -19,44 +22,6 @@ namespace {
 constexpr qint64 kLongestFile = qint64{4} * 1024 * 1024;
 
 constexpr QFileDevice::Permissions kUserOnly = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
-
-constexpr std::string_view kEndOfName = "=[];#";
-
-/// `special` are the characters to escape besides those that need it everywhere.
-std::string Escape(std::string_view text, std::string_view special) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
-  std::string escaped;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const auto byte = static_cast<unsigned char>(text[i]);
-    const bool is_outer_blank = byte == ' ' && (i == 0 || i + 1 == text.size());
-    if (byte < 0x20 || byte > 0x7e || byte == '%' || is_outer_blank ||
-        special.find(text[i]) != std::string_view::npos) {
-      escaped += '%';
-      escaped += kDigits[byte >> 4U];
-      escaped += kDigits[byte & 0xfU];
-    } else {
-      escaped += text[i];
-    }
-  }
-  return escaped;
-}
-
-/// A '%' without two hexadecimal digits behind it stands for itself.
-std::string Unescape(std::string_view text) {
-  std::string plain;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    unsigned char byte = 0;
-    const std::string_view digits = text.substr(i).substr(1, 2);
-    if (text[i] == '%' && digits.size() == 2 &&
-        std::from_chars(digits.data(), digits.data() + 2, byte, 16).ptr == digits.data() + 2) {
-      plain += static_cast<char>(byte);
-      i += 2;
-    } else {
-      plain += text[i];
-    }
-  }
-  return plain;
-}
 
 QString FreeNameAside(const QString& file) {
   QString name = file + QStringLiteral(".bak");
@@ -72,6 +37,36 @@ bool KeepAside(const QString& file) {
   std::error_code error;
   std::filesystem::create_hard_link(file.toStdU16String(), aside.toStdU16String(), error);
   return !error || QFile::copy(file, aside);
+}
+
+/// Whether what was written is on the disk, as far as the file system can tell.
+bool Sync(const QFile& file) {
+#ifdef Q_OS_UNIX
+  return fsync(file.handle()) == 0 || errno == EINVAL;
+#else
+  return true;
+#endif
+}
+
+/// Writes the text into a file of that name, in place of any that is there, which only the user can
+/// ever read. Returns why it could not, an empty text when it could.
+QString WriteAnew(const QString& name, const std::string& text) {
+  const auto size = static_cast<qint64>(text.size());
+  QFile::remove(name);
+  QFile file(name);
+  if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly, kUserOnly)) {
+    return file.errorString();
+  }
+  QString reason;
+  if (file.write(text.data(), size) != size || !file.flush()) {
+    reason = file.errorString();
+  } else if (!Sync(file)) {
+    reason = qt_error_string();
+  }
+  if (!reason.isEmpty()) {
+    file.remove();
+  }
+  return reason;
 }
 
 std::string Failure(const QString& file, const QString& reason) {
@@ -91,13 +86,12 @@ IniSettingsStore::IniSettingsStore(QString file) : file_(std::move(file)) {}
 std::string IniSettingsStore::Get(std::string_view section, std::string_view key,
                                   std::string_view default_text) {
   Load();
-  const auto value = entries_.Find(Escape(section, kEndOfName), Escape(key, kEndOfName));
-  return value ? Unescape(*value) : std::string(default_text);
+  return entries_.Find(section, key).value_or(std::string(default_text));
 }
 
 void IniSettingsStore::Save(std::string_view section, std::string_view key, std::string_view text) {
   Load();
-  entries_.Set(Escape(section, kEndOfName), Escape(key, kEndOfName), Escape(text, {}));
+  entries_.Set(section, key, text);
 }
 
 std::string IniSettingsStore::Commit() {
@@ -105,19 +99,24 @@ std::string IniSettingsStore::Commit() {
   if (!read_failure_.empty()) {
     return read_failure_;
   }
-  QDir().mkpath(QFileInfo(file_).path());
-  QSaveFile file(file_);
-  const std::string text = entries_.Text();
-  const auto size = static_cast<qint64>(text.size());
-  if (!file.open(QIODevice::WriteOnly) || !file.setPermissions(kUserOnly) ||
-      file.write(text.data(), size) != size || !file.flush()) {
-    return Failure(file_, file.errorString());
+  const QFileInfo info(file_);
+  QDir().mkpath(info.path());
+  // Behind a symbolic link it is the file that is replaced, not the link.
+  const QString target = info.exists() ? info.canonicalFilePath() : file_;
+  // A save that was killed leaves at most this one file, and the next save replaces it.
+  const QString unsaved = target + QStringLiteral(".unsaved");
+  if (const QString reason = WriteAnew(unsaved, entries_.Text()); !reason.isEmpty()) {
+    return Failure(file_, reason);
   }
-  if (is_damaged_ && !KeepAside(file_)) {
+  std::error_code error;
+  if (is_damaged_ && !KeepAside(target)) {
+    QFile::remove(unsaved);
     return Failure(file_, QStringLiteral("the damaged file there cannot be kept aside"));
   }
-  if (!file.commit()) {
-    return Failure(file_, file.errorString());
+  std::filesystem::rename(unsaved.toStdU16String(), target.toStdU16String(), error);
+  if (error) {
+    QFile::remove(unsaved);
+    return Failure(file_, QString::fromStdString(error.message()));
   }
   is_damaged_ = false;
   return {};
@@ -141,8 +140,8 @@ void IniSettingsStore::Load() {
       read_failure_ = Failure(file_, file.errorString());
       return;
     }
-    entries_ = IniText({bytes.constData(), static_cast<std::size_t>(bytes.size())});
-    is_damaged_ = entries_.MalformedLine().has_value();
+    entries_ = SettingsText({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    is_damaged_ = entries_.IsDamaged();
   }
 }
 

@@ -6,14 +6,13 @@
 #include <string_view>
 
 #include "platform/settings_store.h"
-#include "ui/desktop/ini_text.h"
+#include "ui/desktop/settings_text.h"
 
 namespace korvanta {
 
 /// The file is read once, with the first call that needs it, and replaced as a whole by `Commit`;
-/// it is at every instant the old one or the new one, readable by its user only. In it, bytes that
-/// are no printable ASCII, and those with a meaning of their own, are written as '%' and two
-/// hexadecimal digits.
+/// it is at every instant the old one or the new one, readable by its user only. The new one grows
+/// beside it under its name with ".unsaved" added.
 ///
 /// A file that is damaged or that cannot be one of settings is not lost: `Commit` puts it aside
 /// under its name with ".bak" added, and a number where that is taken. What could be read of it is
@@ -37,7 +36,7 @@ class IniSettingsStore final : public SettingsStore {
   bool is_loaded_ = false;
   bool is_damaged_ = false;   ///< the file is to be put aside
   std::string read_failure_;  ///< why the file could not be read; empty when it could
-  IniText entries_;
+  SettingsText entries_;
 };
 
 }  // namespace korvanta

@@ -28,9 +28,6 @@ std::string EntryLine(std::string_view key, std::string_view value) {
 }  // namespace
 
 IniText::IniText(std::string_view text) {
-  if (text.starts_with(kByteOrderMark)) {
-    text.remove_prefix(kByteOrderMark.size());
-  }
   std::string_view section;
   while (!text.empty()) {
     const std::size_t end = std::min(text.find('\n'), text.size());
@@ -40,6 +37,10 @@ IniText::IniText(std::string_view text) {
 }
 
 void IniText::AddLine(std::string_view text, std::string_view& section) {
+  // Any line may become the first one, when those before it make no sense.
+  while (text.starts_with(kByteOrderMark)) {
+    text = Trim(text.substr(kByteOrderMark.size()));
+  }
   const std::size_t equals = text.find('=');
   const bool is_remark = text.empty() || text.front() == ';' || text.front() == '#';
   const bool is_header = text.starts_with('[') && text.ends_with(']');
