@@ -87,6 +87,14 @@ TEST_F(StatisticsTest, AReplyFillsEveryFieldAndReplacesTheAwards) {
   EXPECT_THAT(state().lstAwards, IsEmpty());
 }
 
+TEST_F(StatisticsTest, AwardCodesAreNumbersInAnyPlainForm) {
+  const std::string codes = "5.0\0020x5\002nan\002 21 \0020.5\0021e999\002-1\0021e0";
+  statistics.ShowUserStatistics(Reply(codes));
+  EXPECT_THAT(state().lstAwards,
+              ElementsAre("Blue Award - 50,000 Total Score", "Orange Award - 1,000 Total Score",
+                          "Gold Award - 1,000,000 Total Score"));
+}
+
 TEST_F(StatisticsTest, AReplyCreatesTheWindowUnseenAndAsksForTheOwnRecord) {
   statistics.ShowUserStatistics(Reply("24"));
   EXPECT_EQ(statistics.window().state(), WindowLife::State::Hidden);
