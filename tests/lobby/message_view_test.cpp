@@ -4,82 +4,22 @@
 #include <gmock/gmock.h>
 #include <random>
 
+#include "tests/fakes/plain_message_view.h"
+
 namespace korvanta {
 namespace {
 
+using fakes::Letters;
+using fakes::PlainMessageView;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using What = MessageView::Change::What;
-
-/// The colours of a text, one letter a byte: the role's number as 'a', 'b', ….
-std::string Letters(const Excerpt& excerpt) {
-  std::string letters;
-  for (const ColourRun& run : excerpt.runs) {
-    letters.resize(run.end, static_cast<char>('a' + static_cast<int>(run.role)));
-  }
-  return letters;
-}
 
 Excerpt All(const ColouredText& text) {
   Excerpt excerpt;
   text.Read(0, text.size(), excerpt);
   return excerpt;
 }
-
-/// The rules of the view, written down once more in the slowest and plainest way.
-struct PlainView {
-  std::string bytes;
-  std::string letters;
-  std::size_t anchor = 0;
-  std::size_t caret = 0;
-
-  void Insert(std::string_view text, ColourRole role) {
-    if (text.empty()) {
-      return;
-    }
-    const char letter = static_cast<char>('a' + static_cast<int>(role));
-    const auto [from, to] = std::minmax(anchor, caret);
-    std::fill(letters.begin() + static_cast<std::ptrdiff_t>(from),
-              letters.begin() + static_cast<std::ptrdiff_t>(to), letter);
-    bytes.insert(to, text);
-    letters.insert(to, text.size(), letter);
-    anchor = caret = to + text.size();
-  }
-
-  void Append(const std::string& text, MessageKind kind, bool locked) {
-    if (!locked) {
-      anchor = caret = bytes.size();
-    }
-    const std::size_t colon = text.find(':');
-    const std::string head = colon == std::string::npos ? "" : text.substr(0, colon + 1);
-    Insert(head, ColoursOf(kind).first);
-    Insert(text.substr(head.size()) + "\r\n", ColoursOf(kind).second);
-  }
-
-  bool InsideBreak(std::size_t offset) const {
-    return offset > 0 && offset < bytes.size() && bytes[offset - 1] == '\r' &&
-           bytes[offset] == '\n';
-  }
-
-  std::size_t Place(std::size_t offset) const {
-    offset = std::min(offset, bytes.size());
-    return InsideBreak(offset) ? offset - 1 : offset;
-  }
-
-  TextRange Line(std::size_t offset) const {
-    TextRange line{Place(offset), Place(offset)};
-    while (line.from > 0 && !IsLineBreak(bytes[line.from - 1])) {
-      --line.from;
-    }
-    while (line.to < bytes.size() && !IsLineBreak(bytes[line.to])) {
-      ++line.to;
-    }
-    if (line.to < bytes.size()) {
-      line.to += InsideBreak(line.to + 1) ? 2 : 1;
-    }
-    return line;
-  }
-};
 
 class MessageViewRandom : public testing::TestWithParam<std::size_t> {};
 
@@ -88,7 +28,7 @@ TEST_P(MessageViewRandom, AgreesWithThePlainView) {
   const auto below = [&random](std::size_t limit) { return random() % limit; };
   Options options;
   MessageView view(options, GetParam());
-  PlainView plain;
+  PlainMessageView plain;
   for (int step = 0; step < 6000; ++step) {
     const std::size_t action = below(100);
     if (action < 55) {
@@ -102,8 +42,7 @@ TEST_P(MessageViewRandom, AgreesWithThePlainView) {
     } else if (action < 90) {
       const std::size_t anchor = below(view.size() + 3);
       const std::size_t caret = below(3) == 0 ? anchor : below(view.size() + 3);
-      plain.anchor = plain.Place(anchor);
-      plain.caret = plain.Place(caret);
+      plain.Select(anchor, caret);
       view.Select(anchor, caret);
     } else if (action < 99) {
       options.mnuScrollLock = below(4) != 0;

@@ -1,0 +1,223 @@
+/// make_seeds FOLDER: writes the inputs that the fuzzing starts from, in one folder for each
+/// target. They come from the catalogue, in the letters of each target's events.
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "fuzz/input.h"
+#include "practice/server.h"
+#include "protocol/message_catalogue.h"
+#include "protocol/wire_format.h"
+
+namespace korvanta::fuzz {
+namespace {
+
+using namespace std::string_literals;
+using namespace std::string_view_literals;
+
+using Inputs = std::vector<std::string>;
+
+std::string Join(const Inputs& events) {
+  std::string input;
+  for (const std::string& event : events) {
+    input += event + Events::kEnd;
+  }
+  return input;
+}
+
+/// Every request that a client makes behind the login.
+Inputs Requests() {
+  using namespace outbound;
+  Inputs requests = {
+      KeepAlive(),
+      FormAlliance("Marlow"),
+      AttackPlayer("Marlow"),
+      EnterGame(),
+      LookUpStatistics("Admin"),
+      TopicInformation(1),
+      ResearchTopic(2, 1),
+      RequestNews(),
+      RequestTournamentInfo(),
+      RequestTeamList(),
+      JoinTeam("Foxes", "secret"),
+      KickPlayer("Marlow"),
+      DisbandTeam(),
+      SetTournamentGame(),
+      StartTournament("10", "4", "8"),
+      EndTournament(),
+      ResearchTopic(5, 5),
+  };
+  for (const std::string_view line :
+       {"c hello", "/c hello", "help", "who", "tell Marlow good evening", "reply yes", "team now",
+        "me waves", "roll 20", "away", "stats Admin", "news", "time", "announce soon", "start"}) {
+    requests.push_back(ChatLine(line));
+  }
+  requests.push_back(Disconnect());
+  return requests;
+}
+
+/// Keeps what one connection hears, message by message.
+class Ear : public practice::Transport {
+ public:
+  void Send(practice::ConnectionId connection, std::string_view messages) override {
+    if (connection == 1) {
+      for (std::string_view message : Split(messages.substr(0, messages.size() - 1), '\0')) {
+        heard[std::string(message.substr(0, kTagLength))].emplace_back(message);
+      }
+    }
+  }
+  void Close(practice::ConnectionId /*connection*/) override {}
+
+  std::map<std::string, Inputs> heard;  ///< by tag
+};
+
+/// What the practice server says in an evening of all requests.
+std::map<std::string, Inputs> Answers() {
+  Ear ear;
+  practice::Server server(ear, 7);
+  for (practice::ConnectionId player = 1; player <= 2; ++player) {
+    server.Connected(player);
+    server.Received(player, outbound::Login("1.6", player == 1 ? "Admin" : "Marlow", "secret"));
+  }
+  int tenths = 0;
+  for (const std::string& request : Requests()) {
+    for (practice::ConnectionId player = 2; player > 0; --player) {
+      server.Received(player, request);
+    }
+    for (int i = 0; i < 20; ++i) {
+      server.Tick(std::chrono::milliseconds(100 * ++tenths));
+    }
+  }
+  return std::move(ear.heard);
+}
+
+/// Messages of the catalogue that need a game, and some in forms that no server should send.
+Inputs OtherMessages() {
+  const auto with = [](std::string_view tag, std::initializer_list<std::string_view> fields) {
+    std::string message = BuildMessage(tag, fields);
+    message.pop_back();
+    return message;
+  };
+  return {
+      with("[cap]", {"none"}),
+      with("[tim]", {"90"}),
+      with("[sou]", {"3"}),
+      with("[end]", {"30abc"}),
+      with("[upg]", {"1", "2"}),
+      with("[clr]", {}),
+      with("[clt]", {"x"}),
+      with("[poi]", {"2.50"}),
+      with("[att]", {"4", "1"}),
+      with("[tim]", {"1e999"}),
+      with("[upg]", {"3", "5"}),
+      with("[con]", {"A", "90"}),
+      with("[msg]", {"cht", "a"}),
+      with("[msg]", {"cht", "", "True"}),
+      with("[log]", {"[nws][onl]x"}),
+      with("[onl]", {"A", "9", "x", "1\x02\x02 B", "1", "2", "0x1"}),
+      with("[con]", {"Marlow", "32768"}),
+  };
+}
+
+/// What a player does in an evening, window by window; the events are parted at '|'.
+constexpr std::string_view kDoings =
+    "shello|s/who|c\0|c\1/tell|c\2|c\3|c\4\0|W\37|o\0\0|o\0\1|o\1\2|Y\1|b\0\0|b\20\1|"
+    "v\0\20\177|m\7|v\1\40\1|v\2|v\3|T|"
+    "t\0\3Foxes|t\0\5secret|t\3\0|t\2\0|t\3\1|Y\1|t\3\2|Y\1|t\3\3|t\3\4|t\3\5|t\1\1|"
+    "t\1\2|t\4|m\5|u\0Admin|u\1|u\2|m\15|n|m\0|H|m\0|d\5|Y\1|d\3\0|d\4\1|d\6|d\10|m\0"sv;
+
+Inputs ClientInputs() {
+  const Inputs login = {"LMarlow,secret", "A", "B[con]Marlow\00199"};
+  Inputs everything = login;
+  Inputs inputs;
+  const auto add = [&](const std::string& message) {
+    Inputs events = login;
+    events.push_back("B" + message);
+    inputs.push_back(Join(events));
+    everything.push_back(events.back());
+  };
+  for (const auto& [tag, messages] : Answers()) {
+    add(messages.back());
+  }
+  for (const std::string& message : OtherMessages()) {
+    add(message);
+  }
+  Inputs evening = login;
+  evening.push_back("m\x04");
+  evening.insert(evening.end(), everything.begin(), everything.end());
+  for (std::string_view event : Split(kDoings, '|')) {
+    evening.emplace_back(event);
+  }
+  for (char item = 0; item < 15; ++item) {
+    inputs.push_back(Join({login[0], login[1], login[2], std::string("m") + item, "H"}));
+  }
+  inputs.push_back(Join(everything));
+  inputs.push_back(Join(evening));
+  inputs.push_back(Join({"LMarlow,secret", "T", "T", "T", "T", "T", "T", "T", "T", "T", "X", "T"}));
+  inputs.push_back(Join({"K\0\xc9\xc7\xc5\xcb,\xc9;"s, "K\1Ann", "d\3\0"s, "X", "X"}));
+  return inputs;
+}
+
+Inputs PracticeInputs() {
+  Inputs inputs;
+  Inputs everything = {"LMarlow", "LAdmin"};
+  for (std::string request : Requests()) {
+    request.pop_back();
+    const std::string of_first = "M\0"s + request;
+    const std::string of_second = "M\x01" + request;
+    inputs.push_back(Join({"LAdmin", "LMarlow", of_first, of_second, "T\x0a", of_first}));
+    everything.push_back(of_second);
+    everything.push_back(of_first);
+    everything.emplace_back("T\x20");
+  }
+  inputs.push_back(Join(everything));
+  inputs.push_back(Join({"C", "R\0[con]1.6\1Mar"s, "Y\37", "V\1"}));
+  return inputs;
+}
+
+Inputs MessageViewInputs() {
+  const auto of_size = [](char chunk_size, const Inputs& events) {
+    return std::string(1, chunk_size) + Join(events);
+  };
+  const Inputs lines = {
+      "CAster: hello there", "Etwo\r\nlines: a\rb", "K",  "S\x20\x50", "DRen\xe9: at 10:30",
+      "M\x02\x01",           "M\x03\x01",           "Fx", "K",         "Gend"};
+  return {of_size(0, lines), of_size(6, lines), of_size(63, lines),
+          of_size(3, {"Ca\r", "K", "S\x20\x20", "D\nb", "C", "E"})};
+}
+
+Inputs SettingsInputs() {
+  const std::string file =
+      "F\xef\xbb\xbf[Menu]\nScrollLock=True\nforeign=1\n\n[Other]\r\n; note\nkey = v%41\n"
+      "[Client Data]\nTime=1.5\n[Menu]\nSounds=0\n[Logins]\nLast User=Ann\n"
+      "User/Password=%C9%C7,%C5;a,b;;x;%FF%FE,;";
+  return {Join({file, "Anna,secret", "Ren\xe9,p", "\x03\x04Menua]=; b%41 "}), Join({file}),
+          Join({"F", "Anna,", "Bert,pass"}), Join({"F[a]\n[a]\nb=1\nbroken\n\x01\n[", "x"})};
+}
+
+void Write(const std::filesystem::path& folder, const Inputs& inputs) {
+  std::filesystem::create_directories(folder);
+  int number = 0;
+  for (const std::string& input : inputs) {
+    std::ofstream file(folder / ("seed-" + std::to_string(++number)), std::ios::binary);
+    file << input;
+    file.close();
+    Check(file.good(), "a seed can be written");
+  }
+}
+
+}  // namespace
+}  // namespace korvanta::fuzz
+
+int main(int count, char** words) {
+  using namespace korvanta::fuzz;
+  Check(count == 2, "usage: make_seeds FOLDER");
+  const std::filesystem::path folder = words[1];
+  Write(folder / "client", ClientInputs());
+  Write(folder / "message_view", MessageViewInputs());
+  Write(folder / "practice", PracticeInputs());
+  Write(folder / "settings", SettingsInputs());
+}

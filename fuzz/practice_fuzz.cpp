@@ -1,0 +1,226 @@
+/// Fuzz target: the practice server's rules, fed any bytes from several connections while time
+/// passes. What goes out must be whole messages that a client understands.
+#include <algorithm>
+#include <map>
+#include <set>
+#include <vector>
+
+#include "fuzz/input.h"
+#include "practice/server.h"
+#include "protocol/field_reading.h"
+#include "protocol/wire_format.h"
+
+namespace korvanta::fuzz {
+namespace {
+
+using practice::ConnectionId;
+
+enum class Shape { Fields, Records, FreeText };
+
+/// What clients understand. Each field has a letter: 'i' a 16-bit number, 'n' a number, 'b' a
+/// Boolean, 'k' a line kind, 't' text. Of records, each has these fields.
+struct Layout {
+  std::string_view tag;
+  std::string_view fields;
+  Shape shape = Shape::Fields;
+};
+
+constexpr Layout kCatalogue[] = {
+    {"[con]", "ti"},
+    {"[log]", "", Shape::FreeText},
+    {"[cap]", "", Shape::FreeText},
+    {"[tim]", "i"},
+    {"[sou]", "i"},
+    {"[bre]", "ttttttttttttt"},
+    {"[end]", "i"},
+    {"[upg]", "ii"},
+    {"[clr]", "", Shape::FreeText},
+    {"[clt]", "", Shape::FreeText},
+    {"[poi]", "n"},
+    {"[att]", "ii"},
+    {"[msg]", "ktb"},
+    {"[nws]", "", Shape::FreeText},
+    {"[onl]", "tntn", Shape::Records},
+    {"[tif]", "tttt"},
+    {"[ttm]", "t", Shape::Records},
+    {"[tdd]", "", Shape::FreeText},
+};
+
+bool IsKind(std::string_view code) {
+  constexpr std::string_view kKinds[] = {"cht", "ann", "adm", "blk", "tel", "tem", "pln"};
+  return std::ranges::find(kKinds, code) != std::end(kKinds);
+}
+
+void CheckField(char letter, std::string_view field) {
+  switch (letter) {
+    case 'i':
+      ToInt16(ReadNumber(field));
+      break;
+    case 'n':
+      ReadNumber(field);
+      break;
+    case 'b':
+      ReadBoolean(field);
+      break;
+    case 'k':
+      Check(IsKind(field), "a line has a known kind");
+      break;
+    default:
+      break;
+  }
+}
+
+void CheckFields(std::string_view letters, std::string_view payload) {
+  const Split fields(payload, kFieldSeparator);
+  std::size_t count = 0;
+  for (std::string_view field : fields) {
+    Check(count < letters.size(), "a message has no fields beyond its own");
+    CheckField(letters[count++], field);
+  }
+  Check(count == letters.size(), "a message has all its fields");
+}
+
+void CheckMessage(std::string_view message) {
+  const auto layout = std::ranges::find_if(
+      kCatalogue, [&](const Layout& known) { return message.starts_with(known.tag); });
+  Check(layout != std::end(kCatalogue), "only messages of the catalogue go out");
+  const std::string_view payload = message.substr(layout->tag.size());
+  // A client tests a payload for the tags that come later, too.
+  Check(std::none_of(layout + 1, std::end(kCatalogue),
+                     [&](const Layout& later) { return payload.starts_with(later.tag); }),
+        "no message goes out that a client takes for two");
+  switch (layout->shape) {
+    case Shape::Fields:
+      return CheckFields(layout->fields, payload);
+    case Shape::Records:
+      for (std::string_view record : Split(payload, kRecordSeparator)) {
+        CheckFields(layout->fields, record);
+      }
+      return;
+    case Shape::FreeText:
+      Check(payload.find(kRecordSeparator) == std::string_view::npos, "free text is text");
+      return;
+  }
+}
+
+/// Checks what is sent and remembers who heard something.
+class CheckingTransport : public practice::Transport {
+ public:
+  void Send(ConnectionId connection, std::string_view messages) override {
+    Check(open.contains(connection), "nothing is sent where nobody is");
+    Check(messages.ends_with(kMessageTerminator), "messages are whole");
+    messages.remove_suffix(1);
+    for (std::size_t at = 0; at <= messages.size();) {
+      const std::size_t end = std::min(messages.find(kMessageTerminator, at), messages.size());
+      CheckMessage(messages.substr(at, end - at));
+      if (messages.substr(at).starts_with("[con]")) {
+        logged_in.insert(connection);
+      }
+      at = end + 1;
+    }
+    heard.insert(connection);
+  }
+
+  void Close(ConnectionId connection) override {
+    Check(open.erase(connection) == 1, "a connection is closed once");
+    logged_in.erase(connection);
+    heard.insert(connection);
+  }
+
+  std::set<ConnectionId> open;
+  std::set<ConnectionId> logged_in;
+  std::set<ConnectionId> heard;
+};
+
+class Evening {
+ public:
+  void Act(Event event) {
+    switch (event.letter) {
+      case 'C':
+        return Connect();
+      case 'L':
+        return LogIn(event);
+      case 'R':
+        return Receive(Any(event), std::string(event.text));
+      case 'T':
+        return Pass(std::chrono::milliseconds(100 * event.TakeNumber()));
+      case 'Y':
+        return Pass(std::chrono::seconds(event.TakeNumber()));
+      case 'V':
+        return Vanish(Any(event));
+      default: {
+        const ConnectionId connection = Any(event);
+        return Receive(connection, std::string(event.text) + kMessageTerminator);
+      }
+    }
+  }
+
+ private:
+  void Connect() {
+    transport_.open.insert(++last_);
+    server_.Connected(last_);
+  }
+
+  void LogIn(Event event) {
+    Connect();
+    Receive(last_, BuildMessage("[con]", {"1.6", event.text, "secret"}));
+  }
+
+  /// One of those that are open; 0 when none is.
+  ConnectionId Any(Event& event) const {
+    const std::size_t number = event.TakeNumber();
+    if (transport_.open.empty()) {
+      return 0;
+    }
+    const auto steps = number % transport_.open.size();
+    return *std::next(transport_.open.begin(), static_cast<std::ptrdiff_t>(steps));
+  }
+
+  void Receive(ConnectionId connection, const std::string& bytes) {
+    if (!transport_.open.contains(connection) || bytes.empty()) {
+      return;
+    }
+    const bool is_one_message =
+        !cut_.contains(connection) && bytes.find(kMessageTerminator) + 1 == bytes.size();
+    const bool is_answered =
+        is_one_message && transport_.logged_in.contains(connection) && !bytes.starts_with("[p]");
+    transport_.heard.clear();
+    server_.Received(connection, bytes);
+    Check(!is_answered || transport_.heard.contains(connection), "every request is answered");
+    if (bytes.back() == kMessageTerminator) {
+      cut_.erase(connection);
+    } else {
+      cut_.insert(connection);
+    }
+  }
+
+  void Vanish(ConnectionId connection) {
+    if (transport_.open.erase(connection) == 1) {
+      transport_.logged_in.erase(connection);
+      server_.Vanished(connection);
+    }
+  }
+
+  void Pass(std::chrono::milliseconds time) {
+    now_ += time;
+    server_.Tick(now_);
+  }
+
+  CheckingTransport transport_;
+  practice::Server server_{transport_, 7};
+  ConnectionId last_ = 0;
+  std::chrono::milliseconds now_{0};
+  std::set<ConnectionId> cut_;  ///< their last message is not whole yet
+};
+
+}  // namespace
+}  // namespace korvanta::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace korvanta::fuzz;
+  Evening evening;
+  for (Events events(AsText(data, size)); !events.AtEnd();) {
+    evening.Act(events.Next());
+  }
+  return 0;
+}
