@@ -124,7 +124,7 @@ Inputs OtherMessages() {
 
 /// What a player does in an evening, window by window; the events are parted at '|'.
 constexpr std::string_view kDoings =
-    "shello|s/who|c\0|c\1/tell|c\2|c\3|c\4\0|W\37|o\0\0|o\0\1|o\1\2|Y\1|b\0\0|b\20\1|"
+    "shello|s/who|c\0|c\1/tell|c\2|c\3|c\4\0|W\37|o\0\0|o\0\1|o\1\2|Y\1|B[onl]A|b\0\0|b\20\1|"
     "v\0\20\177|m\7|v\1\40\1|v\2|v\3|T|"
     "t\0\3Foxes|t\0\5secret|t\3\0|t\2\0|t\3\1|Y\1|t\3\2|Y\1|t\3\3|t\3\4|t\3\5|t\1\1|"
     "t\1\2|t\4|m\5|u\0Admin|u\1|u\2|m\15|n|m\0|H|m\0|d\5|Y\1|d\3\0|d\4\1|d\6|d\10|m\0"sv;
@@ -195,7 +195,8 @@ Inputs SettingsInputs() {
       "[Client Data]\nTime=1.5\n[Menu]\nSounds=0\n[Logins]\nLast User=Ann\n"
       "User/Password=%C9%C7,%C5;a,b;;x;%FF%FE,;";
   return {Join({file, "Anna,secret", "Ren\xe9,p", "\x03\x04Menua]=; b%41 "}), Join({file}),
-          Join({"F", "Anna,", "Bert,pass"}), Join({"F[a]\n[a]\nb=1\nbroken\n\x01\n[", "x"})};
+          Join({"F", "Anna,", "Bert,pass", "F\x1c,\x1d\x1c"}),
+          Join({"F[a]\n[a]\nb=1\nbroken\n\x01\n[", "x"})};
 }
 
 void Write(const std::filesystem::path& folder, const Inputs& inputs) {

@@ -171,6 +171,7 @@ void WatchedClient::Receive(std::string_view block) {
     Check(Players() == before, "the online list changes with its own message alone");
   } else if (const auto payload = OnlyPayload(block, "[onl]")) {
     CheckPlayers(*payload);
+    Check(!client_.online_list.selected(), "a new list has nobody selected");
   }
   CheckTeams(block);
 }
@@ -350,6 +351,7 @@ void WatchedClient::CheckTeams(std::string_view block) {
       ++position;
     }
     Check(state.lstTeams == expected, "the team list is what its message says");
+    Check(!state.selected_team, "a new list has no team selected");
   } else if (const auto names = OnlyPayload(block, "[tdd]")) {
     std::vector<std::string> expected = Pieces(*names, kFieldSeparator);
     std::erase(expected, "");
