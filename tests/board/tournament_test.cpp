@@ -88,10 +88,11 @@ TEST_F(TournamentTest, FiguresAreShownUpToTheFirstMissingOne) {
       {"a\001b\001c", true, "a|b|c|"},
       {"\001\001\001", false, "|||"},
   };
+  int changes = 0;
+  tournament.on_changed = [&] { ++changes; };
   for (const auto& [payload, broken, shown] : cases) {
     tournament.ShowTournamentInfo("old\001old\001old\001old");
-    int changes = 0;
-    tournament.on_changed = [&] { ++changes; };
+    changes = 0;
     if (broken) {
       EXPECT_THROW(tournament.ShowTournamentInfo(payload), MessageError) << payload;
     } else {
