@@ -20,6 +20,7 @@ Activity ActivityOf(qint64 pid) {
   const QDir threads(QString("/proc/%1/task").arg(pid));
   Activity activity;
   for (const QString& thread : threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+    ++activity.threads;
     activity.wakeups +=
         NumberIn(SystemFile(pid, "task/" + thread + "/status"), "voluntary_ctxt_switches");
     const QByteArray schedule = SystemFile(pid, "task/" + thread + "/schedstat");

@@ -11,6 +11,7 @@ QByteArray SystemFile(qint64 pid, const QString& name);
 
 /// Of all threads that live, since they began.
 struct Activity {
+  int threads = 0;
   double wakeups = 0;      ///< a thread went on after it had waited
   double cpu_seconds = 0;  ///< to the nanosecond
 };

@@ -10,6 +10,8 @@ namespace korvanta::bench {
 namespace {
 
 constexpr std::chrono::seconds kSettling{3};
+/// The toolkit ends helper threads of the start when they have had nothing to do for 30 seconds.
+constexpr std::chrono::seconds kThreadsEnded{35};
 
 double ProportionalShareInMegabytes(qint64 pid) {
   return NumberIn(SystemFile(pid, "smaps_rollup"), "Pss") / 1024;
@@ -18,13 +20,17 @@ double ProportionalShareInMegabytes(qint64 pid) {
 /// Logged in, its window in front, the caret in the chat line, no clock running.
 void Idle(benchmark::State& state) {
   const LoggedInClient client;
-  std::this_thread::sleep_for(kSettling);
+  std::this_thread::sleep_for(kThreadsEnded);
   Activity activity;
   for (auto _ : state) {
     const Activity before = ActivityOf(client.pid());
     std::this_thread::sleep_for(std::chrono::seconds(state.range(0)));
     const Activity after = ActivityOf(client.pid());
-    activity = {after.wakeups - before.wakeups, after.cpu_seconds - before.cpu_seconds};
+    if (after.threads != before.threads) {
+      state.SkipWithError("a thread came or went");
+    }
+    activity = {after.threads, after.wakeups - before.wakeups,
+                after.cpu_seconds - before.cpu_seconds};
   }
   state.counters["wakeups"] = activity.wakeups;
   state.counters["cpu_percent"] = 100 * activity.cpu_seconds / static_cast<double>(state.range(0));
