@@ -22,8 +22,8 @@ ScriptedServer::ScriptedServer() : address_(UniqueLoopbackAddress()) {
   });
 }
 
-void ScriptedServer::WaitForClient() {
-  WaitUntil("a client connects to the server", [this] { return clients_ > 0; });
+void ScriptedServer::WaitForClient(int known) {
+  WaitUntil("a client connects to the server", [=, this] { return clients_ > known; });
 }
 
 void ScriptedServer::Expect(const QByteArray& bytes) {

@@ -20,8 +20,8 @@ class ScriptedServer {
   const QString& address() const { return address_; }
   /// How many clients came so far.
   int clients() const { return clients_; }
-  /// Waits for the first client.
-  void WaitForClient();
+  /// Waits for a client behind the first `known`.
+  void WaitForClient(int known = 0);
 
   /// Takes exactly `bytes` from the front of what the client sent. HarnessError at the first byte
   /// that differs, and when too few come.
