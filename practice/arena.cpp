@@ -13,6 +13,10 @@ namespace {
 using std::chrono::milliseconds;
 
 constexpr std::size_t kFewestContenders = 2;
+/// A win without opponents counts when they have played at least this long.
+constexpr int kFewestTicks = 5;
+/// Names that one line shows.
+constexpr std::size_t kMostNames = 12;
 
 // Points of Total Score.
 constexpr int kScoreForWin = 300;
@@ -27,9 +31,13 @@ template <typename People>
 std::string Names(const People& people) {
   std::string names;
   std::size_t left = people.size();
+  std::size_t named = 0;
   for (const auto* one : people) {
     --left;
     names += one->name();
+    if (++named == kMostNames && left > 1) {
+      return names + " and " + std::to_string(left) + " more";
+    }
     names += left == 0 ? "" : left == 1 ? " and " : ", ";
   }
   return names;
@@ -85,23 +93,29 @@ void Arena::Enter(Player& player) {
   }
   player.is_away = false;
   players_.ListChanges();
-  if (phase_ == Phase::Playing && !is_for_teams_ && game_->IsOpen()) {
+  const auto lost = std::find_if(lost_.begin(), lost_.end(), [&](const Contender& contender) {
+    return contender.account == player.account;
+  });
+  const bool may_return = phase_ == Phase::Playing && lost != lost_.end();
+  if (may_return || (phase_ == Phase::Playing && !is_for_teams_ && game_->IsOpen() &&
+                     !IsMeantForNextGame(player))) {
     player.is_ready = true;
-    Comment(player.name() + " enters the game");
+    Comment(player.name() + (may_return ? " is back in the game" : " enters the game"));
     const Contender& contender = TakeSeat(player, {});
-    players_.Answer(player, "You enter the game that is on, with " +
+    players_.Answer(player, std::string("You enter the game that is on, with ") +
                                 Plural(static_cast<std::size_t>(contender.points), "point") +
-                                " to catch up.");
+                                (may_return ? "." : " to catch up."));
     return;
   }
   const bool was_ready = std::exchange(player.is_ready, true);
+  const bool was_waiting = !due_;
+  GatherIfEnough();
   players_.Answer(player, std::string(was_ready ? "You are ready for the next game already"
                                                 : "You are ready for the next game") +
                               (phase_ == Phase::Playing ? "; one is being played."
                                : due_                   ? ", which begins in " + TimeLeft() + "."
                                       : "; it begins when another player is ready."));
-  GatherIfEnough();
-  if (phase_ == Phase::Gathering && due_) {
+  if (phase_ == Phase::Gathering && !was_waiting) {
     players_.Send(player, Clock());
   }
 }
@@ -118,8 +132,10 @@ void Arena::Leave(Player& player) {
     return;
   }
   player.is_ready = false;
-  players_.Send(player, messages::ClearBoard());
+  left_.insert(player.account);
   RemoveFromGame(*Seat(player), "leaves the game");
+  players_.Answer(player, "You have left the game.");
+  players_.Send(player, messages::ClearBoard());
 }
 
 void Arena::Forget(const Account& account) {
@@ -127,6 +143,7 @@ void Arena::Forget(const Account& account) {
     return;
   }
   if (const Contender* contender = game_->Find(account)) {
+    lost_.push_back(*contender);
     RemoveFromGame(*contender, "is gone from the game");
   }
 }
@@ -138,11 +155,10 @@ void Arena::Research(Player& player, std::string_view topic_code, std::string_vi
   }
   const auto topic = ReadTopic(topic_code);
   const auto level = NumberWithin(level_text, 1, kGoldenLevel);
-  if (!topic || !level || (*topic != Topic::GoldenKnowledge && *level > kTopLevel)) {
+  if (!topic || !level || (*topic == Topic::GoldenKnowledge) != (*level == kGoldenLevel)) {
     players_.Refuse(player, "There is no such topic or level.");
     return;
   }
-  const bool was_near = self->IsNearWinning();
   const Game::Research research = game_->DoResearch(*self, *topic, *level);
   if (!research.refusal.empty()) {
     players_.Refuse(player, research.refusal);
@@ -155,9 +171,11 @@ void Arena::Research(Player& player, std::string_view topic_code, std::string_vi
   }
   Tell(*self, messages::Researched(Code(*topic), research.level) +
                   messages::ResearchPoints(self->points) + messages::PlaySound(Sound::Research));
-  if (!was_near && self->IsNearWinning()) {
+  if (self->IsNearWinning()) {
     players_.ListChanges();
-    players_.AnnounceToAll(player.name() + " needs only the Golden Knowledge now!");
+    if (!std::exchange(self->has_been_near_winning, true)) {
+      players_.AnnounceToAll(player.name() + " needs only the Golden Knowledge now!");
+    }
   }
 }
 
@@ -266,18 +284,18 @@ void Arena::Hurry(Player& player) {
     players_.Refuse(player, "A game is being played.");
     return;
   }
+  if (!EnoughAreReady()) {
+    players_.Refuse(player, "A game takes two players who are ready.");
+    return;
+  }
   if (phase_ == Phase::Resting) {
     Clear();
   }
-  if (due_) {
-    Begin();
-  } else {
-    players_.Refuse(player, "A game takes two players who are ready.");
-  }
+  Begin();
 }
 
 const Contender* Arena::ContenderOf(const Player& player) const {
-  return phase_ == Phase::Playing ? game_->Find(*player.account) : nullptr;
+  return const_cast<Arena*>(this)->Seat(player);
 }
 
 Contender* Arena::Seat(const Player& player) {
@@ -311,15 +329,21 @@ Contender* Arena::Opponent(Player& player, const Contender& self, std::string_vi
   return opponent;
 }
 
-/// A gathering starts its clock when there are enough for a game.
-void Arena::GatherIfEnough() {
-  if (phase_ != Phase::Gathering || due_) {
-    return;
-  }
-  const auto& all = players_.all();
+bool Arena::IsMeantForNextGame(const Player& player) const {
+  return left_.contains(player.account) ||
+         (tournament_.is_game_set && tournament_.teams.TeamOf(player.name()) != nullptr);
+}
+
+bool Arena::EnoughAreReady() const {
+  const auto& all = std::as_const(players_).all();
   const auto ready = std::count_if(all.begin(), all.end(),
                                    [](const auto& entry) { return entry.second.is_ready; });
-  if (static_cast<std::size_t>(ready) >= kFewestContenders) {
+  return static_cast<std::size_t>(ready) >= kFewestContenders;
+}
+
+/// A gathering starts its clock when there are enough for a game.
+void Arena::GatherIfEnough() {
+  if (phase_ == Phase::Gathering && !due_ && EnoughAreReady()) {
     due_ = now_ + kGathering;
     players_.SendToAll(Clock());
   }
@@ -331,9 +355,11 @@ void Arena::Begin() {
   is_for_teams_ = tournament_.is_game_set;
   const auto gather = [&] {
     entrants.clear();
+    teams.clear();
     for (auto& [key, player] : players_.all()) {
       const Team* team = tournament_.teams.TeamOf(player.name());
-      if (player.is_ready && (!is_for_teams_ || team != nullptr)) {
+      const bool can_pay = player.account->figures.score >= tournament_.entry_fee;
+      if (player.is_ready && (!is_for_teams_ || (team != nullptr && can_pay))) {
         entrants.push_back(&player);
         teams.insert(team);
       }
@@ -354,31 +380,58 @@ void Arena::Begin() {
   }
   phase_ = Phase::Playing;
   game_.emplace(dice_);
+  left_.clear();
+  lost_.clear();
   due_ = now_ + kTick;
   ++games_;
   purse_ = 0;
   tournament_.is_game_set &= !is_for_teams_;
   const std::string title = (is_for_teams_ ? "Tournament game " : "Game ") + std::to_string(games_);
   const std::string names = Names(entrants);
-  players_.AnnounceToAll(title + " begins: " + names + ". Research, attack, ally!");
+  players_.AnnounceToAll(
+      title + " begins: " + names +
+      (is_for_teams_ ? ". Your team wins together!" : ". Research, attack, ally!"));
   journal_(title + " begins: " + names);
   for (Player* player : entrants) {
     std::string team;
     if (is_for_teams_) {
       team = tournament_.teams.TeamOf(player->name())->name;
       std::int64_t& score = player->account->figures.score;
-      const std::int64_t fee = std::min<std::int64_t>(tournament_.entry_fee, score);
-      score -= fee;
-      purse_ += fee;
+      score -= tournament_.entry_fee;
+      purse_ += tournament_.entry_fee;
     }
     TakeSeat(*player, team);
+  }
+  if (is_for_teams_) {
+    for (auto& [key, player] : players_.all()) {
+      if (player.is_ready && Seat(player) == nullptr) {
+        player.is_ready = false;
+        players_.Refuse(player,
+                        "The game that begins is for members of teams who can pay the "
+                        "entry fee.");
+      }
+    }
   }
   players_.ListChanges();
 }
 
+/// A new one, or the one that the player has been lost from.
 const Contender& Arena::TakeSeat(Player& player, std::string_view team) {
-  const Contender& contender = game_->Enter(*player.account, team);
-  players_.Send(player, Clock() + messages::ResearchPoints(contender.points) +
+  const auto lost = std::find_if(lost_.begin(), lost_.end(), [&](const Contender& contender) {
+    return contender.account == player.account;
+  });
+  const bool is_back = lost != lost_.end();
+  const Contender& contender = is_back ? game_->Return(*lost) : game_->Enter(*player.account, team);
+  std::string board;
+  for (Topic topic : kTopicsWithLevels) {
+    if (const int level = contender.LevelOf(topic); level > 0) {
+      board += messages::Researched(Code(topic), level);
+    }
+  }
+  if (is_back) {
+    lost_.erase(lost);
+  }
+  players_.Send(player, Clock() + board + messages::ResearchPoints(contender.points) +
                             messages::PlaySound(Sound::GameStart));
   return contender;
 }
@@ -399,7 +452,12 @@ void Arena::Tick() {
 void Arena::End(const std::vector<Contender*>& winners, const Contender* finder) {
   const std::string names = Names(winners);
   for (Contender* winner : winners) {
+    Tell(*winner, messages::PlaySound(Sound::Win));
     Figures& figures = winner->account->figures;
+    figures.score += purse_ / static_cast<std::int64_t>(winners.size());
+    if (finder == nullptr && game_->ticks() < kFewestTicks) {
+      continue;
+    }
     const bool alone = winners.size() == 1;
     if (alone || winner == finder) {
       ++figures.wins;
@@ -408,8 +466,6 @@ void Arena::End(const std::vector<Contender*>& winners, const Contender* finder)
       ++figures.alliance_wins;
     }
     figures.score += alone || winner == finder ? kScoreForWin : kScoreForAllianceWin;
-    figures.score += purse_ / static_cast<std::int64_t>(winners.size());
-    Tell(*winner, messages::PlaySound(Sound::Win));
   }
   if (finder != nullptr) {
     players_.AnnounceToAll(finder->name() + " has researched the Golden Knowledge!");
@@ -427,7 +483,7 @@ void Arena::End(const std::vector<Contender*>& winners, const Contender* finder)
   for (const Contender& contender : game_->contenders()) {
     Tell(contender, messages::Pause(SecondsLeft()));
     if (Player* player = players_.Find(contender.name())) {
-      player->is_ready = false;
+      player->is_ready = tournament_.is_game_set && IsMeantForNextGame(*player);
     }
   }
   players_.ListChanges();
@@ -439,7 +495,11 @@ void Arena::Clear() {
   game_.reset();
   players_.SendToAll(is_for_teams_ ? messages::ClearTournamentBoard() : messages::ClearBoard());
   GatherIfEnough();
-  players_.AnnounceToAll("The next game is open: choose \"Enter Game\" (Ctrl+E) to take part.");
+  players_.AnnounceToAll(tournament_.is_game_set
+                             ? "The next game is the tournament game. Members of teams, choose "
+                               "\"Enter Game\" (Ctrl+E)!"
+                             : "The next game is open: choose \"Enter Game\" (Ctrl+E) to take "
+                               "part.");
 }
 
 void Arena::RemoveFromGame(const Contender& contender, std::string_view what_it_did) {
@@ -467,15 +527,21 @@ void Arena::Tell(const Contender& contender, std::string_view messages) {
   }
 }
 
-std::int64_t Arena::SecondsLeft() const {
-  const double seconds = std::chrono::duration<double>(*due_ - now_).count() / pace_;
+/// Game time in real time; at least 1.
+std::int64_t Arena::Seconds(milliseconds time) const {
+  const double seconds = std::chrono::duration<double>(time).count() / pace_;
   return std::max<std::int64_t>(1, static_cast<std::int64_t>(std::ceil(seconds)));
 }
 
+std::int64_t Arena::SecondsLeft() const { return Seconds(*due_ - now_); }
+
 std::string Arena::Clock() const { return messages::Clock(SecondsLeft()); }
 
+/// Until the next tick, or until the next game at the earliest.
 std::string Arena::TimeLeft() const {
-  return Plural(static_cast<std::size_t>(SecondsLeft()), "second");
+  const auto seconds =
+      phase_ == Phase::Resting ? Seconds(*due_ - now_ + kGathering) : SecondsLeft();
+  return Plural(static_cast<std::size_t>(seconds), "second");
 }
 
 std::string Arena::Points(const Contender& contender) const {

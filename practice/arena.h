@@ -5,8 +5,10 @@
 #include <chrono>
 #include <cstdint>
 #include <functional>
+#include <list>
 #include <optional>
 #include <random>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -68,7 +70,9 @@ class Arena {
   Contender* Opponent(Player& player, const Contender& self, std::string_view name);
   const Contender& TakeSeat(Player& player, std::string_view team);
   void RemoveFromGame(const Contender& contender, std::string_view what_it_did);
+  bool IsMeantForNextGame(const Player& player) const;
 
+  bool EnoughAreReady() const;
   void GatherIfEnough();
   void Begin();
   void Tick();
@@ -78,7 +82,8 @@ class Arena {
   void Tell(const Contender& contender, std::string_view messages);
   /// A line to everyone in the game about what happens in it.
   void Comment(std::string_view words);
-  std::int64_t SecondsLeft() const;  // in real time; at least 1
+  std::int64_t Seconds(std::chrono::milliseconds time) const;
+  std::int64_t SecondsLeft() const;
   std::string TimeLeft() const;
   std::string Clock() const;
   std::string Points(const Contender& contender) const;
@@ -90,6 +95,8 @@ class Arena {
   Journal journal_;
   Phase phase_ = Phase::Gathering;
   std::optional<Game> game_;
+  std::set<const Account*> left_;  // of their own will, so that they stay out of this game
+  std::list<Contender> lost_;      // may come back to their seats
   bool is_for_teams_ = false;
   std::int64_t purse_ = 0;
   int games_ = 0;

@@ -40,7 +40,7 @@ constexpr std::array<TopicText, 5> kTopicTexts = {{
     {"Industry", "Each level brings one more research point with every tick."},
     {"Population", "Each level makes all research a tenth cheaper."},
     {"Defense", "Each level blocks more of the attacks on you."},
-    {"Golden Knowledge", "It wins the game, and takes two other topics at level 4."},
+    {"Golden Knowledge", "It wins the game, and takes two topics at level 4."},
 }};
 
 const TopicText& TextOf(Topic topic) { return kTopicTexts.at(static_cast<std::size_t>(topic) - 1); }
@@ -98,6 +98,13 @@ void Game::Leave(const Contender& contender) {
     }
   }
   contenders_.remove_if([&](const Contender& other) { return &other == &contender; });
+}
+
+Contender& Game::Return(const Contender& contender) {
+  Contender& back = contenders_.emplace_back(contender);
+  back.ally = nullptr;
+  back.proposed_to = nullptr;
+  return back;
 }
 
 Contender* Game::Find(const Account& account) {
@@ -162,8 +169,8 @@ Game::Research Game::DoResearch(Contender& contender, Topic topic, int level) {
   }
   const int cost = Cost(contender, topic);
   const bool wins = topic == Topic::GoldenKnowledge;
-  if (std::string why =
-          Shortage(contender, wins ? name : name + " level " + std::to_string(level), cost);
+  if (std::string why = Shortage(
+          contender, wins ? "The " + name : name + " level " + std::to_string(level), cost);
       !why.empty()) {
     return {why + " You get " + std::to_string(Income(contender)) + " with each tick."};
   }

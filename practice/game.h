@@ -40,6 +40,7 @@ struct Contender {
   const Contender* proposed_to = nullptr;  ///< who has been asked for an alliance last
   bool has_attacked = false;               ///< since the last tick
   bool was_set_back = false;               ///< since the last tick
+  bool has_been_near_winning = false;
 
   const std::string& name() const { return account->name; }
   /// The topic must have levels.
@@ -62,6 +63,8 @@ class Game {
   /// contender stays where it is until it leaves.
   Contender& Enter(Account& account, std::string_view team = {});
   void Leave(const Contender& contender);
+  /// A contender that has left is back with what it had, but for its ally.
+  Contender& Return(const Contender& contender);
 
   /// Null when the account takes no part.
   Contender* Find(const Account& account);

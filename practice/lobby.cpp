@@ -13,7 +13,8 @@ using std::chrono::milliseconds;
 
 /// From one online list to the next, at least.
 constexpr milliseconds kOnlineListPause{100};
-constexpr milliseconds kOnlineListPausePerPlayer{1};
+/// For each thousand entries that it costs to tell everyone.
+constexpr milliseconds kOnlineListPausePerThousand{1};
 
 }  // namespace
 
@@ -72,6 +73,9 @@ Player& Lobby::Enter(ConnectionId connection, Account& account) {
   players_.Send(player, messages::LoginAccepted(account.name, account.user_id));
   players_.SendToAll(messages::Notice(account.name + " logged in"), &player);
   Welcome(player);
+  if (!player.IsSimulated() && now_ < online_list_due_) {
+    players_.Send(player, OnlineListMessage());
+  }
   return player;
 }
 
@@ -102,16 +106,22 @@ void Lobby::SendOnlineListIfDue() {
   if (!list_is_old_ || now_ < online_list_due_) {
     return;
   }
-  const auto& all = players_.all();
+  players_.SendToAll(OnlineListMessage());
+  list_is_old_ = false;
+  online_list_due_ =
+      now_ + kOnlineListPause +
+      kOnlineListPausePerThousand * (players_.all().size() * players_.people()) / 1000;
+}
+
+std::string Lobby::OnlineListMessage() const {
+  const auto& all = std::as_const(players_).all();
   std::vector<OnlineEntry> entries;
   entries.reserve(all.size());
   for (const auto& [key, player] : all) {
     entries.push_back(
         {player.name(), ColourOf(player), PlayerLevel(player.account->figures), player.is_ready});
   }
-  players_.SendToAll(messages::OnlineList(entries));
-  list_is_old_ = false;
-  online_list_due_ = now_ + kOnlineListPause + all.size() * kOnlineListPausePerPlayer;
+  return messages::OnlineList(entries);
 }
 
 void Lobby::Welcome(const Player& player) {

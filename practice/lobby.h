@@ -97,6 +97,7 @@ class Lobby {
   void Welcome(const Player& player);
   bool MayManage(Player& player);
   void TeamsChanged(Player& by);
+  std::string OnlineListMessage() const;
   NameColour ColourOf(const Player& player) const;
 
   /// Null, and told to the asker, when there is none.

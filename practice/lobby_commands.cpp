@@ -220,12 +220,16 @@ void Lobby::Roll(Player& player, std::string_view arguments) {
 
 void Lobby::Away(Player& player) {
   player.is_away = !player.is_away;
-  if (player.is_away && arena_.ContenderOf(player) == nullptr) {
+  const bool plays = arena_.ContenderOf(player) != nullptr;
+  const bool steps_back = player.is_away && player.is_ready && !plays;
+  if (steps_back) {
     player.is_ready = false;
   }
   players_.ListChanges();
-  players_.Answer(player, player.is_away ? "You are away. Type /away again when you are back."
-                                         : "You are back.");
+  players_.Answer(player, steps_back       ? "You are away, and out of the next game. Type /away "
+                                             "again when you are back."
+                          : player.is_away ? "You are away. Type /away again when you are back."
+                                           : "You are back.");
 }
 
 void Lobby::ShowFigures(Player& player, std::string_view arguments) {

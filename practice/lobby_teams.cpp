@@ -60,6 +60,12 @@ void Lobby::StartTournament(Player& player, const Fields& fields) {
     players_.Refuse(player, "There is a tournament already; end it first.");
     return;
   }
+  const TournamentFigures figures = tournament_.Figures();
+  if (figures.teams > static_cast<std::size_t>(*teams) ||
+      figures.players > static_cast<std::size_t>(*members)) {
+    players_.Refuse(player, "There are more teams or players in teams already.");
+    return;
+  }
   tournament_.is_open = true;
   tournament_.entry_fee = *fee;
   tournament_.max_teams = *teams;
@@ -83,7 +89,7 @@ void Lobby::SetTournamentGame(Player& player) {
   } else {
     players_.AnnounceToAll(
         "The next game is the tournament game: members of teams alone take "
-        "part. Choose \"Enter Game\" (Ctrl+E) if you are one.");
+        "part.");
   }
 }
 

@@ -19,7 +19,7 @@ constexpr auto kFarewellTime = 2s;
 constexpr qint64 kLowBacklog = qint64{64} * 1024;
 constexpr int kListenBacklog = 1024;
 /// Bytes taken from one connection at a time, so that no client keeps the others waiting.
-constexpr qint64 kReadBuffer = qint64{256} * 1024;
+constexpr qint64 kReadBuffer = qint64{8} * 1024;
 
 /// Ends the connection by a reset instead of an end of stream.
 void Abort(QTcpSocket& socket) {
@@ -86,6 +86,9 @@ void NetworkServer::Send(ConnectionId id, std::string_view messages) {
   }
   if (found->second.outbox.isEmpty()) {
     unflushed_.push_back(id);
+  }
+  if (found->second.socket->bytesToWrite() + found->second.outbox.size() > kMaxBacklog) {
+    return;  // is cut off when the event is over
   }
   found->second.outbox.append(messages.data(), static_cast<qsizetype>(messages.size()));
 }

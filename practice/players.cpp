@@ -7,12 +7,17 @@ namespace korvanta::practice {
 
 Player& Players::Add(ConnectionId connection, Account& account, std::chrono::milliseconds now) {
   ListChanges();
-  return players_.try_emplace(NameKey(account.name), Player{connection, &account, now})
-      .first->second;
+  Player& player =
+      players_.try_emplace(NameKey(account.name), Player{connection, &account, now}).first->second;
+  if (!player.IsSimulated()) {
+    people_.emplace(connection, &player);
+  }
+  return player;
 }
 
 void Players::Remove(const Player& player) {
   ListChanges();
+  people_.erase(player.connection);
   players_.erase(players_.find(NameKey(player.name())));
 }
 
@@ -28,9 +33,9 @@ void Players::Send(const Player& player, std::string_view messages) {
 }
 
 void Players::SendToAll(std::string_view messages, const Player* but) {
-  for (const auto& [key, player] : players_) {
-    if (&player != but) {
-      Send(player, messages);
+  for (const auto& [connection, player] : people_) {
+    if (player != but) {
+      transport_.Send(connection, messages);
     }
   }
 }

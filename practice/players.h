@@ -40,6 +40,9 @@ class Players {
   const std::map<std::string, Player>& all() const { return players_; }
   std::map<std::string, Player>& all() { return players_; }
 
+  /// Those who are not simulated.
+  std::size_t people() const { return people_.size(); }
+
   /// Whole messages.
   void Send(const Player& player, std::string_view messages);
   void SendToAll(std::string_view messages, const Player* but = nullptr);
@@ -60,6 +63,7 @@ class Players {
  private:
   Transport& transport_;
   std::map<std::string, Player> players_;
+  std::map<ConnectionId, const Player*> people_;  // those who can be reached
   bool list_changed_ = false;
 };
 

@@ -36,7 +36,7 @@ Server::Server(Transport& transport, const ServerOptions& options,
       arena_(players_, tournament_, dice_, options.pace,
              [this](std::string_view line) { Write(line); }),
       lobby_(players_, tournament_, arena_, accounts_, dice_),
-      simulation_(accounts_, players_, lobby_, arena_, tournament_, options.seed, options.players),
+      simulation_(accounts_, players_, lobby_, arena_, tournament_, ~options.seed, options.players),
       pace_(options.pace) {
   lobby_.ListenWith([this](const Player& speaker, const Player* listener, std::string_view words) {
     simulation_.Hear(speaker, listener, words);

@@ -74,9 +74,9 @@ constexpr auto kEnding = std::to_array<std::string_view>({
     "good game",
     "well played!",
     "gg",
-    "so close...",
-    "one more tick and it was mine",
-    "next one is mine",
+    "what a finish",
+    "who is in for the next one?",
+    "that went fast",
     "congratulations",
     "again?",
 });

@@ -29,6 +29,8 @@ constexpr int kLeastOnline = 70;
 /// How often, in percent, someone who is about to win is attacked by whoever can at each move.
 constexpr int kAlarm = 30;
 constexpr int kComplains = 8;
+/// Lines that nobody says again for a while.
+constexpr std::size_t kRemembered = 20;
 constexpr int kOpeningTicks = 5;
 
 std::int64_t Progress(const Contender& contender) {
@@ -77,7 +79,7 @@ void Simulation::Step(milliseconds now) {
   if (is_due(next_coming_, 20s, 60s)) {
     ComeOrGo();
   }
-  if (is_due(next_talk_, 6s, 16s)) {
+  if (is_due(next_talk_, 8s, 20s)) {
     Talk();
   }
   if (is_due(next_team_, 3s, 8s)) {
@@ -96,12 +98,12 @@ void Simulation::Hear(const Player& speaker, const Player* listener, std::string
     return;
   }
   const auto answer = [&](const Character& character, Occasion occasion, const std::string& start) {
-    const auto lines = LinesFor(occasion);
-    std::string line(lines[Below(lines.size())]);
-    if (const std::size_t name = line.find('%'); name != std::string::npos) {
-      line.replace(name, 1, speaker.name());
+    const bool is_answering =
+        std::any_of(replies_.begin(), replies_.end(),
+                    [&](const Reply& reply) { return reply.speaker == character.account; });
+    if (std::string line = is_answering ? "" : Line(occasion, speaker.name()); !line.empty()) {
+      replies_.push_back({Soon(1500ms, 4s), character.account, start + line});
     }
-    replies_.push_back({Soon(1500ms, 4s), character.account, start + line});
   };
   const auto occasion = [&](Occasion usual) {
     return IsGreeting(words) ? Occasion::Greeting : IsQuestion(words) ? Occasion::Question : usual;
@@ -121,8 +123,9 @@ void Simulation::Hear(const Player& speaker, const Player* listener, std::string
       return;
     }
   }
-  const bool deserves_answer = IsGreeting(words) || IsQuestion(words);
-  if (Character* character = listener == nullptr && deserves_answer ? AnyOnline() : nullptr) {
+  const bool deserves_answer =
+      listener == nullptr && replies_.empty() && (IsGreeting(words) || IsQuestion(words));
+  if (const Character* character = deserves_answer ? AnyOnline() : nullptr) {
     answer(*character, occasion(Occasion::Mention), "/c ");
   }
 }
@@ -139,7 +142,8 @@ void Simulation::ComeOrGo() {
                                     [](const Character& other) { return other.player != nullptr; });
   const auto least = static_cast<std::ptrdiff_t>(characters_.size()) * kLeastOnline / 100;
   if (online > std::max<std::ptrdiff_t>(least, 2) &&
-      arena_.ContenderOf(*character.player) == nullptr && !character.player->is_ready) {
+      arena_.ContenderOf(*character.player) == nullptr && !character.player->is_ready &&
+      tournament_.teams.TeamOf(character.account->name) == nullptr) {
     lobby_.Leave(*std::exchange(character.player, nullptr));
   }
 }
@@ -151,34 +155,53 @@ void Simulation::Talk() {
   }
   const Game* game = arena_.game();
   const bool plays = arena_.ContenderOf(*speaker->player) != nullptr;
-  const auto lines = LinesFor(arena_.phase() == Arena::Phase::Resting ? Occasion::Ending
-                              : !plays                                ? Occasion::Lobby
-                              : !game->IsOpen()                       ? Occasion::Closing
-                              : game->ticks() < kOpeningTicks         ? Occasion::Opening
-                                                                      : Occasion::Playing);
-  std::string line(lines[Below(lines.size())]);
-  if (const std::size_t place = line.find('%'); place != std::string::npos) {
-    // The one who is ahead, or anyone else.
-    std::string_view name;
-    std::int64_t most = -1;
-    if (game != nullptr) {
-      for (const Contender& other : game->contenders()) {
-        if (other.account != speaker->account && Progress(other) > most) {
-          most = Progress(other);
-          name = other.name();
-        }
+  const Occasion occasion = arena_.phase() == Arena::Phase::Resting ? Occasion::Ending
+                            : !plays                                ? Occasion::Lobby
+                            : !game->IsOpen()                       ? Occasion::Closing
+                            : game->ticks() < kOpeningTicks         ? Occasion::Opening
+                                                                    : Occasion::Playing;
+  // Of the one who is ahead in the game, or of anyone.
+  std::string_view name;
+  std::int64_t most = -1;
+  if (game != nullptr) {
+    for (const Contender& other : game->contenders()) {
+      if (other.account != speaker->account && Progress(other) > most) {
+        most = Progress(other);
+        name = other.name();
       }
     }
-    if (name.empty()) {
-      const Character* other = AnyOnline();
-      name = other->account->name;
+  }
+  if (const Character* other = AnyOnline(); name.empty() && other != speaker) {
+    name = other->account->name;
+  }
+  if (const std::string line = Line(occasion, name); !line.empty()) {
+    Type(*speaker->player, "/c " + line);
+  }
+}
+
+std::string Simulation::Line(Occasion occasion, std::string_view name) {
+  std::vector<std::string_view> fresh;
+  for (std::string_view line : LinesFor(occasion)) {
+    if (std::find(said_.begin(), said_.end(), line) == said_.end()) {
+      fresh.push_back(line);
     }
-    if (name == speaker->account->name) {
-      return;
+  }
+  if (fresh.empty()) {
+    return {};
+  }
+  const std::string_view chosen = fresh[Below(fresh.size())];
+  std::string line(chosen);
+  if (const std::size_t place = line.find('%'); place != std::string::npos) {
+    if (name.empty()) {
+      return {};
     }
     line.replace(place, 1, name);
   }
-  Type(*speaker->player, "/c " + line);
+  said_.push_back(chosen);
+  if (said_.size() > kRemembered) {
+    said_.pop_front();
+  }
+  return line;
 }
 
 void Simulation::SendReplies() {
@@ -232,17 +255,19 @@ void Simulation::Move(Character& self) {
 
 void Simulation::Play(Character& self, const Contender& seat) {
   if (seat.was_set_back && Chance(kComplains)) {
-    const auto lines = LinesFor(Occasion::SetBack);
-    Type(*self.player, "/c " + std::string(lines[Below(lines.size())]));
+    if (const std::string line = Line(Occasion::SetBack, {}); !line.empty()) {
+      Type(*self.player, "/c " + line);
+    }
   }
-  const Contender* danger = nullptr;
+  std::vector<const Contender*> dangers;
   for (const Contender& other : arena_.game()->contenders()) {
     if (other.IsNearWinning() && &other != &seat &&
         (!seat.IsOnOneSideWith(other) ||
          (seat.ally == &other && Chance(self.temperament->betrays)))) {
-      danger = &other;
+      dangers.push_back(&other);
     }
   }
+  const Contender* danger = dangers.empty() ? nullptr : dangers[Below(dangers.size())];
   if (!Attack(self, seat, danger) && !MakeFriends(self, seat)) {
     Research(self, seat);
   }

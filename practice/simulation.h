@@ -3,6 +3,7 @@
 #pragma once
 
 #include <chrono>
+#include <deque>
 #include <random>
 #include <string>
 #include <string_view>
@@ -12,6 +13,7 @@
 #include "practice/arena.h"
 #include "practice/lobby.h"
 #include "practice/players.h"
+#include "practice/simulated_talk.h"
 #include "practice/tournament.h"
 
 namespace korvanta::practice {
@@ -68,6 +70,9 @@ class Simulation {
   void DoResearch(Character& self, const Contender& seat, Topic topic);
 
   void Type(Player& player, const std::string& line);
+  /// One of them that has not been said lately, with the name in the place of its "%". Empty when
+  /// all have been, or when the line wants a name and there is none.
+  std::string Line(Occasion occasion, std::string_view name);
   Character* AnyOnline();
   std::size_t Below(std::size_t limit);
   bool Chance(int percent);
@@ -81,6 +86,7 @@ class Simulation {
   std::mt19937_64 dice_;
   std::vector<Character> characters_;
   std::vector<Reply> replies_;
+  std::deque<std::string_view> said_;  // lately
   std::chrono::milliseconds now_{0};
   std::chrono::milliseconds next_coming_{30'000};
   std::chrono::milliseconds next_talk_{5'000};

@@ -34,15 +34,21 @@ class ArenaTest : public PracticeServerTest {
   void Win(ConnectionId player) {
     for (const char* topic : {"2", "3"}) {
       for (const char* level : {"1", "2", "3", "4"}) {
-        const std::string request = std::string("[upg]") + topic + "|" + level + "|";
-        while (!testing::Value(Answers(player, request), Contains(StartsWith("[upg]")))) {
-          PassTicks(1);
-        }
+        AskUntil(player, std::string("[upg]") + topic + "|" + level + "|", StartsWith("[upg]"));
       }
     }
-    while (!testing::Value(Answers(player, "[upg]5|5|"), Contains("[sou]6"))) {
+    AskUntil(player, "[upg]5|5|", testing::Eq("[sou]6"));
+  }
+  /// Asks once a tick until something like that is heard.
+  void AskUntil(ConnectionId player, const std::string& request,
+                const testing::Matcher<std::string>& answer) {
+    for (int tick = 0; tick < 50; ++tick) {
+      if (testing::Value(Answers(player, request), Contains(answer))) {
+        return;
+      }
       PassTicks(1);
     }
+    FAIL() << request << " brought nothing in 50 ticks";
   }
 
   ConnectionId anna = LogIn("Anna");
@@ -100,21 +106,13 @@ TEST_F(ArenaTest, AttacksAndAlliancesReachBothSides) {
   Send(anna, "[upg]1|1|");
   Send(bobby, "[upg]2|1|");
   PassTicks(1);
-  Heard(bobby);
-  for (;;) {
-    const auto heard = Answers(anna, "[att]Bobby");
-    EXPECT_THAT(heard, AllOf(Contains("[sou]3"), Contains(StartsWith("[poi]"))));
-    if (testing::Value(heard, Contains(HasSubstr("whose Industry falls to level 0")))) {
-      break;
-    }
-    EXPECT_THAT(Heard(bobby), ElementsAre("[sou]4", HasSubstr("Bobby blocks an attack by Anna")));
-    PassTicks(1);
-    Heard(bobby);
-  }
+  AskUntil(anna, "[att]Bobby", HasSubstr("whose Industry falls to level 0"));
   EXPECT_THAT(Heard(bobby), AllOf(Contains("[att]2|0"), Contains("[sou]4")));
+  PassTicks(1);
+  EXPECT_THAT(Answers(anna, "[att]Bobby"), ElementsAre(HasSubstr("nothing that you could")));
 
   EXPECT_THAT(Answers(anna, "[aly]Bobby"), ElementsAre(HasSubstr("You offer Bobby")));
-  EXPECT_THAT(Heard(bobby), ElementsAre(HasSubstr("Anna offers you")));
+  EXPECT_THAT(Heard(bobby), Contains(HasSubstr("Anna offers you")));
   Settle();
   EXPECT_THAT(Answers(bobby, "[aly]anna"), Contains(HasSubstr("are allied now")));
   EXPECT_THAT(Heard(anna), Contains("[onl]Anna|3|1|1&Bobby|3|1|1"));
@@ -156,45 +154,86 @@ TEST_F(ArenaTest, WhoLeavesIsOutAndTheLastSideWins) {
   const auto carol = LogIn("Carol");
   Send(carol, "[jon]");
   Begin();
+  PassTicks(5);
   EXPECT_THAT(Answers(carol, "[ctc]/leave"), Contains("[clr]"));
   EXPECT_THAT(Heard(anna), Contains(HasSubstr("Carol leaves the game")));
+  EXPECT_THAT(Answers(carol, "[jon]"), Contains(HasSubstr("ready for the next game")));
   EXPECT_THAT(Answers(carol, "[att]Anna"), ElementsAre(HasSubstr("You are not in the game")));
   server.Vanished(bobby);
   EXPECT_THAT(Heard(anna), AllOf(Contains(HasSubstr("Bobby is gone from the game")),
                                  Contains(HasSubstr("Anna wins game 1")), Contains("[sou]6")));
 }
 
-TEST_F(ArenaTest, ATournamentGameIsForTeamsAndItsPurseForTheWinners) {
-  const auto carol = LogIn("Carol");
+TEST_F(ArenaTest, AWinWithoutAGameCountsForNothing) {
   Begin();
-  Win(bobby);
-  Pass(20s);
+  Send(bobby, "[ctc]/leave");
+  EXPECT_THAT(Heard(anna), Contains(HasSubstr("Anna wins game 1")));
+  EXPECT_THAT(Answers(anna, "[bre]Anna"), ElementsAre("[bre]Anna|None|1|0|1|0|0|0|0|0|0|0|24"));
+}
+
+TEST_F(ArenaTest, WhoeverIsLostFindsTheSamePlaceAgain) {
+  LogIn("Carol");
+  const auto david = LogIn("David");
+  Send(david, "[jon]");
+  Begin();
+  PassTicks(4);
+  Send(bobby, "[upg]1|1|");
+  Settle();
+  server.Vanished(bobby);
+  PassTicks(3);
+  const auto again = LogIn("Bobby");
+  EXPECT_THAT(Answers(again, "[jon]"),
+              AllOf(Contains("[upg]1|1"), Contains("[poi]14"), Contains("[sou]1")));
+  EXPECT_THAT(Answers(again, "[bre]Bobby"), ElementsAre(StartsWith("[bre]Bobby|None|2|0|1|")));
+}
+
+TEST_F(ArenaTest, OnlyAnAdministratorManagesTournamentsWithinTheirTerms) {
   for (const char* request : {"[tcr]1|2|3|", "[tst]", "[ted]"}) {
     EXPECT_THAT(Answers(bobby, request), ElementsAre(HasSubstr("Only an administrator")))
         << request;
   }
   EXPECT_THAT(Answers(anna, "[tst]"), ElementsAre(HasSubstr("no tournament")));
+  EXPECT_THAT(Answers(anna, "[ted]"), ElementsAre(HasSubstr("no tournament")));
   EXPECT_THAT(Answers(anna, "[tcr]fifty|2|4|"), ElementsAre(HasSubstr("takes an entry fee")));
-  EXPECT_THAT(Answers(anna, "[tcr] 50|2|3|"), Contains("[tif]50|0|0|0"));
+  EXPECT_THAT(Answers(anna, "[tcr] 0|2|2|"), Contains("[tif]0|0|0|0"));
   EXPECT_THAT(Answers(anna, "[tcr]50|2|4|"), ElementsAre(HasSubstr("already")));
-  EXPECT_THAT(Answers(carol, "[tjo]Cats|pass|"), ElementsAre(HasSubstr("entry fee is 50")));
-  Send(anna, "[ted]");
-  Send(anna, "[tcr]0|2|3|");
-  Send(carol, "[tjo]Cats|pass|");
+  Send(anna, "[tjo]Cats|pass|");
   EXPECT_THAT(Answers(anna, "[tst]"), ElementsAre(HasSubstr("two teams")));
-  EXPECT_THAT(Answers(bobby, "[tjo]Foxes|pass|"), Contains("[tif]0|0|2|2"));
-  EXPECT_THAT(Answers(anna, "[tjo]Owls|pass|"), ElementsAre(HasSubstr("no room")));
+  Send(bobby, "[tjo]Foxes|pass|");
+  EXPECT_THAT(Answers(LogIn("Carol"), "[tjo]Cats|pass|"), ElementsAre(HasSubstr("no room")));
+  EXPECT_THAT(Answers(anna, "[ted]"), Contains(HasSubstr("is over")));
+  EXPECT_THAT(Answers(anna, "[tcr]0|2|1|"), ElementsAre(HasSubstr("takes an entry fee")));
+  EXPECT_THAT(Answers(anna, "[tcr]50|2|2|"), Contains("[tif]50|100|2|2"));
+  EXPECT_THAT(Answers(LogIn("David"), "[tjo]Owls|pass|"),
+              ElementsAre(HasSubstr("entry fee is 50")));
+}
+
+TEST_F(ArenaTest, ATournamentGameIsForTeamsAndItsPurseForTheWinners) {
+  const auto carol = LogIn("Carol");
+  for (const auto winner : {bobby, carol}) {  // so that both can pay
+    Begin();
+    Send(carol, "[jon]");
+    Win(winner);
+    Pass(20s);
+  }
+  Send(carol, "[tjo]Cats|pass|");
+  Send(bobby, "[tjo]Foxes|pass|");
+  Send(anna, "[tcr]50|2|3|");
   EXPECT_THAT(Answers(anna, "[tst]"), Contains(HasSubstr("tournament game")));
   for (const auto player : {anna, bobby, carol}) {
     Send(player, "[jon]");
   }
   Pass(15s);
-  EXPECT_THAT(Heard(carol), Contains(HasSubstr("Tournament game 2 begins: Bobby and Carol")));
-  EXPECT_THAT(Answers(anna, "[jon]"), Contains(HasSubstr("next game already")));
+  EXPECT_THAT(Heard(carol), Contains(HasSubstr("Tournament game 3 begins: Bobby and Carol")));
+  EXPECT_THAT(Heard(anna), Contains(HasSubstr("for members of teams")));
+  EXPECT_THAT(Answers(anna, "[jon]"), Contains(HasSubstr("ready for the next game")));
   Win(carol);
-  Heard(bobby);
+  EXPECT_THAT(Heard(bobby), Contains(HasSubstr("Carol wins game 3 after")));
   Pass(20s);
   EXPECT_THAT(Heard(bobby), Contains("[clt]"));
+  // Twice 550 as for any win, less 50, and the purse of 100.
+  EXPECT_THAT(Answers(anna, "[bre]Carol"),
+              ElementsAre(AllOf(StartsWith("[bre]Carol|None|3|2|"), HasSubstr("|1150|"))));
 }
 
 TEST_F(ArenaTest, AnAdministratorNeedNotWait) {
