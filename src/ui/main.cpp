@@ -96,6 +96,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName(ToQString(kApplicationTitle));
   QApplication::setApplicationVersion(ToQString(kVersionText));
+  QApplication::setDesktopFileName(QStringLiteral("korvanta"));
   QApplication::setWindowIcon(ProgramIcon());
   QApplication::setQuitOnLastWindowClosed(false);
   theme::Apply(application);
