@@ -19,6 +19,8 @@ void BindWindow(Plain& plain, QWidget* owner) {
   plain.window().on_show = [&plain, owner, form] {
     if (form->isNull()) {
       *form = new Form(plain, owner);
+      (*form)->show();  // where the desktop puts a new window, and with what focus, is its affair
+      return;
     }
     (*form)->show();
     (*form)->raise();
