@@ -45,6 +45,12 @@ void Player::Choose(const QString& shortcut) {
   user_.Press({shortcut});
 }
 
+void Player::ChooseItem(int position) const {
+  const Window menu = user_.WaitForWindow(program_.pid(), "Korvanta");  // no title of its own
+  user_.Press(QStringList(position - 1, "Down") + QStringList("Return"));
+  user_.WaitUntilGone(menu);
+}
+
 int Player::Leave() {
   Choose("F12");
   return program_.WaitForExit();

@@ -24,6 +24,8 @@ class Player {
   QString WaitForMessage(const QString& text);
   /// Presses a shortcut of the main window.
   void Choose(const QString& shortcut);
+  /// Chooses an item of the popup menu, counted from 1, once it is open; the first one is ready.
+  void ChooseItem(int position) const;
   /// Leaves by the menu's shortcut; returns the program's exit status.
   int Leave();
 

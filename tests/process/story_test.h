@@ -31,12 +31,7 @@ class StoryTest : public ProcessTest {
   const Window& main_window() const { return player_->main_window(); }
   Window WaitFor(const QString& title) const { return user_.WaitForWindow(program_->pid(), title); }
 
-  /// Chooses an item of the popup menu, counted from 1, once it is open; the first one is ready.
-  void ChooseItem(int position) {
-    const Window menu = WaitFor("Korvanta");  // no title of its own
-    user_.Press(QStringList(position - 1, "Down") + QStringList("Return"));
-    user_.WaitUntilGone(menu);
-  }
+  void ChooseItem(int position) const { player_->ChooseItem(position); }
 
   ScriptedServer server_;
   Installation installation_{server_.address()};
