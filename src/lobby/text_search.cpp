@@ -1,0 +1,82 @@
+#include "lobby/text_search.h"
+
+#include <algorithm>
+#include <array>
+#include <functional>
+#include <string>
+
+namespace korvanta {
+namespace {
+
+/// Bytes that are read at a time: few at first, as the next match is often near, then more.
+constexpr std::size_t kFirstBlock = 512;
+constexpr std::size_t kLargestBlock = std::size_t{64} * 1024;
+
+std::size_t BlockAfter(std::size_t block) { return std::min(4 * block, kLargestBlock); }
+
+constexpr std::array<char, 256> MakeLowerCase() {
+  std::array<char, 256> lower{};
+  for (std::size_t code = 0; code < lower.size(); ++code) {
+    const bool plain = code >= 'A' && code <= 'Z';
+    const bool accented = code >= 0xC0 && code <= 0xDE && code != 0xD7;
+    const bool high = code == 0x8A || code == 0x8C || code == 0x8E;
+    lower[code] = static_cast<char>(code + (plain || accented ? 0x20 : high ? 0x10 : 0));
+  }
+  lower[0x9F] = '\xFF';
+  return lower;
+}
+
+constexpr std::array<char, 256> kLowerCase = MakeLowerCase();
+
+std::string LowerCase(std::string text) {
+  for (char& byte : text) {
+    byte = kLowerCase[static_cast<unsigned char>(byte)];
+  }
+  return text;
+}
+
+}  // namespace
+
+std::optional<std::size_t> FindFirst(const ColouredText& text, std::string_view sought,
+                                     std::size_t from) {
+  const std::string lower = LowerCase(std::string(sought));
+  if (lower.empty()) {
+    return std::nullopt;
+  }
+  const std::boyer_moore_horspool_searcher searcher(lower.begin(), lower.end());
+  std::size_t size = kFirstBlock;
+  for (std::size_t start = from; start + lower.size() <= text.size();
+       start += size, size = BlockAfter(size)) {
+    const std::size_t end = std::min(text.size(), start + size + lower.size() - 1);
+    const std::string block = LowerCase(text.Bytes(start, end));
+    const auto found = std::search(block.begin(), block.end(), searcher);
+    if (found != block.end()) {
+      return start + static_cast<std::size_t>(found - block.begin());
+    }
+  }
+  return std::nullopt;
+}
+
+std::optional<std::size_t> FindLast(const ColouredText& text, std::string_view sought,
+                                    std::size_t to) {
+  const std::string lower = LowerCase(std::string(sought));
+  if (lower.empty()) {
+    return std::nullopt;
+  }
+  const std::boyer_moore_horspool_searcher searcher(lower.rbegin(), lower.rend());
+  std::size_t end = to;
+  std::size_t size = kFirstBlock;
+  while (end >= lower.size()) {
+    const std::size_t start = end - std::min(end, size + lower.size() - 1);
+    const std::string block = LowerCase(text.Bytes(start, end));
+    const auto found = std::search(block.rbegin(), block.rend(), searcher);
+    if (found != block.rend()) {
+      return start + static_cast<std::size_t>(block.rend() - found) - lower.size();
+    }
+    end -= std::min(end, size);
+    size = BlockAfter(size);
+  }
+  return std::nullopt;
+}
+
+}  // namespace korvanta
