@@ -77,11 +77,23 @@ std::optional<QRect> MessageCanvas::CaretRect(std::size_t offset, std::size_t to
   return std::nullopt;
 }
 
-void MessageCanvas::Paint(QPainter& painter, std::size_t top, bool focused) {
+std::optional<QRect> MessageCanvas::ByteRect(std::size_t offset, std::size_t top) const {
+  const std::optional<QRect> caret = CaretRect(offset, top);
+  if (!caret) {
+    return std::nullopt;
+  }
+  const char byte = offset < view_.size() ? view_.text().At(offset) : ' ';
+  const float width =
+      glyphs_.advances()[static_cast<unsigned char>(IsLineBreak(byte) ? ' ' : byte)];
+  return QRect(caret->left() + kCaretWidth / 2, caret->top(), qRound(width), caret->height());
+}
+
+void MessageCanvas::Paint(QPainter& painter, std::size_t top, bool focused, TextRange match) {
   std::size_t start = top;
   for (int y = kMargin; y < size_.height(); y += row_height()) {
     const Row row = rows_.At(start);
-    PaintSelection(painter, row, y);
+    PaintGround(painter, row, y, view_.selection(), theme::kSelection);
+    PaintGround(painter, row, y, match, theme::kFound);
     PaintText(painter, row, y);
     if (rows_.IsLast(row)) {
       break;
@@ -98,10 +110,10 @@ void MessageCanvas::Paint(QPainter& painter, std::size_t top, bool focused) {
   }
 }
 
-void MessageCanvas::PaintSelection(QPainter& painter, const Row& row, int y) const {
-  const TextRange selection = view_.selection();
-  const std::size_t from = std::max(selection.from, row.start);
-  const std::size_t to = std::min(selection.to, row.next);
+void MessageCanvas::PaintGround(QPainter& painter, const Row& row, int y, TextRange range,
+                                const QColor& colour) const {
+  const std::size_t from = std::max(range.from, row.start);
+  const std::size_t to = std::min(range.to, row.next);
   if (from >= to) {
     return;
   }
@@ -112,7 +124,7 @@ void MessageCanvas::PaintSelection(QPainter& painter, const Row& row, int y) con
     right += glyphs_.advances()[' '];  // the line break is selected too
   }
   const int x = qRound(left);
-  painter.fillRect(x, y, qRound(right) - x, row_height(), theme::kSelection);
+  painter.fillRect(x, y, qRound(right) - x, row_height(), colour);
 }
 
 void MessageCanvas::PaintText(QPainter& painter, const Row& row, int y) {

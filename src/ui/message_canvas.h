@@ -38,6 +38,11 @@ class MessageCanvas {
   /// The top nearest to `top` at which the row of `offset` is seen whole.
   std::size_t TopShowing(std::size_t offset, std::size_t top) const;
 
+  /// Whether the row of `offset` is seen whole.
+  bool IsInSight(std::size_t offset, std::size_t top) const {
+    return TopShowing(offset, top) == top;
+  }
+
   /// What a position in the viewport stands for. `Caret` is the nearest place for a caret in the
   /// row; `Edge` is the same, with the end of a wrapped row, the start of the next, within reach;
   /// `Byte` is the byte under the point.
@@ -55,10 +60,16 @@ class MessageCanvas {
   /// Top left corner and height of the caret at `offset`; none when its row is out of sight.
   std::optional<QRect> CaretRect(std::size_t offset, std::size_t top) const;
 
-  void Paint(QPainter& painter, std::size_t top, bool focused);
+  /// The byte's place in the viewport; none when its row is out of sight. A line break has the
+  /// width of a space.
+  std::optional<QRect> ByteRect(std::size_t offset, std::size_t top) const;
+
+  /// `match` is what a search has found, perhaps nothing.
+  void Paint(QPainter& painter, std::size_t top, bool focused, TextRange match = {0, 0});
 
  private:
-  void PaintSelection(QPainter& painter, const Row& row, int y) const;
+  void PaintGround(QPainter& painter, const Row& row, int y, TextRange range,
+                   const QColor& colour) const;
   void PaintText(QPainter& painter, const Row& row, int y);
   float WidthBetween(std::size_t from, std::size_t to) const;
 

@@ -161,7 +161,7 @@ std::size_t MessageViewWidget::RowsFromCaret(int rows) {
 void MessageViewWidget::MoveCaret(std::size_t offset, bool extend) {
   SettleChanges();
   view_.MoveCaret(offset, extend);
-  ScrollTo(canvas_.TopShowing(view_.caret(), top_));
+  ShowOffset(view_.caret());
 }
 
 void MessageViewWidget::mousePressEvent(QMouseEvent* event) {
@@ -276,6 +276,8 @@ void MessageViewWidget::OpenMenu(QPoint global_position) {
   QAction* const all =
       menu->addAction(QStringLiteral("Select &All"), this, [this] { view_.SelectAll(); });
   all->setShortcut(QKeySequence::SelectAll);
+  menu->addSeparator();
+  menu->addActions(actions());
   for (QAction* action : menu->actions()) {
     action->setShortcutVisibleInContextMenu(true);
   }

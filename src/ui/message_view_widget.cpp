@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "ui/message_view_accessible.h"
 #include "ui/theme.h"
 
 namespace korvanta {
@@ -23,6 +24,7 @@ std::size_t BytesPerStep(std::size_t size) {
 
 MessageViewWidget::MessageViewWidget(MessageView& view, QWidget* parent)
     : QAbstractScrollArea(parent), view_(view), canvas_(view, font()) {
+  InstallMessageViewAccessibility();
   setObjectName(QStringLiteral("rbMessages"));
   setAccessibleName(QStringLiteral("Messages"));
   setFocusPolicy(Qt::StrongFocus);
@@ -45,6 +47,7 @@ MessageViewWidget::MessageViewWidget(MessageView& view, QWidget* parent)
   connect(&drag_timer_, &QTimer::timeout, this, [this] { DragTo(pointer_); });
   view_.on_changed = [this](const MessageView::Change& change) { OnChanged(change); };
   follow_ = !view_.IsScrollLocked();
+  MakeActions();
 }
 
 MessageViewWidget::~MessageViewWidget() { view_.on_changed = nullptr; }
@@ -69,6 +72,9 @@ void MessageViewWidget::OnChanged(const MessageView::Change& change) {
     column_ = -1;
   }
   end_changed_ = end_changed_ || change.what != What::Selection;
+  search_.TextChanged(change);
+  unseen_.TextChanged(change, view_.IsScrollLocked());
+  TellAccessibility(*this, change);
   ScheduleFrame();
 }
 
@@ -93,6 +99,7 @@ void MessageViewWidget::Settle() {
   }
   follow_ = wrap_changed_ = end_changed_ = false;
   ShowTop();
+  RefreshNewLines();
 }
 
 /// What came in since the last frame takes its effect before the user's next move takes its own.
@@ -120,6 +127,11 @@ void MessageViewWidget::ScrollTo(std::size_t top) {
   top_ = anchor_ = top;
   Settle();
   viewport()->update();
+}
+
+void MessageViewWidget::ShowOffset(std::size_t offset) {
+  SettleChanges();
+  ScrollTo(canvas_.TopShowing(offset, top_));
 }
 
 void MessageViewWidget::ScrollRows(int rows) {
@@ -176,7 +188,10 @@ bool MessageViewWidget::eventFilter(QObject* watched, QEvent* event) {
 
 void MessageViewWidget::wheelEvent(QWheelEvent* event) {
   if (event->modifiers().testFlag(Qt::ControlModifier)) {
-    event->ignore();
+    zoom_wheel_ += event->angleDelta().y();
+    Zoom(zoom_wheel_ / QWheelEvent::DefaultDeltasPerStep);
+    zoom_wheel_ %= QWheelEvent::DefaultDeltasPerStep;
+    event->accept();
     return;
   }
   // Touch pads send many small steps; what is less than a row is kept for the next one.
@@ -198,16 +213,14 @@ void MessageViewWidget::resizeEvent(QResizeEvent* /*event*/) {
   follow_ = follow_ || (top_ >= last_top_ && !view_.IsScrollLocked());
   wrap_changed_ = end_changed_ = true;
   canvas_.SetSize(viewport()->size());
+  PlaceTools();
   Settle();
 }
 
 void MessageViewWidget::changeEvent(QEvent* event) {
   QAbstractScrollArea::changeEvent(event);
   if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
-    canvas_.SetFont(font());
-    wrap_changed_ = end_changed_ = true;
-    Settle();
-    viewport()->update();
+    ApplyFont();
   }
 }
 
@@ -219,7 +232,7 @@ void MessageViewWidget::showEvent(QShowEvent* event) {
 void MessageViewWidget::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   painter.fillRect(event->rect(), theme::kPaper);
-  canvas_.Paint(painter, top_, hasFocus());
+  canvas_.Paint(painter, top_, hasFocus(), search_.match());
 }
 
 void MessageViewWidget::focusInEvent(QFocusEvent* event) {

@@ -5,12 +5,20 @@
 #include <QAbstractScrollArea>
 #include <QElapsedTimer>
 #include <QPoint>
+#include <QPointer>
 #include <QTimer>
 
+#include "lobby/message_search.h"
 #include "lobby/message_view.h"
+#include "lobby/unseen_lines.h"
 #include "ui/message_canvas.h"
 
+class QAction;
+class QToolButton;
+
 namespace korvanta {
+
+class FindBar;
 
 class MessageViewWidget : public QAbstractScrollArea {
  public:
@@ -22,6 +30,16 @@ class MessageViewWidget : public QAbstractScrollArea {
 
   /// Offset of the first row seen.
   std::size_t top() const { return top_; }
+
+  MessageView& model() const { return view_; }
+  const MessageCanvas& canvas() const { return canvas_; }
+  const MessageSearch& search() const { return search_; }
+
+  /// Scrolls as little as brings the row of `offset` into sight; no caret moves.
+  void ShowOffset(std::size_t offset);
+
+  /// Size of the letters in percent of the font's.
+  int zoom() const;
 
   /// Puts the selected text on the clipboard; without a selection nothing happens.
   void Copy() const;
@@ -65,8 +83,24 @@ class MessageViewWidget : public QAbstractScrollArea {
   void OpenMenuAtCaret();
   void OpenMenu(QPoint global_position);
 
+  // message_view_tools.cpp
+  void MakeActions();
+  void Zoom(int steps);
+  void ZoomTo(std::size_t level);
+  void ApplyFont();
+  void OpenFind();
+  void CloseFind();
+  void FindNext(MessageSearch::Direction direction);
+  void ShowOutcome(MessageSearch::Outcome outcome);
+  bool IsFindOpen() const;
+  void ShowNewLines();
+  void RefreshNewLines();
+  void PlaceTools();
+
   MessageView& view_;
   MessageCanvas canvas_;
+  MessageSearch search_{view_};
+  UnseenLines unseen_;
 
   std::size_t top_ = 0;        // start of the first row seen
   std::size_t anchor_ = 0;     // the byte that resizing keeps in that row
@@ -85,6 +119,13 @@ class MessageViewWidget : public QAbstractScrollArea {
   QPoint pointer_;
   QTimer drag_timer_;  // scrolls while the pointer is held beyond an edge
   QElapsedTimer last_double_click_;
+
+  std::size_t zoom_level_;
+  int zoom_wheel_ = 0;  // turned so far towards the next step
+  QAction* mnuNewLines = nullptr;
+  FindBar* find_bar_ = nullptr;        // made when it is first wanted
+  QToolButton* btnNewLines = nullptr;  // likewise
+  QPointer<QWidget> focus_before_find_;
 };
 
 }  // namespace korvanta

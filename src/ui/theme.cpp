@@ -67,6 +67,14 @@ QPushButton:disabled { color: @mutedText; border-color: @chromeBorder; }
 QToolButton { background: transparent; border: 1px solid transparent; border-radius: 4px; padding: 5px; }
 QToolButton:hover { background: @chromeRaised; border-color: @chromeBorder; }
 QToolButton:pressed { background: @chrome; }
+#findBar QToolButton { color: @chromeText; padding: 4px 8px; }
+#findBar QToolButton:focus { border-color: @gold; }
+#findBar QLabel { color: @goldText; }
+#findBar QLineEdit { padding: 1px 6px; }
+#findBar QLineEdit:focus { padding: 0 5px; }
+QToolButton#btnNewLines { background: @chromeRaised; color: @goldText; border: 1px solid @chromeBorder;
+              border-radius: 4px; padding: 3px 10px; }
+QToolButton#btnNewLines:hover { background: @chromeBorder; }
 QLineEdit, QComboBox, QPlainTextEdit { background: @paper; color: @ink; border: 1px solid @chromeBorder;
               border-radius: 4px; padding: 5px 8px; selection-background-color: @selection;
               selection-color: @ink; lineedit-password-character: 42; }

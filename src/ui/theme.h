@@ -33,6 +33,7 @@ inline constexpr QColor kGold{0xe0, 0xb8, 0x3c};  ///< the one accent: focus, de
 inline constexpr QColor kGoldText{0xf0, 0xd0, 0x70};
 inline constexpr QColor kWarning{0xb0, 0x10, 0x10};
 inline constexpr QColor kSelection{0xcf, 0xdc, 0xf6};  ///< selected text and rows on paper
+inline constexpr QColor kFound{0xff, 0xe0, 0x82};      ///< what a search found, on paper
 
 /// Sets palette, font and style sheet for the whole program. Individual windows add none of their
 /// own; controls that differ say so through the properties that the style sheet names.

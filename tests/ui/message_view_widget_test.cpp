@@ -2,10 +2,14 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QScrollBar>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
+#include <QWheelEvent>
 #include <gtest/gtest.h>
 
 #include "ui/glyph_table.h"
@@ -202,6 +206,118 @@ TEST_F(MessageViewWidgetTest, CopyGivesPlainTextAndTheMenuKnowsWhetherItCan) {
     menu->close();
   }
   EXPECT_EQ(clipboard->text(), ToQString("Aster: caf\xe9\n"));
+}
+
+TEST_F(MessageViewWidgetTest, LettersGrowAndShrinkWhereTheEyeIs) {
+  Write(200);
+  Lock(true);
+  widget.verticalScrollBar()->setValue(400);
+  const std::string seen = TopLine();
+  const auto wheel = [&](int notches) {
+    const QPointF place(50, 50);
+    QWheelEvent event(place, widget.viewport()->mapToGlobal(place), {}, {0, 120 * notches}, {},
+                      Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(widget.viewport(), &event);
+  };
+  const auto key = [&](Qt::Key which) { QTest::keyClick(&widget, which, Qt::ControlModifier); };
+  const std::pair<std::function<void()>, int> steps[] = {
+      {[&] { key(Qt::Key_Plus); }, 110}, {[&] { key(Qt::Key_Equal); }, 125},
+      {[&] { wheel(50); }, 300},         {[&] { wheel(-1); }, 250},
+      {[&] { key(Qt::Key_0); }, 100},    {[&] { key(Qt::Key_Minus); }, 90},
+      {[&] { wheel(-50); }, 60},         {[&] { key(Qt::Key_0); }, 100}};
+  for (const bool at_end : {false, true}) {
+    if (at_end) {
+      widget.verticalScrollBar()->setValue(bar_end());
+    }
+    for (const auto& [step, percent] : steps) {
+      step();
+      EXPECT_EQ(widget.zoom(), percent);
+      EXPECT_NEAR(widget.canvas().row_height() - 3, (glyphs.row_height() - 3) * percent / 100.0, 3);
+      EXPECT_EQ(at_end, bar() == bar_end()) << percent;
+      EXPECT_TRUE(at_end || TopLine() == seen) << percent << TopLine();
+    }
+  }
+}
+
+TEST_F(MessageViewWidgetTest, FindShowsTheMatchAndMovesNoCaret) {
+  Write(300);
+  Lock(true);
+  view.MoveCaret(40, false);
+  QTest::keyClick(&widget, Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+  auto* const box = widget.findChild<QLineEdit*>(QStringLiteral("txtFind"));
+  auto* const outcome = widget.findChild<QLabel*>(QStringLiteral("lblOutcome"));
+  ASSERT_EQ(QApplication::focusWidget(), box);
+  EXPECT_LT(widget.viewport()->height(), box->mapTo(&widget, QPoint(0, box->height())).y());
+
+  struct Step {
+    const char* typed;
+    Qt::Key key;
+    Qt::KeyboardModifiers modifiers;
+    const char* line;  // null: none
+    const char* words;
+  };
+  const Qt::KeyboardModifiers none;
+  const Step steps[] = {{"LINE 1", Qt::Key_Shift, none, "line 199", ""},
+                        {"", Qt::Key_Return, none, "line 198", ""},
+                        {"", Qt::Key_G, Qt::ControlModifier, "line 197", ""},
+                        {"", Qt::Key_Enter, Qt::KeypadModifier | Qt::ShiftModifier, "line 198", ""},
+                        {"9", Qt::Key_PageUp, none, "line 198", ""},
+                        {"x", Qt::Key_Shift, none, nullptr, "No match"},
+                        {"", Qt::Key_Backspace, none, "line 198", ""},
+                        {"", Qt::Key_Backspace, none, "line 198", ""},
+                        {"1", Qt::Key_Return, none, "line 118", ""}};
+  for (const auto& [typed, key, modifiers, line, words] : steps) {
+    QTest::keyClicks(box, QLatin1String(typed));
+    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    const TextRange match = widget.search().match();
+    EXPECT_EQ(match.empty(), line == nullptr) << box->text().toStdString();
+    if (line != nullptr) {
+      EXPECT_EQ(view.text().Bytes(match.from, LineEnd(view.text(), match.from)), line);
+      EXPECT_TRUE(widget.canvas().IsInSight(match.from, widget.top())) << line;
+      EXPECT_EQ(box->accessibleDescription(), QLatin1String(line));
+    }
+    EXPECT_EQ(outcome->text(), QLatin1String(words));
+    EXPECT_EQ(view.insertion_point(), 40U);
+  }
+  QTest::keyClick(box, Qt::Key_Escape);
+  EXPECT_EQ(QApplication::focusWidget(), &widget);
+  EXPECT_TRUE(widget.search().match().empty());
+
+  QTest::keyClick(&widget, Qt::Key_G, Qt::ControlModifier);
+  QTest::keyClick(box, Qt::Key_Return, Qt::ControlModifier);
+  EXPECT_EQ(view.SelectedText(), "line 11");
+  EXPECT_FALSE(box->isVisible());
+}
+
+TEST_F(MessageViewWidgetTest, LinesOutOfSightAreToldOfUntilTheyAreSeen) {
+  Write(100);
+  Lock(true);
+  const std::pair<bool, const char*> places[] = {{true, "2 new lines below"},
+                                                 {false, "2 new lines above"}};
+  for (const auto& [below, caption] : places) {
+    for (const char* way : {"click", "key", "scroll", "unlock"}) {
+      Lock(true);
+      view.MoveCaret(below ? view.size() : 0, false);
+      widget.verticalScrollBar()->setValue(400);
+      Write(2);
+      auto* const mark = widget.findChild<QToolButton*>(QStringLiteral("btnNewLines"));
+      ASSERT_NE(mark, nullptr);
+      EXPECT_EQ(mark->isVisible() ? mark->text() : QString(), QLatin1String(caption)) << way;
+      EXPECT_TRUE(widget.viewport()->rect().contains(mark->geometry()));
+      const std::size_t place = view.insertion_point();
+      if (*way == 'c') {
+        QTest::mouseClick(mark, Qt::LeftButton);
+      } else if (*way == 'k') {
+        QTest::keyClick(&widget, Qt::Key_J, Qt::ControlModifier);
+      } else if (*way == 's') {
+        widget.verticalScrollBar()->setValue(below ? bar_end() : 0);
+      } else {
+        Lock(false);
+      }
+      EXPECT_FALSE(mark->isVisible()) << way << caption;
+      EXPECT_EQ(view.insertion_point(), place);
+    }
+  }
 }
 
 TEST_F(MessageViewWidgetTest, EveryByteIsSeen) {

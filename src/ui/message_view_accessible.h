@@ -1,0 +1,18 @@
+/// The message view as screen readers meet it: a read-only text of which they ask for a line, a
+/// word or a character at a time.
+#pragma once
+
+#include "lobby/message_view.h"
+
+namespace korvanta {
+
+class MessageViewWidget;
+
+/// Makes the toolkit describe every message view this way. Comes before anything that may ask it
+/// for a view's description; more than once does no harm.
+void InstallMessageViewAccessibility();
+
+/// Tells screen readers, if any listens, what has changed in the view's text.
+void TellAccessibility(MessageViewWidget& widget, const MessageView::Change& change);
+
+}  // namespace korvanta
