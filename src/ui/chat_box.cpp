@@ -1,5 +1,6 @@
 #include "ui/chat_box.h"
 
+#include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -28,6 +29,8 @@ ChatBox::ChatBox(ChatInput& input, QWidget* parent) : QComboBox(parent), input_(
   setDuplicatesEnabled(true);
   setCompleter(nullptr);
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  lineEdit()->setAccessibleName(accessibleName());
+  view()->setAccessibleName(QStringLiteral("Earlier lines"));
   lineEdit()->setTextMargins(0, 0, kRemainingWidth, 0);
 
   lblRemaining = new QLabel(lineEdit());

@@ -1,5 +1,6 @@
 #include "ui/frmLogin.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
@@ -45,6 +46,10 @@ QLabel* MakeLabel(const char* name, const QString& text, QWidget* box) {
   auto* label = Name(new QLabel(text), name, text);
   label->setBuddy(box);
   box->setAccessibleName(Caption(text));
+  if (auto* choice = qobject_cast<QComboBox*>(box)) {
+    choice->lineEdit()->setAccessibleName(Caption(text));
+    choice->view()->setAccessibleName(Caption(text));
+  }
   return label;
 }
 

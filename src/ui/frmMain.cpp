@@ -42,7 +42,9 @@ frmMain::frmMain(Client& client) : client_(client) {
   setObjectName(QStringLiteral("frmMain"));
   MakeMenuBar();
   mPopMenu = MakeMenu(PopMenu());
+  mPopMenu->setAccessibleName(QStringLiteral("Topic"));
   mnuWarMenu = MakeMenu(WarMenu());
+  mnuWarMenu->setAccessibleName(QStringLiteral("Player"));
 
   // The content keeps its size and place whatever becomes of the window's.
   auto* ground = new QWidget(this);
@@ -97,6 +99,7 @@ QWidget* frmMain::MakeContent() {
 }
 
 void frmMain::MakeMenuBar() {
+  menuBar()->setAccessibleName(QStringLiteral("Menu"));
   for (const Menu& menu : MenuBar()) {
     menuBar()->addMenu(MakeMenu(menu));
   }
@@ -106,6 +109,7 @@ void frmMain::MakeMenuBar() {
 QMenu* frmMain::MakeMenu(const Menu& menu) {
   auto* result = new QMenu(ToQString(menu.caption), this);
   result->setObjectName(ToQString(menu.name));
+  result->setAccessibleName(ToQString(menu.caption).remove(QLatin1Char('&')));
   for (const MenuItem& item : menu.items) {
     if (item.IsSeparator()) {
       result->addSeparator()->setObjectName(ToQString(item.name));

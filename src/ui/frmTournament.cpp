@@ -185,6 +185,7 @@ void frmTournament::FillInfoPage() {
   cmbTeam->view()->setTextElideMode(Qt::ElideRight);
   cmbTeam->view()->setAccessibleName(QStringLiteral("Team Name"));
   cmbTeam->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  cmbTeam->lineEdit()->setAccessibleName(QStringLiteral("Team Name"));
   cmbTeam->lineEdit()->setMaxLength(std::numeric_limits<int>::max());
   const auto typed = [this](const QString& text) {
     tournament_.Typed(&TournamentTexts::cmbTeam, ToBytes(text));

@@ -269,6 +269,7 @@ void MessageViewWidget::OpenMenuAtCaret() {
 
 void MessageViewWidget::OpenMenu(QPoint global_position) {
   auto* const menu = new QMenu(this);
+  menu->setAccessibleName(accessibleName());
   menu->setAttribute(Qt::WA_DeleteOnClose);
   QAction* const copy = menu->addAction(QStringLiteral("&Copy"), this, [this] { Copy(); });
   copy->setShortcut(QKeySequence::Copy);

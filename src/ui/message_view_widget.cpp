@@ -32,6 +32,7 @@ MessageViewWidget::MessageViewWidget(MessageView& view, QWidget* parent)
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   viewport()->setCursor(Qt::IBeamCursor);
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+  verticalScrollBar()->setAccessibleName(QStringLiteral("Scroll messages"));
   verticalScrollBar()->installEventFilter(this);
   connect(verticalScrollBar(), &QScrollBar::actionTriggered, this,
           &MessageViewWidget::OnScrollAction);

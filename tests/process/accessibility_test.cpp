@@ -1,0 +1,67 @@
+#include <QRegularExpression>
+#include <algorithm>
+#include <gmock/gmock.h>
+
+#include "tests/process/accessibility_bus.h"
+#include "tests/process/player.h"
+#include "tests/process/process_test.h"
+
+namespace korvanta::process {
+namespace {
+
+class Accessibility : public ProcessTest {
+ protected:
+  /// The controls of the process, once all of them that are named here are there.
+  QStringList Wait(const Program& program, const QStringList& expected) const {
+    QStringList controls;
+    try {
+      WaitUntil("the controls are seen", [&] {
+        controls = bus_.ControlsOf(program.pid());
+        return std::all_of(expected.begin(), expected.end(),
+                           [&](const QString& control) { return controls.contains(control); });
+      });
+    } catch (const HarnessError& error) {
+      throw HarnessError(QString(error.what()) + "; there are:\n" + controls.join('\n'));
+    }
+    return controls;
+  }
+
+  ScriptedServer server_;
+  Installation installation_{server_.address()};
+  AccessibilityBus bus_{installation_.EnvironmentOn(display_)};
+};
+
+TEST_F(Accessibility, EveryControlOfEveryWindowHasAName) {
+  Program program(installation_.program_file(), {}, bus_.environment());
+  Player player(user_, program);
+  player.WaitForStart();
+  QStringList controls = Wait(program, {"dialog\tConnection Screen", "push button\tTransmit"});
+
+  player.Login("Marlow", "secret1");
+  server_.WaitForClient();
+  server_.Expect(Bytes("[con]1.6\001Marlow\001secret1\0"));
+  server_.Send(
+      Bytes("[con]Marlow\00190\0[upg]1\0012\0[onl]Aster\0011\0011\0010\0"
+            "[msg]cht\001Aster: hail\001False\0"));
+  player.WaitForState("Connected");
+  for (const auto& [shortcut, title] : {std::pair{"F3", "News"},
+                                        {"ctrl+l", "Search Online User"},
+                                        {"ctrl+t", "Tournament Window"}}) {
+    player.Choose(shortcut);
+    user_.Activate(user_.WaitForWindow(program.pid(), title));
+  }
+  player.Choose("ctrl+shift+f");
+  controls += Wait(program, {"text\tMessages", "says\tAster: hail", "text\tFind",
+                             "push button\tMilitary, level 2, reached", "dialog\tNews",
+                             "dialog\tSearch Online User", "dialog\tTournament Window"});
+
+  Program second(installation_.program_file(), {}, bus_.environment());
+  user_.WaitForWindow(second.pid(), "Korvanta");
+  controls += Wait(second, {"push button\tOK"});
+
+  controls.removeDuplicates();
+  EXPECT_THAT(controls.filter(QRegularExpression("\t$")).join('\n').toStdString(), "");
+}
+
+}  // namespace
+}  // namespace korvanta::process
