@@ -9,6 +9,7 @@
 
 #include "chat_lines.h"
 #include "lobby/message_view.h"
+#include "lobby/text_search.h"
 #include "ui/message_canvas.h"
 
 namespace korvanta {
@@ -91,6 +92,21 @@ void InsertInto(benchmark::State& state, bool at_caret) {
 }
 BENCHMARK_CAPTURE(InsertInto, end, false)->Unit(benchmark::kMillisecond)->Iterations(20);
 BENCHMARK_CAPTURE(InsertInto, caret, true)->Unit(benchmark::kMillisecond)->Iterations(20);
+
+/// A search in vain through 1,000,000 lines: the most that one key press in the search costs.
+void SearchInVain(benchmark::State& state, bool upwards, const char* sought) {
+  const Options options;
+  MessageView view(options);
+  Fill(view, kLinesInAll);
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(upwards ? FindLast(view.text(), sought, view.size())
+                                     : FindFirst(view.text(), sought, 0));
+  }
+  state.SetBytesProcessed(static_cast<std::int64_t>(view.size()) * state.iterations());
+}
+BENCHMARK_CAPTURE(SearchInVain, up_word, true, "Corinth")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(SearchInVain, up_letter, true, "#")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(SearchInVain, down_word, false, "Corinth")->Unit(benchmark::kMillisecond);
 
 std::size_t AllocatedBytes() {
   const struct mallinfo2 info = mallinfo2();

@@ -17,38 +17,39 @@ MessageSearch::Outcome MessageSearch::Seek(std::string_view sought) {
     Start();
     return Outcome::Nothing;
   }
-  if (place_ == Place::AtMatch) {
-    const std::size_t to = std::min(from_ + sought_.size(), view_.size());
-    if (const auto start = FindLast(view_.text(), sought_, to)) {
-      return Show(start, Outcome::Found);
-    }
-  }
-  const Outcome how = place_ == Place::AtMatch ? Outcome::FoundAgainFromNewest : Outcome::Found;
-  return Show(FindLast(view_.text(), sought_, view_.size()), how);
+  return place_ == Place::AtMatch ? GoOlder(from_ + sought_.size()) : GoOlder(view_.size());
 }
 
 MessageSearch::Outcome MessageSearch::Next(Direction direction) {
   if (sought_.empty()) {
     return Outcome::Nothing;
   }
-  const ColouredText& text = view_.text();
+  const bool at_match = place_ == Place::AtMatch;
   if (direction == Direction::Older) {
-    if (place_ == Place::AtNewest) {
-      return Show(FindLast(text, sought_, text.size()), Outcome::Found);
-    }
-    // Matches do not overlap: the next one ends where this one starts, or before.
-    if (const auto start = FindLast(text, sought_, from_)) {
-      return Show(start, Outcome::Found);
-    }
-    return Show(FindLast(text, sought_, text.size()), Outcome::FoundAgainFromNewest);
+    return GoOlder(at_match ? from_ : view_.size());  // matches do not overlap
   }
-  const std::size_t from = place_ == Place::AtNewest
-                               ? text.size()
-                               : from_ + std::max<std::size_t>(1, match_.to - match_.from);
+  return GoNewer(at_match ? from_ + std::max<std::size_t>(1, match_.to - match_.from)
+                          : view_.size());
+}
+
+/// To the last match that ends at `to` or before. Then only what lies behind is searched, and what
+/// lies across.
+MessageSearch::Outcome MessageSearch::GoOlder(std::size_t to) {
+  const ColouredText& text = view_.text();
+  if (const auto start = FindLast(text, sought_, to)) {
+    return Show(start, Outcome::Found);
+  }
+  const std::size_t rest = to - std::min(to, sought_.size() - 1);
+  return Show(FindLast(text, sought_, text.size(), rest), Outcome::FoundAgainFromNewest);
+}
+
+MessageSearch::Outcome MessageSearch::GoNewer(std::size_t from) {
+  const ColouredText& text = view_.text();
   if (const auto start = FindFirst(text, sought_, from)) {
     return Show(start, Outcome::Found);
   }
-  return Show(FindFirst(text, sought_, 0), Outcome::FoundAgainFromOldest);
+  return Show(FindFirst(text, sought_, 0, from + sought_.size() - 1),
+              Outcome::FoundAgainFromOldest);
 }
 
 void MessageSearch::Take() {

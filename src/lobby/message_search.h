@@ -53,6 +53,8 @@ class MessageSearch {
  private:
   enum class Place { AtMatch, AtNewest };
 
+  Outcome GoOlder(std::size_t to);
+  Outcome GoNewer(std::size_t from);
   Outcome Show(std::optional<std::size_t> start, Outcome how);
 
   MessageView& view_;

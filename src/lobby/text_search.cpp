@@ -38,18 +38,20 @@ std::string LowerCase(std::string text) {
 }  // namespace
 
 std::optional<std::size_t> FindFirst(const ColouredText& text, std::string_view sought,
-                                     std::size_t from) {
+                                     std::size_t from, std::size_t to) {
   const std::string lower = LowerCase(std::string(sought));
   if (lower.empty()) {
     return std::nullopt;
   }
   const std::boyer_moore_horspool_searcher searcher(lower.begin(), lower.end());
+  const std::size_t last = std::min(to, text.size());
   std::size_t size = kFirstBlock;
-  for (std::size_t start = from; start + lower.size() <= text.size();
+  for (std::size_t start = from; start + lower.size() <= last;
        start += size, size = BlockAfter(size)) {
-    const std::size_t end = std::min(text.size(), start + size + lower.size() - 1);
+    const std::size_t end = std::min(last, start + size + lower.size() - 1);
     const std::string block = LowerCase(text.Bytes(start, end));
-    const auto found = std::search(block.begin(), block.end(), searcher);
+    const auto found = lower.size() == 1 ? std::find(block.begin(), block.end(), lower.front())
+                                         : std::search(block.begin(), block.end(), searcher);
     if (found != block.end()) {
       return start + static_cast<std::size_t>(found - block.begin());
     }
@@ -58,18 +60,19 @@ std::optional<std::size_t> FindFirst(const ColouredText& text, std::string_view 
 }
 
 std::optional<std::size_t> FindLast(const ColouredText& text, std::string_view sought,
-                                    std::size_t to) {
+                                    std::size_t to, std::size_t from) {
   const std::string lower = LowerCase(std::string(sought));
   if (lower.empty()) {
     return std::nullopt;
   }
   const std::boyer_moore_horspool_searcher searcher(lower.rbegin(), lower.rend());
-  std::size_t end = to;
+  std::size_t end = std::min(to, text.size());
   std::size_t size = kFirstBlock;
-  while (end >= lower.size()) {
-    const std::size_t start = end - std::min(end, size + lower.size() - 1);
+  while (end >= from + lower.size()) {
+    const std::size_t start = end - std::min(end - from, size + lower.size() - 1);
     const std::string block = LowerCase(text.Bytes(start, end));
-    const auto found = std::search(block.rbegin(), block.rend(), searcher);
+    const auto found = lower.size() == 1 ? std::find(block.rbegin(), block.rend(), lower.front())
+                                         : std::search(block.rbegin(), block.rend(), searcher);
     if (found != block.rend()) {
       return start + static_cast<std::size_t>(block.rend() - found) - lower.size();
     }

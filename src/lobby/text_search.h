@@ -10,12 +10,14 @@
 
 namespace korvanta {
 
-/// Where the first occurrence starts that starts at `from` or later. An empty text occurs nowhere.
+/// Where the first occurrence starts that lies between `from` and `to`; the end of the text stands
+/// for a larger `to`. An empty text occurs nowhere.
 std::optional<std::size_t> FindFirst(const ColouredText& text, std::string_view sought,
-                                     std::size_t from);
+                                     std::size_t from,
+                                     std::size_t to = static_cast<std::size_t>(-1));
 
-/// Where the last occurrence starts that ends at `to` or before; `to` is at most the text's size.
+/// The same for the last.
 std::optional<std::size_t> FindLast(const ColouredText& text, std::string_view sought,
-                                    std::size_t to);
+                                    std::size_t to, std::size_t from = 0);
 
 }  // namespace korvanta
