@@ -69,6 +69,7 @@ FindBar::FindBar(QWidget* parent) : QWidget(parent) {
       {"btnNewer", "Newer", [this] { on_next(Direction::Newer); }},
       {"btnCloseFind", "Close", [this] { on_close(); }},
   };
+  setTabOrder(parent, txtFind);
   QWidget* before = txtFind;
   for (const auto& [name, caption, press] : buttons) {
     auto* button = new QToolButton(this);

@@ -14,6 +14,7 @@ namespace korvanta {
 
 class FindBar : public QWidget {
  public:
+  /// The Tab key comes to it from `parent`.
   explicit FindBar(QWidget* parent);
 
   /// Ready for typing, what was sought before selected.

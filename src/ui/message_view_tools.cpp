@@ -100,7 +100,6 @@ bool MessageViewWidget::IsFindOpen() const {
 void MessageViewWidget::OpenFind() {
   if (find_bar_ == nullptr) {
     find_bar_ = new FindBar(this);
-    setTabOrder(this, find_bar_);
     find_bar_->on_typed = [this](const QString& text) { ShowOutcome(search_.Seek(ToBytes(text))); };
     find_bar_->on_next = [this](Direction direction) { FindNext(direction); };
     find_bar_->on_close = [this] { CloseFind(); };

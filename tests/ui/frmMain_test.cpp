@@ -130,6 +130,18 @@ TEST_F(frmMainTest, ResizingMovesNothing) {
   EXPECT_EQ(places(), before);
 }
 
+TEST_F(frmMainTest, FindIsReachedFromTheChatLineAndByTab) {
+  QTest::keyClick(&ChatBox(), Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+  Get<QWidget>("rbMessages").setFocus();
+  for (const char* next : {"txtFind", "btnOlder", "btnNewer", "btnCloseFind", "cboSend"}) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), QLatin1String(next));
+  }
+  Get<QWidget>("txtFind").setFocus();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+  EXPECT_EQ(QApplication::focusWidget(), &ChatBox());
+}
+
 TEST_F(frmMainTest, AWindowReopenedAtOnceHearsOfChanges) {
   client.news.window().Show();
   client.news.window().Unload();
