@@ -94,6 +94,18 @@ TEST_F(ChatInputTest, UpAndDownWalkTheHistoryAndKeepTheDraft) {
   EXPECT_EQ(input.text(), "draft");
 }
 
+TEST_F(ChatInputTest, AnEditedHistoryLineIsTheNewDraft) {
+  Send("one");
+  Send("two");
+  input.HistoryUp();
+  input.HistoryUp();
+  input.TextEdited("c one more");
+  input.HistoryUp();
+  EXPECT_EQ(input.text(), "c two");
+  input.HistoryDown();
+  EXPECT_EQ(input.text(), "c one more");
+}
+
 TEST_F(ChatInputTest, AChosenLineGoesThroughTheRewriteAgain) {
   Send("word");
   input.HistoryChosen(0);

@@ -47,5 +47,16 @@ TEST_F(InstanceLockTest, AbandonedFileWhoseProcessNumberIsInUseKeepsNobodyOut) {
   }
 }
 
+TEST_F(InstanceLockTest, WithoutAPlaceForTheFileThePlayerPlays) {
+  const QByteArray before = qgetenv("TMPDIR");
+  const QByteArray nowhere = folder.filePath(QStringLiteral("in the way")).toUtf8();
+  QFile in_the_way(QString::fromUtf8(nowhere));
+  ASSERT_TRUE(in_the_way.open(QIODevice::WriteOnly));
+  qputenv("XDG_RUNTIME_DIR", nowhere);
+  qputenv("TMPDIR", nowhere);
+  EXPECT_TRUE(CanStart());
+  before.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before);
+}
+
 }  // namespace
 }  // namespace korvanta

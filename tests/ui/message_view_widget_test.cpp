@@ -62,6 +62,14 @@ struct MessageViewWidgetTest : testing::Test {
     return (widget.viewport()->height() - 2 * kMargin) / glyphs.row_height();
   }
 
+  void Wheel(int angle) {
+    QWidget* const port = widget.viewport();
+    const QPointF at = port->rect().center();
+    QWheelEvent event(at, port->mapToGlobal(at), {}, {0, angle}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(port, &event);
+  }
+
   /// The middle of the byte in that row, both counted in the viewport; the row's text is `text`.
   QPoint PointAt(int row, std::string_view text, std::size_t column) const {
     const float x = WidthOf(text.substr(0, column), glyphs.advances());
@@ -118,6 +126,31 @@ TEST_F(MessageViewWidgetTest, ScrollLockHoldsWhatIsSeenInPlace) {
   EXPECT_EQ(TopLine(), "first");
   Write(100);
   EXPECT_EQ(TopLine(), "first");
+}
+
+TEST_F(MessageViewWidgetTest, TheCaretOfScrollLockIsPainted) {
+  Write(2);
+  view.MoveCaret(3, false);
+  widget.clearFocus();
+  Frame();
+  const QImage without = widget.viewport()->grab().toImage();
+  Lock(true);
+  EXPECT_NE(widget.viewport()->grab().toImage(), without);
+  Lock(false);
+  EXPECT_EQ(widget.viewport()->grab().toImage(), without);
+}
+
+TEST_F(MessageViewWidgetTest, WheelTurnsThreeRowsANotchAndKeepsParts) {
+  Write(100);
+  widget.verticalScrollBar()->setValue(0);
+  Wheel(-120);
+  EXPECT_EQ(TopLine(), "line 3");
+  for (int step = 0; step < 6; ++step) {
+    Wheel(-20);
+  }
+  EXPECT_EQ(TopLine(), "line 6");
+  Wheel(120);
+  EXPECT_EQ(TopLine(), "line 3");
 }
 
 TEST_F(MessageViewWidgetTest, AFloodWaitsForTheNextFrame) {

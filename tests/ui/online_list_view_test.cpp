@@ -54,10 +54,11 @@ TEST_F(OnlineListViewTest, TheOrderReceivedIsTheDefaultAndHeadersSort) {
 TEST_F(OnlineListViewTest, NamesAreSortedToTheirLastCharacterWithoutRegardToCase) {
   list.ShowOnlineList(
       "Elisabeth2\0011\0011\0010\002\xE9va\0011\0011\0010\002zoe\0011\0011\0010\002"
-      "elisabetH10\0011\0011\0010\002\xC9VA\0011\0011\0010\002ELISABETH\0011\0011\0010");
+      "elisabetH10\0011\0011\0010\002\xC9VA\0011\0011\0010\002ELISABETH\0011\0011\0010\002"
+      "Anna\0011\0011\0010\002ann\0011\0011\0010");
   view.sortByColumn(OnlineListModel::Name, Qt::AscendingOrder);
-  EXPECT_THAT(Names(),
-              ElementsAre("ELISABETH", "elisabetH10", "Elisabeth2", "zoe", "\u00E9va", "\u00C9VA"));
+  EXPECT_THAT(Names(), ElementsAre("ann", "Anna", "ELISABETH", "elisabetH10", "Elisabeth2", "zoe",
+                                   "\u00E9va", "\u00C9VA"));
 }
 
 TEST_F(OnlineListViewTest, ANameLongerThanAScreenIsCut) {

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTest>
@@ -203,6 +204,20 @@ TEST_F(QtClientSocketTest, RestArrivesAfterItsWait) {
   EXPECT_GE(time.elapsed(), 250);
 }
 
+TEST_F(QtClientSocketTest, ContinuationThatArrivedDuringABusyTimeIsJoined) {
+  Join();
+  PeerSends("[a]first");
+  QElapsedTimer busy;
+  busy.start();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return busy.elapsed() > 20; }));
+  // The event loop is kept busy past the wait, with the second half coming in meanwhile.
+  PeerSends(std::string(" second\0", 8));
+  while (busy.elapsed() < 300) {
+  }
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !blocks.empty(); }));
+  EXPECT_THAT(blocks, ElementsAre(std::string("[a]first second\0", 16)));
+}
+
 TEST_F(QtClientSocketTest, FloodIsHandedOutInBoundedBlocksWithTurnsOfTheEventLoopBetween) {
   std::string flood;
   while (flood.size() < 4 * BlockAssembler::kBlockLimit) {
@@ -220,6 +235,33 @@ TEST_F(QtClientSocketTest, FloodIsHandedOutInBoundedBlocksWithTurnsOfTheEventLoo
   }
   EXPECT_GE(turns, static_cast<int>(blocks.size()));
 }
+
+#ifdef Q_OS_LINUX
+
+/// The kernel's line for the connection from that local port: field 5 is the running timer and
+/// when it goes off, in ticks of 10 ms; kind 02 is keep-alive.
+QByteArray TimerOf(quint16 local_port) {
+  QFile table(QStringLiteral("/proc/net/tcp"));
+  table.open(QIODevice::ReadOnly);
+  const QByteArray port = QByteArray::number(local_port, 16).toUpper().rightJustified(4, '0');
+  for (const QByteArray& line : table.readAll().split('\n')) {
+    const QList<QByteArray> fields = line.simplified().split(' ');
+    if (fields.size() > 5 && fields[1].endsWith(":" + port)) {
+      return fields[5];
+    }
+  }
+  return {};
+}
+
+TEST_F(QtClientSocketTest, SilentConnectionIsProbedWithinHalfAMinute) {
+  Join();
+  const QList<QByteArray> timer = TimerOf(peer->peerPort()).split(':');
+  ASSERT_EQ(timer.size(), 2);
+  EXPECT_EQ(timer[0], "02");
+  EXPECT_LE(timer[1].toInt(nullptr, 16), 30 * 100);
+}
+
+#endif
 
 TEST_F(QtClientSocketTest, DrainSendsWhatIsLeftAndEndsInOrder) {
   Join();
