@@ -1,4 +1,5 @@
 /// Fuzz target: the settings, from any text in their file to what is saved again.
+#include <algorithm>
 #include <map>
 #include <set>
 #include <utility>
@@ -41,6 +42,28 @@ std::string Trimmed(const std::string& text) {
              : text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
 }
 
+constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
+
+std::string WithoutMarks(std::string line) {
+  while (line.starts_with(kByteOrderMark)) {
+    line = Trimmed(line.substr(kByteOrderMark.size()));
+  }
+  return line;
+}
+
+/// The lines of any text without the blanks around them, each with its break; byte order marks at
+/// the very start belong to no line.
+std::string Lines(std::string_view text) {
+  std::string lines;
+  for (bool is_first = true; !text.empty(); is_first = false) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    const std::string line = Trimmed(std::string(text.substr(0, end)));
+    lines += (is_first ? WithoutMarks(line) : line) + "\n";
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  return lines;
+}
+
 /// The lines of a file as it is written, without the ten entries that the program keeps there and
 /// without the headers of their sections.
 std::vector<std::string> ForeignLines(const std::string& text) {
@@ -55,7 +78,8 @@ std::vector<std::string> ForeignLines(const std::string& text) {
   auto own = kOwn.end();
   for (std::size_t at = 0; at < text.size();) {
     const std::size_t end = text.find('\n', at);
-    const std::string line = text.substr(at, end - at);
+    const std::string whole_line = text.substr(at, end - at);
+    const std::string line = WithoutMarks(whole_line);
     at = end + 1;
     const bool is_header = line.starts_with('[') && line.ends_with(']');
     if (is_header) {
@@ -65,7 +89,7 @@ std::vector<std::string> ForeignLines(const std::string& text) {
         own != kOwn.end() &&
         (is_header || own->second.contains(Trimmed(line.substr(0, line.find('=')))));
     if (!is_own) {
-      foreign.push_back(line);
+      foreign.push_back(whole_line);
     }
   }
   return foreign;
@@ -101,6 +125,8 @@ std::string Show(const SavedLogins& logins) {
 void CheckRuns(std::string_view file) {
   const Run first(file);
   const Run second(first.after);
+  Check(first.store.text().IsDamaged() || first.before == Lines(file),
+        "what makes sense is read line by line");
   Check(!second.store.text().IsDamaged(), "what was saved makes sense");
   Check(second.before == first.after, "a file that was saved is read as it stands");
   Check(second.after == first.after, "saving it again changes nothing");

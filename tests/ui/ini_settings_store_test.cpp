@@ -114,6 +114,10 @@ TEST_F(IniSettingsStoreTest, AByteOrderMarkNeverBecomesPartOfAName) {
     SaveOne();
     EXPECT_EQ(Read(path), "[Menu]\nSounds=False\n");
   }
+  Write("; mine\n" + mark + "x=1\n" + mark + "[Menu]\n" + mark + "Sounds=True\n" + mark + "y=2\n");
+  SaveOne();
+  EXPECT_EQ(Read(path),
+            "; mine\n" + mark + "x=1\n" + mark + "[Menu]\nSounds=False\n" + mark + "y=2\n");
 }
 
 TEST_F(IniSettingsStoreTest, DamagedFilesGiveWhatTheyCanAndArePutAside) {

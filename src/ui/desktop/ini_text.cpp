@@ -36,8 +36,10 @@ IniText::IniText(std::string_view text) {
   }
 }
 
-void IniText::AddLine(std::string_view text, std::string_view& section) {
-  // Any line may become the first one, when those before it make no sense.
+void IniText::AddLine(std::string_view whole_line, std::string_view& section) {
+  // A byte order mark is part of no name. It belongs to the line all the same, but for the first
+  // one that is kept: there it belongs to the file.
+  std::string_view text = whole_line;
   while (text.starts_with(kByteOrderMark)) {
     text = Trim(text.substr(kByteOrderMark.size()));
   }
@@ -49,7 +51,10 @@ void IniText::AddLine(std::string_view text, std::string_view& section) {
     malformed_line_ = malformed_line_.value_or(std::string(text));
     return;
   }
-  Line line{.section = {}, .key = {}, .value = {}, .text = std::string(text)};
+  Line line{.section = {},
+            .key = {},
+            .value = {},
+            .text = std::string(lines_.empty() ? text : whole_line)};
   if (is_header) {
     section = Trim(text.substr(1, text.size() - 2));
   } else if (!is_remark) {

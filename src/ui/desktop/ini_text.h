@@ -10,7 +10,8 @@
 namespace korvanta {
 
 /// Lines "[section]", "key=value", and comments that start with ';' or '#'. Names and values are
-/// raw bytes without the blanks around them. Whatever is not replaced keeps its line and its place.
+/// raw bytes without the blanks around them and without byte order marks before them. Whatever is
+/// not replaced keeps its line, without the blanks around it, and its place.
 class IniText {
  public:
   IniText() = default;
@@ -38,7 +39,7 @@ class IniText {
     std::string text;
   };
 
-  void AddLine(std::string_view text, std::string_view& section);
+  void AddLine(std::string_view whole_line, std::string_view& section);
 
   std::vector<Line> lines_;
   std::optional<std::string> malformed_line_;
