@@ -192,6 +192,11 @@ TEST_F(IniSettingsStoreTest, OnlyTheUserMayReadTheFile) {
   QFile::setPermissions(path, kUserOnly | QFileDevice::ReadGroup | QFileDevice::ReadOther);
   SaveOne();
   EXPECT_EQ(Mode(path), kUserOnly);
+
+  Write("damaged");
+  QFile::setPermissions(path, kUserOnly | QFileDevice::ReadGroup | QFileDevice::ReadOther);
+  SaveOne();
+  EXPECT_EQ(Mode(path + QStringLiteral(".bak")), kUserOnly);
 }
 
 TEST_F(IniSettingsStoreTest, BehindALinkTheFileIsReplacedAndKeptAside) {
@@ -217,12 +222,13 @@ TEST_F(IniSettingsStoreTest, WhatStandsWhereTheNewFileGrowsIsInNobodysWay) {
   EXPECT_EQ(Read(precious), "precious") << "no link is followed";
   EXPECT_EQ(Files(), QStringList(QFileInfo(path).fileName()));
 
-  const QByteArray before = Read(path);
   ASSERT_TRUE(QDir().mkpath(unsaved));
-  IniSettingsStore store(path);
-  store.Save("Menu", "Sounds", "True");
-  EXPECT_THAT(store.Commit(), HasSubstr(path.toStdString()));
-  EXPECT_EQ(Read(path), before);
+  SaveOne();
+  EXPECT_FALSE(QFileInfo::exists(unsaved)) << "an empty folder is replaced";
+  ASSERT_TRUE(QDir().mkpath(unsaved + QStringLiteral("/with a folder in it")));
+  SaveOne();
+  SaveOne();
+  EXPECT_EQ(Files(), QStringList(QFileInfo(path).fileName()));
 }
 
 TEST_F(IniSettingsStoreTest, FullDiskLeavesTheOldFile) {

@@ -31,12 +31,36 @@ QString FreeNameAside(const QString& file) {
   return name;
 }
 
-/// Gives the file a second name, under which it stays when the first is replaced.
+/// Gives the file a second name, under which it stays when the first is replaced, for its user
+/// only.
 bool KeepAside(const QString& file) {
   const QString aside = FreeNameAside(file);
-  std::error_code error;
-  std::filesystem::create_hard_link(file.toStdU16String(), aside.toStdU16String(), error);
-  return !error || QFile::copy(file, aside);
+  if (QFile::setPermissions(file, kUserOnly)) {
+    std::error_code error;
+    std::filesystem::create_hard_link(file.toStdU16String(), aside.toStdU16String(), error);
+    if (!error) {
+      return true;
+    }
+  }
+  if (!QFile::copy(file, aside)) {
+    return false;
+  }
+  // In vain only where the file system knows no permissions.
+  QFile::setPermissions(aside, kUserOnly);
+  return true;
+}
+
+/// The name under which the new file grows. Whatever has it is replaced, but a folder that holds
+/// something stays and the name gets a number.
+QString NameToGrow(const QString& file) {
+  QString name = file + QStringLiteral(".unsaved");
+  for (int number = 2; QFileInfo(name).isDir() && !QFileInfo(name).isSymLink(); ++number) {
+    if (QDir().rmdir(name)) {
+      break;
+    }
+    name = file + QStringLiteral(".unsaved%1").arg(number);
+  }
+  return name;
 }
 
 /// Whether what was written is on the disk, as far as the file system can tell.
@@ -101,10 +125,11 @@ std::string IniSettingsStore::Commit() {
   }
   const QFileInfo info(file_);
   QDir().mkpath(info.path());
-  // Behind a symbolic link it is the file that is replaced, not the link.
+  // Behind a symbolic link it is the file that is replaced, not the link; a link that leads to no
+  // file is replaced itself.
   const QString target = info.exists() ? info.canonicalFilePath() : file_;
   // A save that was killed leaves at most this one file, and the next save replaces it.
-  const QString unsaved = target + QStringLiteral(".unsaved");
+  const QString unsaved = NameToGrow(target);
   if (const QString reason = WriteAnew(unsaved, entries_.Text()); !reason.isEmpty()) {
     return Failure(file_, reason);
   }

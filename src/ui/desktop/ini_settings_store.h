@@ -12,7 +12,7 @@ namespace korvanta {
 
 /// The file is read once, with the first call that needs it, and replaced as a whole by `Commit`;
 /// it is at every instant the old one or the new one, readable by its user only. The new one grows
-/// beside it under its name with ".unsaved" added.
+/// beside it under its name with ".unsaved" added, and a number where a folder has that name.
 ///
 /// A file that is damaged or that cannot be one of settings is not lost: `Commit` puts it aside
 /// under its name with ".bak" added, and a number where that is taken. What could be read of it is
