@@ -14,6 +14,17 @@ constexpr char ToLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>
 
 bool SameLetter(char a, char b) { return ToLower(a) == ToLower(b); }
 
+constexpr bool FitsTheFinder(std::string_view words) {
+  std::size_t count = 1;
+  for (std::size_t end = 0; (end = words.find(kWordSeparator)) != std::string_view::npos; ++count) {
+    if (!WordFinder::IsPossible(words.substr(0, end))) {
+      return false;
+    }
+    words.remove_prefix(end + 1);
+  }
+  return count <= WordFinder::kMostWords && WordFinder::IsPossible(words);
+}
+
 /// Occurrences of listed words that overlap each other, from the start of the first to the end of
 /// the last. What becomes of them depends on nothing outside.
 struct Stretch {
@@ -40,8 +51,9 @@ void MaskStretch(const LanguageFilter& filter, const Stretch& stretch, std::stri
 
 }  // namespace
 
-const std::string_view modData::kFilterWords =
+constexpr std::string_view modData::kFilterWords =
     "Fuck;Shit;Cunt;Twat;Dick;Damn;Slut;Fag;Wog;Wop;Fuk;Bitch;Whore;Pussy;Nigger;Bastard";
+static_assert(FitsTheFinder(modData::kFilterWords));
 
 std::string modData::MaskFor(std::string_view word, char mask_character) {
   return std::string(word.size(), mask_character);

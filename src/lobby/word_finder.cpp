@@ -1,5 +1,7 @@
 #include "lobby/word_finder.h"
 
+#include <cassert>
+
 namespace korvanta {
 namespace {
 
@@ -10,6 +12,7 @@ std::uint8_t ByteAt(const char* byte) { return static_cast<std::uint8_t>(*byte);
 }  // namespace
 
 void WordFinder::Add(std::string_view word) {
+  assert(words_.size() < kMostWords && IsPossible(word));
   const WordSet here = WordSet{1} << words_.size();
   const WordSet one_before = here << kHalf;
   for (unsigned cases = 0; cases < 1U << kShortest; ++cases) {

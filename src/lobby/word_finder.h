@@ -6,6 +6,7 @@
 /// it, finds each place where a word may begin; only there are whole words compared.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstddef>
@@ -22,8 +23,14 @@ class WordFinder {
   static constexpr std::size_t kShortest = 3;
   static constexpr std::size_t kLongest = 7;
 
-  /// Adds a word of ASCII letters, kShortest to kLongest of them, as long as there are fewer than
-  /// kMostWords.
+  /// Whether the word consists of ASCII letters, kShortest to kLongest of them.
+  static constexpr bool IsPossible(std::string_view word) {
+    return word.size() >= kShortest && word.size() <= kLongest &&
+           std::all_of(word.begin(), word.end(),
+                       [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); });
+  }
+
+  /// Adds a possible word, as long as there are fewer than kMostWords.
   void Add(std::string_view word);
 
   /// Calls `visit(at, size)` for each occurrence of each word in any letter case, overlapping ones

@@ -1,5 +1,6 @@
 #include "protocol/dispatcher.h"
 
+#include <algorithm>
 #include <array>
 #include <exception>
 
@@ -43,6 +44,8 @@ constexpr std::array<TagTest, 18> kTagTests = {{
     {"[ttm]", inbound::TeamList},
     {"[tdd]", inbound::TeamNames},
 }};
+static_assert(std::all_of(kTagTests.begin(), kTagTests.end(),
+                          [](const TagTest& test) { return test.tag.size() == kTagLength; }));
 
 void HandlePiece(InboundTargets& targets, std::string_view message) {
   for (const TagTest& test : kTagTests) {

@@ -92,6 +92,8 @@ double NumberValue(std::string_view number) {
   return negative ? -value : value;
 }
 
+[[noreturn]] void MissingField() { throw MessageError("missing field"); }
+
 bool EqualsWord(std::string_view text, std::string_view lower_case_word) {
   return std::equal(text.begin(), text.end(), lower_case_word.begin(), lower_case_word.end(),
                     [](char a, char b) { return (a >= 'A' && a <= 'Z' ? a + 32 : a) == b; });
@@ -106,12 +108,12 @@ std::string_view Field(std::string_view payload, std::size_t index) {
     }
     --index;
   }
-  throw MessageError("missing field");
+  MissingField();
 }
 
 std::string_view FieldReader::Next() {
   if (next_ == Split::end()) {
-    throw MessageError("missing field");
+    MissingField();
   }
   return *next_++;
 }
