@@ -23,7 +23,7 @@ using Inputs = std::vector<std::string>;
 std::string Join(const Inputs& events) {
   std::string input;
   for (const std::string& event : events) {
-    input += event + Events::kEnd;
+    input += Events::Written(event);
   }
   return input;
 }
@@ -77,7 +77,7 @@ class Ear : public practice::Transport {
 /// What the practice server says in an evening of all requests.
 std::map<std::string, Inputs> Answers() {
   Ear ear;
-  practice::Server server(ear, 7);
+  practice::Server server(ear, {.seed = 7, .players = 0});
   for (practice::ConnectionId player = 1; player <= 2; ++player) {
     server.Connected(player);
     server.Received(player, outbound::Login("1.6", player == 1 ? "Admin" : "Marlow", "secret"));
@@ -116,6 +116,7 @@ Inputs OtherMessages() {
       with("[con]", {"A", "90"}),
       with("[msg]", {"cht", "a"}),
       with("[msg]", {"cht", "", "True"}),
+      with("[msg]", {"cht", "Zo\xfe\xff: \xff\xfe", "False"}),
       with("[log]", {"[nws][onl]x"}),
       with("[onl]", {"A", "9", "x", "1\x02\x02 B", "1", "2", "0x1"}),
       with("[con]", {"Marlow", "32768"}),
@@ -175,7 +176,19 @@ Inputs PracticeInputs() {
   }
   inputs.push_back(Join(everything));
   inputs.push_back(Join({"C", "R\0[con]1.6\1Mar"s, "Y\37", "V\1"}));
+  const std::size_t alone = inputs.size();
+  inputs.push_back(Join({"LMarlow", "Y\x60", "M\0[ctc]c hello"s, "M\0[jon]"s, "Y\x60", "Y\x60"}));
+  inputs.push_back(Join(everything));
+  for (std::size_t i = 0; i < inputs.size(); ++i) {
+    inputs[i].insert(inputs[i].begin(), i < alone ? '\0' : '\3');
+  }
   return inputs;
+}
+
+Inputs BlockAssemblerInputs() {
+  return {Join({"A[con]Ann\0[msg]hel"s, "T\x10", "Alo\0"s, "T\xfa", "Arest", "T\xfa", "E"}),
+          Join({"F\x41\0"s, "F\x20\0[a]"s, "F\x30", "A\0"s, "E"}),
+          Join({"F\xfe", "F\xfe", "F\xfe", "F\xfe", "F\xfe", "A\0[a]\0"s, "E"})};
 }
 
 Inputs MessageViewInputs() {
@@ -217,6 +230,7 @@ int main(int count, char** words) {
   using namespace korvanta::fuzz;
   Check(count == 2, "usage: make_seeds FOLDER");
   const std::filesystem::path folder = words[1];
+  Write(folder / "block_assembler", BlockAssemblerInputs());
   Write(folder / "client", ClientInputs());
   Write(folder / "message_view", MessageViewInputs());
   Write(folder / "practice", PracticeInputs());

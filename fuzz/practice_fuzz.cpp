@@ -15,6 +15,8 @@ namespace {
 
 using practice::ConnectionId;
 
+constexpr std::chrono::milliseconds kLongestEvening = std::chrono::hours(1);
+
 enum class Shape { Fields, Records, FreeText };
 
 /// What clients understand. Each field has a letter: 'i' a 16-bit number, 'n' a number, 'b' a
@@ -134,6 +136,9 @@ class CheckingTransport : public practice::Transport {
 
 class Evening {
  public:
+  /// With so many simulated players.
+  explicit Evening(int players) : server_(transport_, {.seed = 7, .players = players}) {}
+
   void Act(Event event) {
     switch (event.letter) {
       case 'C':
@@ -202,12 +207,12 @@ class Evening {
   }
 
   void Pass(std::chrono::milliseconds time) {
-    now_ += time;
+    now_ = std::min(now_ + time, kLongestEvening);
     server_.Tick(now_);
   }
 
   CheckingTransport transport_;
-  practice::Server server_{transport_, 7};
+  practice::Server server_;
   ConnectionId last_ = 0;
   std::chrono::milliseconds now_{0};
   std::set<ConnectionId> cut_;  ///< their last message is not whole yet
@@ -216,10 +221,14 @@ class Evening {
 }  // namespace
 }  // namespace korvanta::fuzz
 
+/// The input's first byte is the number of simulated players.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace korvanta::fuzz;
-  Evening evening;
-  for (Events events(AsText(data, size)); !events.AtEnd();) {
+  if (size == 0) {
+    return 0;
+  }
+  Evening evening(*data % 4);
+  for (Events events(AsText(data + 1, size - 1)); !events.AtEnd();) {
     evening.Act(events.Next());
   }
   return 0;

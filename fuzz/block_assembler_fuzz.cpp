@@ -1,0 +1,104 @@
+/// Fuzz target: the cutting of received bytes into blocks, wherever they were cut on their way.
+#include <algorithm>
+#include <string>
+
+#include "fuzz/input.h"
+#include "protocol/wire_format.h"
+#include "ui/desktop/block_assembler.h"
+
+namespace korvanta::fuzz {
+namespace {
+
+constexpr std::size_t kLongestStream = 4 * BlockAssembler::kRestLimit;
+
+class Stream {
+ public:
+  void Act(Event event) {
+    switch (event.letter) {
+      case 'T':
+        now_ += std::chrono::milliseconds(event.TakeNumber());
+        return TakeAll(false);
+      case 'F': {
+        const std::size_t length = event.TakeNumber() * 1024;
+        return Add(std::string(length, 'x').append(event.text));
+      }
+      case 'E':
+        return TakeAll(true);
+      case 'H':  // while the client is busy
+        return Hold(event.text);
+      default:
+        return Add(event.text);
+    }
+  }
+
+  void End() {
+    TakeAll(true);
+    Check(waiting_.empty(), "at the end everything is handed out");
+  }
+
+ private:
+  void Add(std::string_view bytes) {
+    Hold(bytes);
+    TakeAll(false);
+  }
+
+  void Hold(std::string_view bytes) {
+    bytes = bytes.substr(0, kLongestStream - std::min(length_, kLongestStream));
+    length_ += bytes.size();
+    blocks_.Add(bytes, now_);
+    waiting_ += bytes;
+    if (!bytes.empty()) {
+      last_byte_ = now_;
+    }
+  }
+
+  void TakeAll(bool at_end) {
+    while (Take(at_end)) {
+    }
+    Check(waiting_.find(kMessageTerminator) == std::string::npos, "no whole message waits");
+    Check(waiting_.size() < BlockAssembler::kRestLimit, "what waits is bounded");
+    Check(blocks_.RestDue().has_value() == !waiting_.empty(), "a rest has its time");
+    Check(waiting_.empty() || blocks_.RestDue() == last_byte_ + BlockAssembler::kRestWait,
+          "which begins with its last byte");
+  }
+
+  /// Whether there was a block.
+  bool Take(bool at_end) {
+    const bool is_message = waiting_.find(kMessageTerminator) != std::string::npos;
+    const bool is_due = at_end || waiting_.size() >= BlockAssembler::kRestLimit ||
+                        now_ >= last_byte_ + BlockAssembler::kRestWait;
+    const std::string block = blocks_.Take(now_, at_end);
+    Check(block.empty() == (waiting_.empty() || !(is_message || is_due)),
+          "a block comes when one is due");
+    Check(waiting_.starts_with(block), "the stream stays as it is");
+    Check(block.size() <= BlockAssembler::kRestLimit, "no block is longer than the longest rest");
+    const std::size_t end = block.find(kMessageTerminator);
+    if (is_message) {
+      Check(block.ends_with(kMessageTerminator) || block.size() == BlockAssembler::kRestLimit,
+            "messages are whole");
+      Check(block.size() <= BlockAssembler::kBlockLimit || end >= block.size() - 1,
+            "a long block is one message");
+    }
+    waiting_.erase(0, block.size());
+    return !block.empty();
+  }
+
+  BlockAssembler blocks_;
+  BlockAssembler::Time now_{std::chrono::hours(1)};
+  BlockAssembler::Time last_byte_{};
+  std::string waiting_;  ///< added and not yet handed out
+  std::size_t length_ = 0;
+};
+
+}  // namespace
+}  // namespace korvanta::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace korvanta::fuzz;
+  Stream stream;
+  for (Events events(AsText(data, size)); !events.AtEnd();) {
+    stream.Act(events.Next());
+  }
+  stream.End();
+  return 0;
+}
