@@ -24,8 +24,8 @@ class Figure(NamedTuple):
 
 
 class Goal(NamedTuple):
-    what: str
-    goal: str
+    what: str  # "{measured}" in it is the number of things measured one by one
+    goal: str  # empty where there is none; then `met` does not count
     measured: Figure
     yardstick: Optional[Figure]
     yardstick_name: str
@@ -53,23 +53,25 @@ def megabytes_a_second(benchmark):
 
 
 ROAD = "Road/clean/1048576"
+AS_MANY_LINES = 131072  # that the toolkit's widget takes in a reasonable time
 
 GOALS = [
-    Goal("whole road of a chat line of 75 characters: bytes in → shown, filter on", "≤ 0.5 µs",
+    Goal("whole road of a chat line of 75 characters: bytes in → in the message view's text, filter on",
+         "≤ 0.5 µs",
          microseconds_a_line(ROAD), microseconds_a_line("CopyBytes"), "memcpy",
          lambda value, ratio: value <= 0.5),
-    Goal("the same", "", microseconds_a_line(ROAD), microseconds_a_line("TextEdit"), "QTextEdit",
-         lambda value, ratio: ratio < 1),
+    Goal(f"the same, {AS_MANY_LINES:,} lines", "", microseconds_a_line(f"Road/clean/{AS_MANY_LINES}"),
+         microseconds_a_line(f"TextEdit/{AS_MANY_LINES}"), "QTextEdit", lambda value, ratio: True),
     Goal("adding a line to 10,000,000 costs what it costs at 1,000", "≤ 1.25 × yardstick",
          microseconds_a_line("AppendLine/10000000"), microseconds_a_line("AppendLine/1000"),
          "at 1,000 lines", lambda value, ratio: ratio <= 1.25),
     Goal("memory of 1,000,000 lines in the message view, a line beyond its text", "≤ 24 bytes",
          Figure("Memory/1000000", "bytes_a_line_over_text", 1, "bytes"), None, "",
          lambda value, ratio: value <= 24),
-    Goal("a frame of the message view at 1,000,000 lines, at the end", "≤ 4 ms",
+    Goal("a frame of the message view at 1,000,000 lines, at the end", "≤ 4 ms and ≤ 1.25 × yardstick",
          milliseconds("Frame/end/1000000", 1e-3), milliseconds("Frame/end/1000", 1e-3),
          "at 1,000 lines", lambda value, ratio: value <= 4 and ratio <= 1.25),
-    Goal("the same in the middle", "≤ 4 ms",
+    Goal("the same in the middle", "≤ 4 ms and ≤ 1.25 × yardstick",
          milliseconds("Frame/middle/1000000", 1e-3), milliseconds("Frame/middle/1000", 1e-3),
          "at 1,000 lines", lambda value, ratio: value <= 4 and ratio <= 1.25),
     Goal("a line put in at a caret in the middle of 1,000,000", "≤ 2 × yardstick",
@@ -95,10 +97,11 @@ GOALS = [
     Goal("the same, to a second of the client's processor time", "≥ 1,000,000 lines/s",
          Figure("Flood/1000000", "lines_a_cpu_second", 1, "lines/s"), None, "",
          lambda value, ratio: value >= 1e6),
-    Goal("key pressed → line sent, while 2,000 lines/s come in, median", "≤ 5 ms",
+    Goal("key pressed → line sent, while 2,000 lines/s come in, median of {measured}",
+         "≤ 5 ms",
          key_to_line(2000, "median_ms"), key_to_line(0, "median_ms"), "nothing comes in",
          lambda value, ratio: value <= 5),
-    Goal("the same, worst of 200", "≤ 20 ms",
+    Goal("the same, worst of {measured}", "≤ 20 ms",
          key_to_line(2000, "worst_ms"), key_to_line(0, "worst_ms"), "nothing comes in",
          lambda value, ratio: value <= 20),
     Goal("longest turn of the event loop, lines as fast as the socket takes them, by the clock",
@@ -107,7 +110,7 @@ GOALS = [
          held(0, "worked_ms"), None, "", lambda value, ratio: value <= 8),
     Goal("the same at 10,000 lines/s", "≤ 8 ms",
          held(10000, "worked_ms"), None, "", lambda value, ratio: value <= 8),
-    Goal("process start → splash painted, median of 15", "≤ 120 ms",
+    Goal("process start → splash painted, median of {measured}", "≤ 120 ms",
          Figure("StartToSplash", "median_ms", 1, "ms"),
          Figure("StartToEmptyWindow", "median_ms", 1, "ms"), "empty Qt window",
          lambda value, ratio: value <= 120),
@@ -151,9 +154,19 @@ def value_of(results, figure):
     return run[figure.field] * figure.scale if run and figure.field in run else None
 
 
+def number(value):
+    """Three significant digits, or all of those before the point."""
+    digits = max(0, 2 - math.floor(math.log10(abs(value)))) if value else 0
+    return f"{value:,.{digits}f}"
+
+
 def shown(value, unit):
-    digits = 0 if abs(value) >= 1000 else 1 if abs(value) >= 100 else 2
-    return f"{value:,.{digits}f} {unit}"
+    return f"{number(value)} {unit}"
+
+
+def name_of(goal, results):
+    run = results.get(goal.measured.benchmark, {})
+    return goal.what.replace("{measured}", f"{run.get('measured', 0):.0f}")
 
 
 def processor():
@@ -172,22 +185,23 @@ def table(results, context):
     """The table as Markdown, and the number of goals without a figure."""
     lines = [
         f"Measured {context['date'][:10]} on {context['num_cpus']} × {processor()}, "
-        f"{memory_gigabytes()} GB, Linux {'.'.join(platform.release().split('.')[:2])}. Other programs ran meanwhile: load "
+        f"{memory_gigabytes()} GB, Linux {'.'.join(platform.release().split('.')[:2])}; load "
         f"{context['load_avg'][0]:.1f} before the last of the benchmarks.", "",
         "| what | goal | measured | yardstick | ratio | met |", "|---|---|---|---|---|---|"]
     missing = 0
     for goal in GOALS:
+        what = name_of(goal, results)
         value = value_of(results, goal.measured)
         yardstick = value_of(results, goal.yardstick)
         if value is None or (goal.yardstick and yardstick is None):
             missing += 1
-            lines.append(f"| {goal.what} | {goal.goal} | not measured | | | |")
+            lines.append(f"| {what} | {goal.goal} | not measured | | | |")
             continue
         ratio = value / yardstick if yardstick else float("nan")
         beside = f"{goal.yardstick_name}: {shown(yardstick, goal.yardstick.unit)}" if yardstick else ""
-        lines.append(f"| {goal.what} | {goal.goal} | {shown(value, goal.measured.unit)} | {beside} | "
-                     f"{f'{ratio:.2f}' if yardstick else ''} | "
-                     f"{'yes' if goal.met(value, ratio) else '**no**'} |")
+        verdict = "" if not goal.goal else "yes" if goal.met(value, ratio) else "**no**"
+        lines.append(f"| {what} | {goal.goal} | {shown(value, goal.measured.unit)} | {beside} | "
+                     f"{number(ratio) if yardstick else ''} | {verdict} |")
     return "\n".join(lines) + "\n", missing
 
 

@@ -64,13 +64,14 @@ int Run(const char* address) {
     Turn(opening);
   }
   std::cout << "ready" << std::endl;
+  const std::size_t before = client.message_view.size();
   LongestTurn longest;
   while (client.values.IsConnected) {
     Turn(longest);
   }
   std::cout << "lasted_ms: " << longest.lasted.count() << "\n"
             << "worked_ms: " << longest.worked.count() << "\n"
-            << "characters: " << client.message_view.size() << "\n";
+            << "characters: " << client.message_view.size() - before << "\n";
   return 0;
 }
 
