@@ -18,9 +18,9 @@ class Stream {
       case 'T':
         now_ += std::chrono::milliseconds(event.TakeNumber());
         return TakeAll(false);
-      case 'F': {
+      case 'F': {  // so much that it comes in several parts
         const std::size_t length = event.TakeNumber() * 1024;
-        return Add(std::string(length, 'x').append(event.text));
+        return Hold(std::string(length, 'x').append(event.text));
       }
       case 'E':
         return TakeAll(true);

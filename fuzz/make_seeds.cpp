@@ -188,6 +188,7 @@ Inputs PracticeInputs() {
 Inputs BlockAssemblerInputs() {
   return {Join({"A[con]Ann\0[msg]hel"s, "T\x10", "Alo\0"s, "T\xfa", "Arest", "T\xfa", "E"}),
           Join({"F\x41\0"s, "F\x20\0[a]"s, "F\x30", "A\0"s, "E"}),
+          Join({"H\0"s, "H" + std::string(1023, 'y'), "F\x3f\0"s, "E"}),
           Join({"F\xfe", "F\xfe", "F\xfe", "F\xfe", "F\xfe", "A\0[a]\0"s, "E"})};
 }
 
@@ -204,7 +205,8 @@ Inputs MessageViewInputs() {
 
 Inputs SettingsInputs() {
   const std::string file =
-      "F\xef\xbb\xbf[Menu]\nScrollLock=True\nforeign=1\n\n[Other]\r\n; note\nkey = v%41\n"
+      "F\xef\xbb\xbf[Menu]\nScrollLock=True\nforeign=1\n\n[Other]\r\n; note\nkey = "
+      "v%41\n\xef\xbb\xbfmark=1\n"
       "[Client Data]\nTime=1.5\n[Menu]\nSounds=0\n[Logins]\nLast User=Ann\n"
       "User/Password=%C9%C7,%C5;a,b;;x;%FF%FE,;";
   return {Join({file, "Anna,secret", "Ren\xe9,p", "\x03\x04Menua]=; b%41 "}), Join({file}),
