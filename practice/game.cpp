@@ -45,16 +45,12 @@ constexpr std::array<TopicText, 5> kTopicTexts = {{
 
 const TopicText& TextOf(Topic topic) { return kTopicTexts.at(static_cast<std::size_t>(topic) - 1); }
 
-std::string Points(int points) {
-  return std::to_string(points) + (points == 1 ? " point" : " points");
-}
-
 /// The reason why the contender cannot pay; empty when it can.
 std::string Shortage(const Contender& contender, std::string_view what, int cost) {
   if (contender.points >= cost) {
     return {};
   }
-  return std::string(what) + " costs " + Points(cost) + " and you have " +
+  return std::string(what) + " costs " + Counted(cost, "point") + " and you have " +
          std::to_string(contender.points) + ".";
 }
 

@@ -24,6 +24,7 @@ inline constexpr int kTopLevel = 4;
 /// The level that clients name when they ask for the Golden Knowledge.
 inline constexpr int kGoldenLevel = 5;
 
+constexpr int Code(Topic topic) { return static_cast<int>(topic); }
 std::string_view TopicName(Topic topic);
 /// What the topic is good for, in one sentence.
 std::string_view TopicPurpose(Topic topic);

@@ -55,6 +55,10 @@ std::pair<std::string_view, std::string_view> FirstWord(std::string_view text) {
   return {text.substr(0, end), Trimmed(text.substr(end))};
 }
 
+std::string Counted(std::int64_t count, std::string_view noun) {
+  return std::to_string(count) + " " + std::string(noun) + (count == 1 ? "" : "s");
+}
+
 std::optional<int> NumberWithin(std::string_view text, int lowest, int highest) {
   int number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);

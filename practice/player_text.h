@@ -1,6 +1,7 @@
 /// What the server makes of text that players send: bytes, one a character, of any value.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -31,6 +32,9 @@ bool IsPassword(std::string_view text);
 
 /// The word up to the first space, and the rest without spaces at its ends.
 std::pair<std::string_view, std::string_view> FirstWord(std::string_view text);
+
+/// "1 point", "2 points".
+std::string Counted(std::int64_t count, std::string_view noun);
 
 /// A whole number of digits alone within lowest to highest; nothing otherwise.
 std::optional<int> NumberWithin(std::string_view text, int lowest, int highest);
