@@ -1,6 +1,9 @@
 #include "lobby/language_filter.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
+#include <cstring>
 
 #include "protocol/wire_format.h"
 
@@ -33,13 +36,25 @@ struct Stretch {
   bool is_one_word = true;
 };
 
-void MaskStretch(const LanguageFilter& filter, const Stretch& stretch, std::string& text) {
-  const auto begin = text.begin() + static_cast<std::ptrdiff_t>(stretch.from);
-  const auto end = text.begin() + static_cast<std::ptrdiff_t>(stretch.to);
-  if (stretch.is_one_word) {
-    std::fill(begin, end, kMaskCharacter);
+/// Puts the mask of a word of `text` into `masked`, and perhaps bytes of `text` behind it.
+void MaskWord(std::string_view text, std::size_t at, std::size_t size, std::string& masked) {
+  constexpr std::uint64_t kMask = kMaskCharacter * 0x0101010101010101U;
+  std::uint64_t bytes = 0;
+  if (at + sizeof bytes > text.size() || std::endian::native != std::endian::little) {
+    std::fill_n(masked.begin() + static_cast<std::ptrdiff_t>(at), size, kMaskCharacter);
     return;
   }
+  std::memcpy(&bytes, text.data() + at, sizeof bytes);
+  bytes = (bytes >> 8U * size << 8U * size) | kMask >> 8U * (sizeof bytes - size);
+  std::memcpy(masked.data() + at, &bytes, sizeof bytes);
+}
+
+void MaskWordByWord(const LanguageFilter& filter, std::string_view text, const Stretch& stretch,
+                    std::string& masked) {
+  const auto begin = masked.begin() + static_cast<std::ptrdiff_t>(stretch.from);
+  const auto end = masked.begin() + static_cast<std::ptrdiff_t>(stretch.to);
+  std::copy(text.begin() + static_cast<std::ptrdiff_t>(stretch.from),
+            text.begin() + static_cast<std::ptrdiff_t>(stretch.to), begin);
   for (std::string_view word : Split(filter.FilterWords(), kWordSeparator)) {
     const std::string mask = modData::MaskFor(word, kMaskCharacter);
     auto at = begin;
@@ -61,24 +76,29 @@ std::string modData::MaskFor(std::string_view word, char mask_character) {
 
 std::string_view modData::FilterLanguage(const LanguageFilter& filter, std::string_view text,
                                          std::string& masked) {
-  Stretch stretch;
+  Stretch last;
+  const auto finish = [&] {
+    if (!last.is_one_word) {
+      MaskWordByWord(filter, text, last, masked);
+    }
+  };
   filter.finder().Find(text, [&](std::size_t at, std::size_t size) {
-    if (at < stretch.to) {
-      stretch.to = std::max(stretch.to, at + size);
-      stretch.is_one_word = false;
+    if (at < last.to) {
+      last.to = std::max(last.to, at + size);
+      last.is_one_word = false;
       return;
     }
-    if (stretch.to == 0) {
+    if (last.to == 0) {
       masked = text;
-    } else {
-      MaskStretch(filter, stretch, masked);
     }
-    stretch = {at, at + size};
+    finish();
+    MaskWord(text, at, size, masked);
+    last = {at, at + size};
   });
-  if (stretch.to == 0) {
+  if (last.to == 0) {
     return text;
   }
-  MaskStretch(filter, stretch, masked);
+  finish();
   return masked;
 }
 

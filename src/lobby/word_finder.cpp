@@ -5,46 +5,61 @@
 namespace korvanta {
 namespace {
 
-constexpr char kCaseBit = 0x20;
+constexpr std::uint64_t kCountingBits = 0x1F;
 
-std::uint8_t ByteAt(const char* byte) { return static_cast<std::uint8_t>(*byte); }
+/// The index of the pair in each sixteen bits.
+constexpr std::uint64_t PairsIn(std::uint64_t bytes) {
+  constexpr std::uint64_t kInEachPair = 0x0001000100010001;
+  return (bytes & kCountingBits * kInEachPair) |
+         (bytes >> 3U & (kCountingBits << 5U) * kInEachPair);
+}
 
 }  // namespace
 
 void WordFinder::Add(std::string_view word) {
   assert(words_.size() < kMostWords && IsPossible(word));
   const WordSet here = WordSet{1} << words_.size();
-  const WordSet one_before = here << kHalf;
-  for (unsigned cases = 0; cases < 1U << kShortest; ++cases) {
-    std::array<char, kShortest> first;
-    for (std::size_t i = 0; i < kShortest; ++i) {
-      const char lower = static_cast<char>(word[i] | kCaseBit);
-      first[i] = (cases >> i & 1U) != 0 ? static_cast<char>(lower ^ kCaseBit) : lower;
-    }
-    by_pair_[PairAt(&first[0])] |= here;
-    by_pair_[PairAt(&first[1])] |= one_before;
-    by_next_[ByteAt(&first[2])] |= here;
-    by_previous_[ByteAt(&first[0])] |= one_before;
+  const WordSet one_on = here << kMostWords;
+  begin_[PairsIn(BytesAt(word.substr(0, 2), 0))] |= here;
+  go_on_[PairsIn(BytesAt(word.substr(1, 2), 0))] |= one_on;
+  for (std::uint64_t any = 0; any <= kCountingBits; ++any) {
+    begin_[PairsIn(any | static_cast<std::uint64_t>(word[0]) << 8U)] |= one_on;
+    go_on_[PairsIn(static_cast<std::uint64_t>(word[2]) | any << 8U)] |= here;
   }
-  Letters places = 0;
-  std::memset(&places, 0xFF, word.size());
-  words_.push_back({LettersAt(word, 0) & places, places, word.size()});
+  const Bytes places = (Bytes{1} << 8U * word.size()) - 1;
+  words_.push_back({(BytesAt(word, 0) | kCaseBits) & places, places, word.size()});
 }
 
-/// The first place from `from` on where the first three letters of a word stand, or the end.
-std::size_t WordFinder::NextBeginning(std::string_view text, std::size_t from) const {
-  const char* const bytes = text.data();
-  const WordSet* const by_pair = by_pair_.data();
-  std::size_t at = from + 1;
-  for (; at + 2 < text.size(); at += 2) {
-    const WordSet words = by_pair[PairAt(bytes + at)] &
-                          (by_next_[ByteAt(bytes + at + 2)] | by_previous_[ByteAt(bytes + at - 1)]);
-    if (words != 0) {
-      return at - static_cast<std::size_t>(words >> kHalf != 0);
+/// Reads on from a multiple of eight bytes to the end of the text, or until there may be too many
+/// beginnings for the list. Returns how far it read.
+std::size_t WordFinder::ReadOn(std::string_view text, std::size_t from,
+                               Beginnings& beginnings) const {
+  constexpr std::size_t kAtATime = sizeof(Bytes);
+  beginnings.Clear();
+  WordSet begun = from == 0 ? 0 : begin_[PairsIn(BytesAt(text.substr(0, from), from - 2))];
+  for (std::size_t at = from; at < text.size(); at += kAtATime) {
+    const std::uint64_t pairs = PairsIn(BytesAt(text, at));
+    const auto a = static_cast<std::uint16_t>(pairs);
+    const auto b = static_cast<std::uint16_t>(pairs >> 16U);
+    const auto c = static_cast<std::uint16_t>(pairs >> 32U);
+    const auto d = static_cast<std::uint16_t>(pairs >> 48U);
+    const WordSet in_a = begun & go_on_[a];
+    const WordSet in_b = begin_[a] & go_on_[b];
+    const WordSet in_c = begin_[b] & go_on_[c];
+    const WordSet in_d = begin_[c] & go_on_[d];
+    begun = begin_[d];
+    if ((in_a | in_b | in_c | in_d) != 0) {
+      std::size_t place = at - 2;
+      for (const WordSet words : {in_a, in_b, in_c, in_d}) {
+        beginnings.AddUnlessEmpty(place++, words & kLowerHalf);
+        beginnings.AddUnlessEmpty(place++, words >> kMostWords);
+      }
+      if (beginnings.room() < kAtATime) {
+        return at + kAtATime;
+      }
     }
   }
-  const bool is_pair_left = at + 2 == text.size();
-  return is_pair_left && BeginningAt(text, at - 1) != 0 ? at - 1 : text.size();
+  return text.size();
 }
 
 }  // namespace korvanta
