@@ -47,12 +47,11 @@ void MemoryAtRest(benchmark::State& state) {
 }
 BENCHMARK(MemoryAtRest)->Iterations(1)->UseRealTime()->Unit(benchmark::kSecond);
 
-/// The yardstick of MemoryAtRest: a window as large as the main window.
-void MemoryOfEmptyWindow(benchmark::State& state) {
+/// The yardsticks of MemoryAtRest: windows as large as the main window.
+void MemoryOfWindow(benchmark::State& state, const char* path) {
   const process::VirtualDisplay display;
   const process::Installation installation(process::UniqueLoopbackAddress());
-  const process::Program program(KORVANTA_EMPTY_WINDOW, {"1120", "690"},
-                                 installation.EnvironmentOn(display));
+  const process::Program program(path, {"1120", "690"}, installation.EnvironmentOn(display));
   const process::User user(display);
   user.WaitForWindow(program.pid(), "*");
   for (auto _ : state) {
@@ -60,7 +59,14 @@ void MemoryOfEmptyWindow(benchmark::State& state) {
   }
   state.counters["pss_megabytes"] = ProportionalShareInMegabytes(program.pid());
 }
-BENCHMARK(MemoryOfEmptyWindow)->Iterations(1)->UseRealTime()->Unit(benchmark::kSecond);
+BENCHMARK_CAPTURE(MemoryOfWindow, empty, KORVANTA_EMPTY_WINDOW)
+    ->Iterations(1)
+    ->UseRealTime()
+    ->Unit(benchmark::kSecond);
+BENCHMARK_CAPTURE(MemoryOfWindow, plain, KORVANTA_PLAIN_WINDOW)
+    ->Iterations(1)
+    ->UseRealTime()
+    ->Unit(benchmark::kSecond);
 
 }  // namespace
 }  // namespace korvanta::bench
