@@ -1,7 +1,7 @@
 #include "fuzz/watched_client.h"
 
 #include <algorithm>
-#include <cstring>
+#include <cstdio>
 #include <utility>
 
 #include "fuzz/input.h"
@@ -26,44 +26,6 @@ constexpr struct {
 };
 
 constexpr std::chrono::milliseconds kSplashTime{4000};
-
-/// The pieces between separators, written down in the plainest way.
-std::vector<std::string> Pieces(std::string_view text, char separator) {
-  std::vector<std::string> pieces(text.empty() ? 0 : 1);
-  for (const char byte : text) {
-    if (byte == separator) {
-      pieces.emplace_back();
-    } else {
-      pieces.back() += byte;
-    }
-  }
-  return pieces;
-}
-
-/// The number that a field as a whole is, read by other means than the client's.
-std::optional<double> NumberOf(const std::string& field) {
-  const char* const blanks = " \t\r\n";
-  const std::size_t first = field.find_first_not_of(blanks);
-  if (first == std::string::npos) {
-    return std::nullopt;
-  }
-  const std::string number = field.substr(first, field.find_last_not_of(blanks) - first + 1);
-  if (number.find_first_not_of("0123456789+-.eE") != std::string::npos) {
-    return std::nullopt;
-  }
-  char* end = nullptr;
-  const double value = std::strtod(number.c_str(), &end);
-  return end == number.c_str() + number.size() ? std::optional(value) : std::nullopt;
-}
-
-/// What follows the tag in a block's first message; nothing when that is another message, or when
-/// the block may hold a second one of that tag.
-std::optional<std::string_view> OnlyPayload(std::string_view block, std::string_view tag) {
-  if (!block.starts_with(tag) || block.find(tag, 1) != std::string_view::npos) {
-    return std::nullopt;
-  }
-  return block.substr(0, block.find(kMessageTerminator)).substr(tag.size());
-}
 
 template <typename Form>
 bool SameForm(const Form& a, const Form& b) {
@@ -170,7 +132,7 @@ void WatchedClient::Receive(std::string_view block) {
   if (block.find("[onl]") == std::string_view::npos) {
     Check(Players() == before, "the online list changes with its own message alone");
   } else if (const auto payload = OnlyPayload(block, "[onl]")) {
-    CheckPlayers(*payload);
+    Check(Players() == PlayersIn(*payload), "the online list is what its message says");
     Check(!client_.online_list.selected(), "a new list has nobody selected");
   }
   CheckTeams(block);
@@ -306,56 +268,13 @@ void WatchedClient::CheckDrawn() const {
         "the tournament window is up to date");
 }
 
-/// The list against a plain reading of its message.
-void WatchedClient::CheckPlayers(std::string_view payload) const {
-  std::vector<Player> expected;
-  constexpr Colour kColours[] = {{192, 192, 0}, {128, 128, 128}, {192, 0, 192}, {0, 192, 0},
-                                 {0, 0, 192},   {0, 192, 192},   {192, 0, 0},   {192, 64, 0}};
-  std::size_t position = 0;
-  for (const std::string& record : Pieces(payload, kRecordSeparator)) {
-    const std::vector<std::string> fields = Pieces(record, kFieldSeparator);
-    if (!fields.empty()) {
-      Player& player = expected.emplace_back(
-          Player{"O" + std::to_string(position), fields[0], "", kBlack, false});
-      const auto category = fields.size() > 1 ? NumberOf(fields[1]) : std::nullopt;
-      if (!category) {
-        break;
-      }
-      if (*category >= 1 && *category <= 8 && *category == static_cast<int>(*category)) {
-        player.colour = kColours[static_cast<std::size_t>(*category) - 1];
-      }
-      if (fields.size() < 3) {
-        break;
-      }
-      player.level = fields[2];
-      const auto mark = fields.size() > 3 ? NumberOf(fields[3]) : std::nullopt;
-      if (!mark) {
-        break;
-      }
-      player.marked = *mark == 1;
-    }
-    ++position;
-  }
-  Check(Players() == expected, "the online list is what its message says");
-}
-
 void WatchedClient::CheckTeams(std::string_view block) {
   const TournamentState& state = client_.tournament.state();
   if (const auto payload = OnlyPayload(block, "[ttm]")) {
-    std::vector<TeamListEntry> expected;
-    std::size_t position = 0;
-    for (const std::string& record : Pieces(*payload, kRecordSeparator)) {
-      if (!record.empty()) {
-        expected.push_back({"S" + std::to_string(position), record});
-      }
-      ++position;
-    }
-    Check(state.lstTeams == expected, "the team list is what its message says");
+    Check(state.lstTeams == TeamsIn(*payload), "the team list is what its message says");
     Check(!state.selected_team, "a new list has no team selected");
   } else if (const auto names = OnlyPayload(block, "[tdd]")) {
-    std::vector<std::string> expected = Pieces(*names, kFieldSeparator);
-    std::erase(expected, "");
-    Check(state.team_names == expected, "the team names are what their message says");
+    Check(state.team_names == TeamNamesIn(*names), "the team names are what their message says");
   } else if (const auto news = OnlyPayload(block, "[nws]")) {
     Check(news->starts_with('[') || client_.news.rbNews() == *news,
           "the news is what its message says");
@@ -400,8 +319,8 @@ std::string_view WatchedClient::ConnectCaption() const {
   return client_.main_window.menus.Caption(MenuBar().front().items.front());
 }
 
-std::vector<WatchedClient::Player> WatchedClient::Players() const {
-  std::vector<Player> players;
+std::vector<ListedPlayer> WatchedClient::Players() const {
+  std::vector<ListedPlayer> players;
   for (const OnlineList::Entry& entry : client_.online_list.entries()) {
     players.push_back({entry.Key(), std::string(entry.name), std::string(entry.level), entry.colour,
                        entry.marked});

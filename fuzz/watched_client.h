@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "client/client.h"
+#include "fuzz/plain_reading.h"
 #include "tests/fakes/fake_platform.h"
 
 namespace korvanta::fuzz {
@@ -72,20 +73,12 @@ class WatchedClient {
   void CheckAll();
 
  private:
-  /// An entry of the online list as it is drawn.
-  struct Player {
-    std::string key, name, level;
-    Colour colour;
-    bool marked;
-    bool operator==(const Player&) const = default;
-  };
-
   /// What the widgets have drawn, brought up to date only when they are told to.
   struct Drawn {
     std::string title, connect_caption, research, tick_time, chat_text, news;
     Options options;
     std::array<std::array<int, 8>, kTopicRows> board;
-    std::vector<Player> players;
+    std::vector<ListedPlayer> players;
     std::string messages;
     StatisticsState statistics;
     TournamentState tournament;
@@ -98,12 +91,11 @@ class WatchedClient {
   void CheckView();
   void CheckBoard() const;
   void CheckDrawn() const;
-  void CheckPlayers(std::string_view payload) const;
   void CheckTeams(std::string_view block);
   void CheckStored();
   std::array<int, 8> BoardRow(std::size_t row) const;
   std::string_view ConnectCaption() const;
-  std::vector<Player> Players() const;
+  std::vector<ListedPlayer> Players() const;
 
   fakes::MemorySettings& settings_;
   fakes::FakeTimers timers_;
