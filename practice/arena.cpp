@@ -74,10 +74,7 @@ void Arena::Enter(Player& player) {
   }
   player.is_away = false;
   players_.ListChanges();
-  const auto lost = std::find_if(lost_.begin(), lost_.end(), [&](const Contender& contender) {
-    return contender.account == player.account;
-  });
-  const bool may_return = phase_ == Phase::Playing && lost != lost_.end();
+  const bool may_return = phase_ == Phase::Playing && LostSeatOf(player) != lost_.end();
   if (may_return || (phase_ == Phase::Playing && !is_for_teams_ && game_->IsOpen() &&
                      !IsMeantForNextGame(player))) {
     player.is_ready = true;
@@ -145,11 +142,17 @@ void Arena::Hurry(Player& player) {
 }
 
 const Contender* Arena::ContenderOf(const Player& player) const {
-  return const_cast<Arena*>(this)->Seat(player);
+  return phase_ == Phase::Playing ? game_->Find(*player.account) : nullptr;
 }
 
 Contender* Arena::Seat(const Player& player) {
   return phase_ == Phase::Playing ? game_->Find(*player.account) : nullptr;
+}
+
+std::list<Contender>::iterator Arena::LostSeatOf(const Player& player) {
+  return std::find_if(lost_.begin(), lost_.end(), [&](const Contender& contender) {
+    return contender.account == player.account;
+  });
 }
 
 bool Arena::IsMeantForNextGame(const Player& player) const {
@@ -240,9 +243,7 @@ void Arena::Begin() {
 
 /// A new one, or the one that the player has been lost from.
 const Contender& Arena::TakeSeat(Player& player, std::string_view team) {
-  const auto lost = std::find_if(lost_.begin(), lost_.end(), [&](const Contender& contender) {
-    return contender.account == player.account;
-  });
+  const auto lost = LostSeatOf(player);
   const bool is_back = lost != lost_.end();
   const Contender& contender = is_back ? game_->Return(*lost) : game_->Enter(*player.account, team);
   std::string board;

@@ -68,6 +68,8 @@ class Arena {
   Contender* SeatOrRefuse(Player& player);
   /// Another player of the game by name; null, and told to the player, when there is none.
   Contender* Opponent(Player& player, const Contender& self, std::string_view name);
+  /// The end of lost_ when the player has lost none.
+  std::list<Contender>::iterator LostSeatOf(const Player& player);
   const Contender& TakeSeat(Player& player, std::string_view team);
   void RemoveFromGame(const Contender& contender, std::string_view what_it_did);
   bool IsMeantForNextGame(const Player& player) const;
