@@ -27,6 +27,8 @@ namespace {
 
 using namespace korvanta;
 
+static_assert(kVersionText == KORVANTA_VERSION, "what is shown and sent is what is packaged");
+
 /// Runs something once, right after a widget was painted for the first time.
 class AfterFirstPaint : public QObject {
  public:
