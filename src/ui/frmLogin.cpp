@@ -11,11 +11,11 @@
 #include <QMenu>
 #include <QPointer>
 #include <QPushButton>
-#include <QStyledItemDelegate>
 #include <QToolButton>
 #include <initializer_list>
 #include <limits>
 
+#include "ui/plain_list.h"
 #include "ui/text.h"
 #include "ui/theme.h"
 
@@ -62,8 +62,7 @@ QComboBox* MakeComboBox(const char* name) {
   box->setDuplicatesEnabled(true);
   box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   box->setMinimumContentsLength(kBoxCharacters);
-  box->setItemDelegate(
-      new QStyledItemDelegate(box));  // the one that heeds the theme's item spacing
+  box->setItemDelegate(new OneLineDelegate(box));  // of a kind that heeds the theme's item spacing
   box->lineEdit()->setMaxLength(std::numeric_limits<int>::max());
   return box;
 }

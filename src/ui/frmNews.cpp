@@ -13,6 +13,9 @@ namespace {
 
 constexpr qsizetype kLongWord = 500;
 
+/// More than anyone reads as news; the toolkit lays out all of it before it shows the first line.
+constexpr qsizetype kNewsLength = qsizetype{64} * 1024;
+
 bool HasLongWord(const QString& text) {
   qsizetype length = 0;
   return std::any_of(text.begin(), text.end(), [&length](QChar c) {
@@ -67,7 +70,7 @@ frmNews::frmNews(News& news, QWidget* owner)
 }
 
 void frmNews::Refresh() {
-  const QString text = ToQString(news_.rbNews());
+  const QString text = Head(ToQString(news_.rbNews()), kNewsLength);
   // Breaking a word between its letters takes the square of its length, unless any place will do.
   rbNews->clear();
   rbNews->setWordWrapMode(HasLongWord(text) ? QTextOption::WrapAnywhere

@@ -279,8 +279,11 @@ void frmTournament::ShowTeamNames() {
   const int selection_length = box.selectionLength();
   const bool backwards = selection_start == caret;
   cmbTeam->clear();
+  cmbTeam->addItem(
+      QString());  // the first item comes into the text field, where it would be laid out
   cmbTeam->addItems(names);
   cmbTeam->setCurrentIndex(-1);
+  cmbTeam->removeItem(0);
   box.setText(typed);
   box.setCursorPosition(caret);
   if (selection_start >= 0) {

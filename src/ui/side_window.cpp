@@ -18,6 +18,9 @@ constexpr qsizetype kToolTipLength = 20 * kToolTipLine;
 /// More characters than a line on a screen can show.
 constexpr qsizetype kLineLength = 1000;
 
+/// More than anyone reads in a box of one line.
+constexpr qsizetype kBoxLength = 10'000;
+
 }  // namespace
 
 SideWindow::SideWindow(WindowLife& life, QWidget* owner, Qt::WindowFlags flags)
@@ -66,34 +69,37 @@ void NameControl(QWidget& control, const QString& name, const QString& accessibl
   control.setAccessibleName(accessible_name);
 }
 
+QString Head(const QString& text, qsizetype most) {
+  return text.size() > most ? text.first(most) + QChar(u'\u2026') : text;
+}
+
 void ShowText(QLineEdit& box, std::string_view text) {
-  if (ToBytes(box.text()) != text) {
-    box.setText(ToQString(text));
+  const QString head = Head(ToQString(text), kBoxLength);
+  // What the user typed is whole, however long.
+  if (box.text() != head && ToBytes(box.text()) != text) {
+    box.setText(head);
     box.setCursorPosition(0);
   }
 }
 
 QString OneLine(const QString& text) {
-  QString line = text.left(kLineLength);
+  QString line = Head(text, kLineLength);
   std::replace_if(
       line.begin(), line.end(), [](QChar c) { return c.category() == QChar::Other_Control; },
       QChar(u' '));
-  return line.size() < text.size() ? line + QChar(u'\u2026') : line;
+  return line;
 }
 
 QString PlainToolTip(const QString& text) {
   QString lines;
   qsizetype in_line = 0;
-  for (const QChar c : text.left(kToolTipLength)) {
+  for (const QChar c : Head(text, kToolTipLength)) {
     if (in_line == kToolTipLine) {
       lines += QLatin1Char('\n');
       in_line = 0;
     }
     lines += c;
     in_line = c == QLatin1Char('\n') ? 0 : in_line + 1;
-  }
-  if (text.size() > kToolTipLength) {
-    lines += QChar(u'\u2026');
   }
   return QLatin1String("<div style=\"white-space: pre\">") + lines.toHtmlEscaped() +
          QLatin1String("</div>");

@@ -60,21 +60,6 @@ TEST_F(FrmStatsTest, EnterAndTheButtonSearchForWhatIsTyped) {
   EXPECT_THAT(player.TakeSent(), ElementsAre(request, request));
 }
 
-TEST_F(FrmStatsTest, LongTextsAreWholeAndDoNotGrowTheWindow) {
-  desk.Open();
-  const QSize size = desk.frame->size();
-  const std::string name = "<b>A&" + std::string(5000, 'W');
-  const std::string text = std::string(40000, '9') + " & <b>x</b>\r\n";
-  statistics.ShowUserStatistics(Reply(name, text, "1"));
-  QTest::qWait(0);
-  EXPECT_EQ(desk.frame->size(), size);
-  EXPECT_EQ(desk.Get<QLineEdit>("rbScore").text(), ToQString(text));
-  auto& caption = desk.Get<QGroupBox>("frmUserData");
-  EXPECT_TRUE(caption.title().startsWith(QStringLiteral("Statistics for '<b>A&&W")));
-  EXPECT_TRUE(caption.toolTip().contains(QStringLiteral("Statistics for '&lt;b&gt;A")));
-  EXPECT_EQ(caption.accessibleName(), ToQString("Statistics for '" + name + "'"));
-}
-
 TEST_F(FrmStatsTest, ClosesByEscAndByItsFrame) {
   ExpectClosesByEscAndByItsFrame(desk);
   statistics.ShowUserStatistics(Reply("Ann", "7", "1"));
