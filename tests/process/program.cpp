@@ -81,9 +81,13 @@ Program::Program(const QString& file, const QStringList& arguments,
 
 Program::~Program() { Kill(); }
 
-int Program::WaitForExit() {
+int Program::WaitForEnd() {
   WaitUntil("the program ends", [this] { return !IsRunning(); });
-  if (process_.exitStatus() != QProcess::NormalExit) {
+  return process_.exitCode() + (process_.exitStatus() == QProcess::NormalExit ? 0 : 128);
+}
+
+int Program::WaitForExit() {
+  if (WaitForEnd() > 128) {
     throw HarnessError("the program crashed; it said:\n" + QString::fromUtf8(Output()));
   }
   return process_.exitCode();

@@ -1,0 +1,117 @@
+/// The program between a server that does its worst and ends that come at the worst moment.
+#include <QDir>
+#include <QFileInfo>
+#include <csignal>
+
+#include "tests/process/practice_server.h"
+#include "tests/process/story_test.h"
+
+namespace korvanta::process {
+namespace {
+
+class HostileStory : public ProcessTest {};
+
+TEST_F(HostileStory, WindowsComeAndGoUnderFloodAndMischief) {
+  const PracticeServer server({"--players", "30", "--pace", "20", "--flood", "500", "--mischief",
+                               "cut,numbers,tags,bytes,giant,markup,unended,twice,shuffle",
+                               "--mischief-seed", "5"});
+  const Installation installation(server.address());
+  Program program(installation, display_);
+  Player player(user_, program);
+  player.WaitForStart();
+  player.Login("Newcomer7", "secret1");
+  player.WaitForState("Connected");
+  for (int round = 0; round < 8; ++round) {
+    for (const auto& [shortcut, title] : {std::pair{"F3", "News"},
+                                          {"ctrl+l", "Search Online User"},
+                                          {"ctrl+t", "Tournament Window"}}) {
+      player.Choose(shortcut);
+      const Window window = user_.WaitForWindow(program.pid(), title);
+      user_.Activate(window);
+      if (round % 2 == 0) {
+        user_.Press({"Escape"});
+        user_.WaitUntilGone(window);
+      }
+    }
+  }
+  player.WaitForState("Connected");
+  player.Choose("alt+F4");
+  EXPECT_EQ(program.WaitForExit(), 0);
+  EXPECT_EQ(program.Output().toStdString(), "");
+}
+
+class AbruptEnd : public StoryTest {
+ protected:
+  static constexpr const char* kSettings = "[Menu]\nScrollLock=False\n";
+
+  void StartWithSplash() {
+    program_ = std::make_unique<Program>(installation_, display_);
+    main_ = user_.WaitForWindow(program_->pid(), "Korvanta");
+  }
+  void WaitForAnswer() {
+    const int known = server_.clients();
+    Start();
+    player_->Login("Marlow", "secret1");
+    server_.WaitForClient(known);
+    server_.Expect(Bytes("[con]1.6\001Marlow\001secret1\0"));
+    main_ = main_window();
+  }
+  void Flood() {
+    WaitForAnswer();
+    server_.Send(Bytes("[con]Marlow\0017\0"));
+    player_->WaitForState("Connected");
+    main_ = main_window();
+    server_.Send(Bytes("[msg]cht\001Aster: hail\001False\0[nws]news\0[tif]1\0012\0013\0014\0")
+                     .repeated(50'000));
+  }
+  void MessageBox() {
+    Start();
+    user_.Activate(player_->login_dialog());
+    user_.Press({"Return"});
+    main_ = user_.WaitForWindow(program_->pid(), "Invalid Character Length");
+  }
+
+  Window main_;
+};
+
+TEST_F(AbruptEnd, IsAnEndWhateverGoesOn) {
+  const auto signal = [this] { ::kill(static_cast<pid_t>(program_->pid()), SIGTERM); };
+  const auto frame = [this] { player_->Choose("alt+F4"); };
+  const auto display = [this] {
+    RunTool("xdotool", {"windowkill", main_.id}, display_.environment());
+  };
+  const struct {
+    const char* name;
+    std::function<void()> begin;
+    std::function<void()> end;
+    int exit_status;
+    bool saves;
+  } cases[] = {
+      {"splash, signal", [this] { StartWithSplash(); }, signal, 128 + SIGTERM, false},
+      {"splash, display gone", [this] { StartWithSplash(); }, display, 1, false},
+      {"login not answered, frame", [this] { WaitForAnswer(); }, frame, 0, true},
+      {"flood, frame", [this] { Flood(); }, frame, 0, true},
+      {"flood, signal", [this] { Flood(); }, signal, 128 + SIGTERM, false},
+      {"flood, display gone", [this] { Flood(); }, display, 1, false},
+      {"message box, signal", [this] { MessageBox(); }, signal, 128 + SIGTERM, false},
+      {"message box, display gone", [this] { MessageBox(); }, display, 1, false},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    installation_.WriteSettings(kSettings);
+    c.begin();
+    const qint64 pid = program_->pid();
+    c.end();
+    EXPECT_EQ(program_->WaitForEnd(), c.exit_status);
+    // Leaks do not count: when the display goes, the toolkit ends the program where it stands.
+    const QByteArray output = program_->Output();
+    EXPECT_FALSE(output.contains("ERROR: AddressSanitizer") || output.contains("runtime error:"))
+        << output.constData();
+    EXPECT_EQ(installation_.Settings() != kSettings, c.saves);
+    EXPECT_EQ(QFileInfo(installation_.settings_file()).dir().entryList(QDir::Files).size(), 1);
+    EXPECT_EQ(user_.Windows(pid).size(), 0);
+  }
+}
+
+}  // namespace
+}  // namespace korvanta::process
