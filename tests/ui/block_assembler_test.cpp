@@ -68,6 +68,23 @@ TEST(BlockAssembler, WholeMessagesComeOutWhereverTheStreamIsCut) {
   }
 }
 
+TEST(BlockAssembler, WholeMessagesComeOutOfAStreamOfSingleBytes) {
+  Stream stream;
+  std::vector<std::string> blocks;
+  for (const char byte : kSession) {
+    stream.Add({&byte, 1});
+    for (const std::string& block : stream.Take()) {
+      blocks.push_back(block);
+    }
+    stream.now += BlockAssembler::kRestWait - 1ms;
+  }
+  EXPECT_THAT(blocks, ElementsAre(Text("[con]Ann\x01"
+                                       "7|"),
+                                  Text("[onl]Ann\x02"
+                                       "Ben|"),
+                                  Text("|"), Text("[msg]cht\x01hello|"), Text("[tim]30|")));
+}
+
 TEST(BlockAssembler, RestIsGivenUpAfterItsWaitAndNotBefore) {
   Stream stream;
   stream.Add(Text("[a]1|[b]"));
