@@ -13,6 +13,7 @@
 
 #include "practice/main_command_line.h"
 #include "practice/network_server.h"
+#include "protocol/connection.h"
 
 namespace korvanta::practice {
 namespace {
@@ -99,7 +100,8 @@ int Run(const CommandLine& command) {
 int main(int argc, char** argv) {
   QCoreApplication application(argc, argv);
   QCoreApplication::setApplicationName(QStringLiteral("korvanta-practice-server"));
-  QCoreApplication::setApplicationVersion(QStringLiteral("1.6"));
+  QCoreApplication::setApplicationVersion(
+      QString::fromLatin1(korvanta::kVersionText.data(), korvanta::kVersionText.size()));
   QStringList faults;
   const auto command = korvanta::practice::ReadCommandLine(QCoreApplication::arguments(), faults);
   int status = 0;

@@ -11,6 +11,7 @@
 #include "client/client.h"
 #include "ui/desktop/deployment_file.h"
 #include "ui/desktop/desktop_web_opener.h"
+#include "ui/desktop/end_signals.h"
 #include "ui/desktop/ini_settings_store.h"
 #include "ui/desktop/instance_lock.h"
 #include "ui/desktop/qt_client_socket.h"
@@ -86,6 +87,14 @@ int RunClient(const QString& folder, const QString& program_name,
     splash->hide();
     splash.release()->deleteLater();  // it may be handling an event of its own
   };
+  QObject context;
+  OnEndSignal(context, [&] {
+    if (main_window && main_window->isVisible()) {
+      main_window->close();
+    } else {
+      QApplication::quit();
+    }
+  });
   if (!client.StartUp()) {
     return 0;
   }
