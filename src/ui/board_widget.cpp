@@ -31,7 +31,6 @@ BoardWidget::BoardWidget(ResearchBoard& board, QWidget* parent) : QWidget(parent
   setObjectName(QStringLiteral("ResearchBoard"));
   setAccessibleName(QStringLiteral("Research board"));
   setFixedSize(kSize);
-  setAttribute(Qt::WA_OpaquePaintEvent);
   setMouseTracking(true);
   // A right click opens a menu and leaves the caret where it was; mousePressEvent takes left ones.
   setFocusPolicy(Qt::TabFocus);
@@ -105,6 +104,11 @@ int BoardWidget::BoxUnder(QPoint position) {
   return -1;
 }
 
+QVariant BoardWidget::inputMethodQuery(Qt::InputMethodQuery query) const {
+  return query == Qt::ImCursorRectangle ? QVariant(BoxRect(current_))
+                                        : QWidget::inputMethodQuery(query);
+}
+
 void BoardWidget::OpenBoxMenu(int box, QPoint global_pos) const {
   if (!on_box_menu) {
     return;
@@ -127,6 +131,9 @@ void BoardWidget::SetCurrentBox(int box) {
   update();
   if (hasFocus()) {
     TellBoxFocused(*this, current_);
+  }
+  if (on_current_box) {
+    on_current_box(BoxRect(current_).center());
   }
 }
 

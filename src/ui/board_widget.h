@@ -23,6 +23,9 @@ class BoardWidget : public QWidget {
   /// The Golden Knowledge has topic 5 and level 5. The position is one of the screen.
   std::function<void(std::int16_t topic, std::int16_t level, QPoint global_pos)> on_box_menu;
 
+  /// The keyboard is at another box, whose middle this is.
+  std::function<void(QPoint middle)> on_current_box;
+
   /// Boxes count as in board_layout.h.
   int current_box() const { return current_; }
   void SetCurrentBox(int box);
@@ -32,6 +35,8 @@ class BoardWidget : public QWidget {
   QString BoxText(int box) const;
   /// The box at a position of this widget, or -1.
   static int BoxUnder(QPoint position);
+  /// Tells screen magnifiers, and the area that scrolls, where the keyboard is.
+  QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
  protected:
   bool event(QEvent* event) override;

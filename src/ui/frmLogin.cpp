@@ -123,6 +123,7 @@ void frmLogin::Build() {
   const QString title = QStringLiteral("Connection Values:");
   frmValues = Name(new QGroupBox(title), "frmValues", title);
   auto* values = new QGridLayout(frmValues);
+  values->setContentsMargins({});
   values->setHorizontalSpacing(theme::kUnit);
   values->setVerticalSpacing(theme::kUnit);
   values->addWidget(lblServer, 0, 0);

@@ -12,6 +12,7 @@
 
 #include "ui/board_widget.h"
 #include "ui/chat_box.h"
+#include "ui/fitting_area.h"
 #include "ui/frmLogin.h"
 #include "ui/frmNews.h"
 #include "ui/frmStats.h"
@@ -29,6 +30,7 @@ namespace {
 constexpr QSize kContentSize{1120, 660};
 constexpr int kOnlineListWidth = 316;
 constexpr int kSendWidth = 112;
+constexpr int kBoxInSight = 8 * theme::kUnit;  ///< around the middle of the board's current box
 
 /// With its first item ready for Enter.
 void OpenMenu(QMenu& menu, QPoint global_pos) {
@@ -47,12 +49,14 @@ frmMain::frmMain(Client& client) : client_(client) {
   mnuWarMenu->setAccessibleName(QStringLiteral("Player"));
 
   // The content keeps its size and place whatever becomes of the window's.
-  auto* ground = new QWidget(this);
-  QWidget* content = MakeContent();
-  content->setParent(ground);
-  content->move(0, 0);
-  setCentralWidget(ground);
-  resize(kContentSize.width(), kContentSize.height() + menuBar()->sizeHint().height());
+  auto* area = new FittingArea(MakeContent(), false);
+  setCentralWidget(area);
+  board->on_current_box = [this, area](QPoint middle) {
+    const QPoint place = board->mapTo(area->widget(), middle);
+    area->ensureVisible(place.x(), place.y(), kBoxInSight, kBoxInSight);
+  };
+  FitToScreen(*this,
+              {kContentSize.width(), kContentSize.height() + menuBar()->sizeHint().height()});
 
   BindClient();
   cboSend->setFocus();

@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 #include <limits>
 
+#include "ui/fitting_area.h"
 #include "ui/text.h"
 #include "ui/theme.h"
 
@@ -72,6 +73,7 @@ void frmStats::LayOut() {
   search->addWidget(btnLoad);
 
   auto* figures = new QGridLayout(frmUserData);
+  figures->setContentsMargins({});
   figures->setHorizontalSpacing(2 * theme::kUnit);
   figures->setVerticalSpacing(theme::kUnit);
   for (std::size_t i = 0; i < fields_.size(); ++i) {
@@ -91,9 +93,12 @@ void frmStats::LayOut() {
   figures->setRowStretch(figures->rowCount(), 1);
 
   auto* awards = new QVBoxLayout(frmAward);
+  awards->setContentsMargins({});
   awards->addWidget(lstAwards);
 
-  auto* frames = new QHBoxLayout;
+  auto* both = new QWidget;
+  auto* frames = new QHBoxLayout(both);
+  frames->setContentsMargins({});
   frames->setSpacing(2 * theme::kUnit);
   frames->addWidget(frmUserData);
   frames->addWidget(frmAward, 1);
@@ -102,8 +107,9 @@ void frmStats::LayOut() {
   all->setContentsMargins(2 * theme::kUnit, 2 * theme::kUnit, 2 * theme::kUnit, 2 * theme::kUnit);
   all->setSpacing(2 * theme::kUnit);
   all->addLayout(search);
-  all->addLayout(frames, 1);
+  all->addWidget(new FittingArea(both, true), 1);
   btnLoad->setDefault(true);  // the dialog hears of it only from a button that it has
+  FitToScreen(*this, sizeHint());
 }
 
 void frmStats::Refresh() {

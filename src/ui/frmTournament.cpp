@@ -54,6 +54,7 @@ void AddBelow(QGridLayout& grid, QWidget* control) {
 
 QGridLayout* MakeGrid(QWidget* page) {
   auto* grid = new QGridLayout(page);
+  grid->setContentsMargins({});
   grid->setHorizontalSpacing(2 * theme::kUnit);
   grid->setVerticalSpacing(theme::kUnit);
   grid->setColumnStretch(1, 1);
@@ -213,6 +214,7 @@ void frmTournament::FillTeamsPage() {
   buttons->addWidget(KickPlayer);
   buttons->addWidget(btnDisband);
   auto* page = new QVBoxLayout(fTeams);
+  page->setContentsMargins({});
   page->setSpacing(theme::kUnit);
   page->addWidget(lstTeams, 1);
   page->addLayout(buttons);
@@ -227,6 +229,12 @@ void frmTournament::FillAdminPage() {
   AddBelow(*grid, Command2);
   AddBelow(*grid, Command3);
   grid->setRowStretch(grid->rowCount(), 1);
+}
+
+/// Window managers show a tool window without giving it the keyboard; this one is for typing.
+void frmTournament::showEvent(QShowEvent* event) {
+  SideWindow::showEvent(event);
+  activateWindow();
 }
 
 void frmTournament::CentreOver(const QWidget& owner) {

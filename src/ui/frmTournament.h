@@ -37,6 +37,9 @@ class frmTournament : public SideWindow {
  public:
   frmTournament(Tournament& tournament, QWidget* owner);
 
+ protected:
+  void showEvent(QShowEvent* event) override;
+
  private:
   QLineEdit* MakeBox(const char16_t* name, std::string TournamentTexts::*text);
   QPushButton* MakeButton(const char16_t* name, const char16_t* caption,

@@ -88,7 +88,7 @@ QComboBox QAbstractItemView { background: @paper; color: @ink; selection-backgro
               selection-color: @ink; border: 1px solid @chromeBorder; outline: none; }
 QComboBox QAbstractItemView::item { padding: 3px 8px; border: none; background: @paper; color: @ink; }
 QComboBox QAbstractItemView::item:selected { background: @selection; }
-QGroupBox { border: 1px solid @chromeBorder; border-radius: 6px; margin-top: 10px; padding: 12px; }
+QGroupBox { border: 1px solid @chromeBorder; border-radius: 6px; margin-top: 10px; padding: 16px; }
 QGroupBox::title { subcontrol-origin: margin; left: 12px; padding: 0 4px; color: @goldText; }
 QCheckBox { spacing: 8px; padding: 3px; border: 1px solid transparent; border-radius: 3px; }
 QCheckBox:focus { border-color: @gold; }
@@ -96,8 +96,8 @@ QCheckBox::indicator { width: 14px; height: 14px; border: 1px solid @mutedText; 
               background: @paper; }
 QCheckBox::indicator:checked { image: url(:/pictures/check.svg); }
 QTreeView { background: @paper; color: @ink; border: 1px solid @chromeBorder; border-radius: 4px;
-              selection-background-color: @selection; selection-color: @ink; outline: none; }
-QTreeView:focus { border: 2px solid @gold; }
+              padding: 1px; selection-background-color: @selection; selection-color: @ink; outline: none; }
+QTreeView:focus { border: 2px solid @gold; padding: 0; }
 QAbstractScrollArea#rbMessages { background: @paper; border: 1px solid @chromeBorder; border-radius: 4px;
               padding: 1px; }
 QAbstractScrollArea#rbMessages:focus { border: 2px solid @gold; padding: 0; }
@@ -121,6 +121,7 @@ QScrollBar::handle:hover { background: @inkMuted; }
 QScrollBar::handle:disabled { background: @paperHeader; }
 QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
 QScrollBar::add-page, QScrollBar::sub-page { background: none; }
+#windowBar { background: @chrome; }
 QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
 QMessageBox QLabel { padding: 4px; }
 QMessageBox QPushButton { min-width: 56px; }

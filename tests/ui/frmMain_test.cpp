@@ -7,6 +7,8 @@
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 #include <QTreeView>
 #include <gmock/gmock.h>
@@ -128,6 +130,31 @@ TEST_F(frmMainTest, ResizingMovesNothing) {
   window.resize(700, 400);
   QApplication::processEvents();
   EXPECT_EQ(places(), before);
+}
+
+TEST_F(frmMainTest, InLessRoomWhatHasTheKeyboardScrollsIntoSight) {
+  auto& area = Get<QScrollArea>("fittingArea");
+  auto& board = Get<QWidget>("ResearchBoard");
+  const auto bars = [&] {
+    return std::pair(area.horizontalScrollBar()->isVisible(),
+                     area.verticalScrollBar()->isVisible());
+  };
+  window.resize(1200, 700);
+  EXPECT_EQ(bars(), std::pair(false, false));
+  EXPECT_EQ(area.verticalScrollBar()->maximum(), 0);
+  window.resize(700, 400);
+  EXPECT_EQ(bars(), std::pair(true, true));
+  for (const char* name : {"btnSend", "lstOnline", "ResearchBoard"}) {
+    Get<QWidget>(name).setFocus();
+    const QRect place =
+        &Get<QWidget>(name) == &board ? board_layout::BoxRect(0) : Get<QWidget>(name).rect();
+    EXPECT_EQ(Get<QWidget>(name).visibleRegion().intersected(place), QRegion(place)) << name;
+  }
+  for (int i = 0; i < kTopLevel; ++i) {
+    QTest::keyClick(&board, Qt::Key_Right);
+  }
+  const QRect goal = board_layout::BoxRect(board_layout::kGoldenIndex);
+  EXPECT_EQ(board.visibleRegion().intersected(goal), QRegion(goal));
 }
 
 TEST_F(frmMainTest, FindIsReachedFromTheChatLineAndByTab) {
