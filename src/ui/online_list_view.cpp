@@ -4,23 +4,30 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QStyledItemDelegate>
 #include <optional>
+
+#include "ui/theme.h"
 
 namespace korvanta {
 namespace {
 
 constexpr int kLevelColumnWidth = 84;
 
-/// Draws selected texts in the colours of the others.
+/// Draws selected rows as the others, on the ground of what is selected.
 class OwnColourDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
 
- protected:
-  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-    QStyledItemDelegate::initStyleOption(option, index);
-    option->palette.setColor(QPalette::HighlightedText, option->palette.color(QPalette::Text));
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    QStyleOptionViewItem plain(option);
+    if (plain.state.testFlag(QStyle::State_Selected)) {
+      painter->fillRect(plain.rect, theme::kSelection);
+    }
+    plain.state &= ~(QStyle::State_Selected | QStyle::State_HasFocus);
+    QStyledItemDelegate::paint(painter, plain, index);
   }
 };
 
@@ -36,7 +43,6 @@ OnlineListView::OnlineListView(OnlineList& list, QWidget* parent)
   setIconSize({OnlineListModel::kMarkSize, OnlineListModel::kMarkSize});
   setRootIsDecorated(false);
   setItemsExpandable(false);
-  setAllColumnsShowFocus(true);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setSelectionMode(QAbstractItemView::SingleSelection);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -84,6 +90,15 @@ void OnlineListView::keyPressEvent(QKeyEvent* event) {
   }
 }
 
+/// The toolkit makes the first row the current one; without a selection the first arrow key would
+/// then skip it.
+void OnlineListView::focusInEvent(QFocusEvent* event) {
+  QTreeView::focusInEvent(event);
+  if (!selectionModel()->hasSelection()) {
+    selectionModel()->clearCurrentIndex();
+  }
+}
+
 /// The keys ask for the menu themselves; the toolkit's own request would be the second.
 void OnlineListView::contextMenuEvent(QContextMenuEvent* event) { event->accept(); }
 
@@ -100,6 +115,7 @@ void OnlineListView::AskForMenu(QPoint global_pos) const {
 void OnlineListView::selectionChanged(const QItemSelection& selected,
                                       const QItemSelection& deselected) {
   QTreeView::selectionChanged(selected, deselected);
+  viewport()->update();  // rows of it would end inside device pixels at 125 and 150 %
   const QModelIndexList rows = selectionModel()->selectedRows();
   list_.Select(rows.isEmpty() ? std::nullopt : std::optional(model_->EntryAt(rows.first().row())));
 }

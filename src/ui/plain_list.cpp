@@ -57,6 +57,7 @@ PlainListView::PlainListView(const QString& heading, QWidget* parent)
   header()->setSectionsClickable(false);
   header()->setSectionResizeMode(QHeaderView::Stretch);
   connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+    viewport()->update();  // rows of it would end inside device pixels at 125 and 150 %
     if (on_selected) {
       on_selected(selected());
     }

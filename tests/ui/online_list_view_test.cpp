@@ -4,6 +4,8 @@
 #include <QTest>
 #include <gmock/gmock.h>
 
+#include "ui/theme.h"
+
 namespace korvanta {
 namespace {
 
@@ -90,6 +92,20 @@ TEST_F(OnlineListViewTest, TheKeyboardAsksForTheMenuAtTheEntry) {
   ASSERT_EQ(menus.size(), 1U);
   const QRect entry = view.visualRect(view.currentIndex());
   EXPECT_EQ(view.viewport()->mapFromGlobal(menus[0]).y(), entry.bottom());
+}
+
+TEST_F(OnlineListViewTest, TheFirstArrowKeySelectsTheFirstEntryOnAGroundThatLeavesItsMarkAsItIs) {
+  view.setFocus();
+  QTest::keyClick(&view, Qt::Key_Down);
+  EXPECT_EQ(Selected(), "bob");
+  const QRect row = view.visualRect(view.currentIndex());
+  const QImage selected = view.viewport()->grab(row).toImage();
+  EXPECT_EQ(selected.pixelColor(1, 1), theme::kSelection);
+  view.clearSelection();
+  const QImage plain = view.viewport()->grab(row).toImage();
+  const QPoint mark(4 + OnlineListModel::kMarkSize / 2, row.height() / 2);
+  EXPECT_EQ(selected.pixelColor(mark), plain.pixelColor(mark));
+  EXPECT_NE(plain.pixelColor(mark), theme::kPaper);
 }
 
 TEST_F(OnlineListViewTest, AMarkIsAPictureAndIsReadAloud) {
