@@ -38,6 +38,7 @@ QString WithColours(QString sheet) {
       {"@paper", kPaper},
       {"@inkMuted", kInkMuted},
       {"@ink", kInk},
+      {"@handle", kHandle},
       {"@goldText", kGoldText},
       {"@gold", kGold},
       {"@selection", kSelection},
@@ -56,6 +57,7 @@ QMenu { background: @chromeRaised; color: @chromeText; border: 1px solid @chrome
 QMenu::item { padding: 5px 28px 5px 28px; border-radius: 3px; }
 QMenu::item:selected { background: @chromeBorder; color: @goldText; }
 QMenu::item:disabled { color: @mutedText; }
+QMenu::item:selected:disabled { background: @chrome; color: @mutedText; }
 QMenu::separator { height: 1px; background: @chromeBorder; margin: 4px 8px; }
 QPushButton { background: @chromeRaised; color: @chromeText; border: 1px solid @chromeBorder;
               border-radius: 4px; padding: 6px 16px; min-height: 18px; outline: none; }
@@ -116,7 +118,7 @@ QTabBar::tab:selected { color: @goldText; border-bottom-color: @gold; }
 QTabBar::tab:focus { border: 1px solid @gold; }
 QScrollBar:vertical { background: @paperHeader; width: 12px; margin: 0; }
 QScrollBar:horizontal { background: @paperHeader; height: 12px; margin: 0; }
-QScrollBar::handle { background: @mutedText; border-radius: 4px; margin: 2px; min-height: 24px; min-width: 24px; }
+QScrollBar::handle { background: @handle; border-radius: 4px; margin: 2px; min-height: 24px; min-width: 24px; }
 QScrollBar::handle:hover { background: @inkMuted; }
 QScrollBar::handle:disabled { background: @paperHeader; }
 QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }

@@ -29,11 +29,12 @@ inline constexpr QColor kPaper{0xff, 0xff, 0xff};        ///< reading and typing
 inline constexpr QColor kPaperHeader{0xe6, 0xe7, 0xeb};  ///< column headers on paper
 inline constexpr QColor kInk{0x14, 0x15, 0x18};
 inline constexpr QColor kInkMuted{0x5c, 0x60, 0x6b};
-inline constexpr QColor kGold{0xe0, 0xb8, 0x3c};  ///< the one accent: focus, default button, goal
+inline constexpr QColor kHandle{0x7e, 0x82, 0x8d};  ///< of scroll bars, on paper and on chrome
+inline constexpr QColor kGold{0xe0, 0xb8, 0x3c};    ///< the one accent: focus, default button, goal
 inline constexpr QColor kGoldText{0xf0, 0xd0, 0x70};
 inline constexpr QColor kWarning{0xb0, 0x10, 0x10};
-inline constexpr QColor kSelection{0xcf, 0xdc, 0xf6};  ///< selected text and rows on paper
-inline constexpr QColor kFound{0xff, 0xe0, 0x82};      ///< what a search found, on paper
+inline constexpr QColor kSelection{0xdb, 0xe6, 0xfc};  ///< selected text and rows on paper
+inline constexpr QColor kFound{0xff, 0xe8, 0x9c};      ///< what a search found, on paper
 
 /// Sets palette, font and style sheet for the whole program. Individual windows add none of their
 /// own; controls that differ say so through the properties that the style sheet names.

@@ -10,7 +10,6 @@
 
 #include "tests/fakes/fake_platform.h"
 #include "ui/board_layout.h"
-#include "ui/contrast.h"
 #include "ui/text.h"
 #include "ui/theme.h"
 
@@ -158,17 +157,6 @@ TEST_F(BoardWidgetTest, FramesAndLinesAreDrawnAsThickAsTheModelSays) {
     }
     EXPECT_EQ(red, line == 1 ? kReachedWidth : kPlainWidth) << line;
   }
-}
-
-TEST(BoardColours, OnlyTheBlueThatTheRulesFixIsHardToReadOnBlack) {
-  std::vector<std::string_view> hard;
-  for (const TopicRow& topic : kTopics) {
-    if (Contrast(ToQColor(topic.colour), Qt::black) < 4.5) {
-      hard.push_back(topic.name);
-    }
-  }
-  EXPECT_THAT(hard, testing::ElementsAre("Defense"));
-  EXPECT_NEAR(Contrast(Qt::blue, Qt::white), 8.59, 0.01);
 }
 
 }  // namespace
