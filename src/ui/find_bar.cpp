@@ -65,9 +65,9 @@ FindBar::FindBar(QWidget* parent) : QWidget(parent) {
     std::function<void()> press;
   };
   const Button buttons[] = {
-      {"btnOlder", "Older", [this] { on_next(Direction::Older); }},
-      {"btnNewer", "Newer", [this] { on_next(Direction::Newer); }},
-      {"btnCloseFind", "Close", [this] { on_close(); }},
+      {"btnOlder", "Ol&der", [this] { on_next(Direction::Older); }},
+      {"btnNewer", "&Newer", [this] { on_next(Direction::Newer); }},
+      {"btnCloseFind", "Clo&se", [this] { on_close(); }},
   };
   setTabOrder(parent, txtFind);
   QWidget* before = txtFind;
@@ -75,7 +75,7 @@ FindBar::FindBar(QWidget* parent) : QWidget(parent) {
     auto* button = new QToolButton(this);
     button->setObjectName(QLatin1String(name));
     button->setText(QLatin1String(caption));
-    button->setAccessibleName(button->text());
+    button->setAccessibleName(button->text().remove(QLatin1Char('&')));
     button->setFocusPolicy(Qt::StrongFocus);
     connect(button, &QToolButton::clicked, this, press);
     row->addWidget(button);

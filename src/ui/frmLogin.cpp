@@ -15,6 +15,7 @@
 #include <initializer_list>
 #include <limits>
 
+#include "ui/access_keys.h"
 #include "ui/plain_list.h"
 #include "ui/text.h"
 #include "ui/theme.h"
@@ -191,9 +192,10 @@ void frmLogin::ShowUserNameMenu(const QPoint& at) {
   QMenu* menu = cboUsernames->lineEdit()->createStandardContextMenu();
   menu->setAttribute(Qt::WA_DeleteOnClose);
   menu->addSeparator();
-  QAction* remove = menu->addAction(imgDispose->icon(), imgDispose->text());
+  QAction* remove = menu->addAction(imgDispose->icon(), imgDispose->accessibleName());
   remove->setShortcut(imgDispose->shortcut());
   connect(remove, &QAction::triggered, this, [this] { dialog_.RemoveUserClicked(); });
+  GiveAccessKeys(*menu);
   menu->popup(cboUsernames->mapToGlobal(at));
 }
 

@@ -8,8 +8,11 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QShortcut>
 #include <QVBoxLayout>
+#include <utility>
 
+#include "ui/access_keys.h"
 #include "ui/board_widget.h"
 #include "ui/chat_box.h"
 #include "ui/fitting_area.h"
@@ -47,6 +50,7 @@ frmMain::frmMain(Client& client) : client_(client) {
   mPopMenu->setAccessibleName(QStringLiteral("Topic"));
   mnuWarMenu = MakeMenu(WarMenu());
   mnuWarMenu->setAccessibleName(QStringLiteral("Player"));
+  RefreshMenus();
 
   // The content keeps its size and place whatever becomes of the window's.
   auto* area = new FittingArea(MakeContent(), false);
@@ -68,9 +72,9 @@ QWidget* frmMain::MakeContent() {
   board = new BoardWidget(client_.research_board, content);
   rbMessages = new MessageViewWidget(client_.message_view, content);
   cboSend = new ChatBox(client_.chat_input, content);
-  btnSend = new QPushButton(QStringLiteral("Transmit"), content);
+  btnSend = new QPushButton(QStringLiteral("&Transmit"), content);
   btnSend->setObjectName(QStringLiteral("btnSend"));
-  btnSend->setAccessibleName(btnSend->text());
+  btnSend->setAccessibleName(QStringLiteral("Transmit"));
   btnSend->setDefault(true);
   lstOnline = new OnlineListView(client_.online_list, content);
 
@@ -95,6 +99,16 @@ QWidget* frmMain::MakeContent() {
   column->addWidget(board);
   column->addLayout(lobby, 1);
 
+  const std::pair<Qt::Key, QWidget*> access_keys[] = {
+      {Qt::Key_B, board},
+      {Qt::Key_M, rbMessages},
+      {Qt::Key_C, cboSend},
+      {Qt::Key_P, lstOnline},
+  };
+  for (const auto& [key, control] : access_keys) {
+    new QShortcut(Qt::ALT | key, control,
+                  [control = control] { control->setFocus(Qt::ShortcutFocusReason); });
+  }
   setTabOrder(board, rbMessages);
   setTabOrder(rbMessages, cboSend);
   setTabOrder(cboSend, btnSend);
@@ -107,7 +121,6 @@ void frmMain::MakeMenuBar() {
   for (const Menu& menu : MenuBar()) {
     menuBar()->addMenu(MakeMenu(menu));
   }
-  RefreshMenus();
 }
 
 QMenu* frmMain::MakeMenu(const Menu& menu) {
@@ -169,6 +182,9 @@ void frmMain::RefreshMenus() {
   for (const auto& [item, action] : actions_) {
     action->setText(ToQString(menus.Caption(*item)));
     action->setChecked(menus.IsChecked(*item));
+  }
+  for (QMenu* menu : findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly)) {
+    GiveAccessKeys(*menu);
   }
 }
 

@@ -56,12 +56,12 @@ class frmMainTest : public testing::Test {
 TEST_F(frmMainTest, TitleAndConnectItemFollowTheConnection) {
   QAction& connect = Get<QAction>("mnuDisCon");
   EXPECT_EQ(window.windowTitle(), QStringLiteral("Korvanta - v1.6 - Disconnected"));
-  EXPECT_EQ(connect.text(), QStringLiteral("Connect"));
+  EXPECT_EQ(connect.text(), QStringLiteral("&Connect"));
   platform.socket.Accept();
   EXPECT_EQ(window.windowTitle(), QStringLiteral("Korvanta - v1.6 - Connected"));
-  EXPECT_EQ(connect.text(), QStringLiteral("Connect"));
+  EXPECT_EQ(connect.text(), QStringLiteral("&Connect"));
   Receive("[con]Ann\0011");
-  EXPECT_EQ(connect.text(), QStringLiteral("Disconnect"));
+  EXPECT_EQ(connect.text(), QStringLiteral("&Disconnect"));
   QTest::keyClick(&window, Qt::Key_F1);
   EXPECT_THAT(platform.socket.TakeSent(), testing::Contains(Message("[dis]")));
 }

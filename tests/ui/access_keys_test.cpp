@@ -1,0 +1,195 @@
+#include <QAbstractButton>
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QDialog>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QShortcut>
+#include <QTabBar>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+#include <map>
+
+#include "tests/fakes/fake_platform.h"
+#include "ui/desktop/qt_message_box.h"
+#include "ui/frmMain.h"
+
+namespace korvanta {
+namespace {
+
+/// The keys that one window or menu answers, and its controls that answer none.
+class Keys {
+ public:
+  void Add(const QString& owner, const QKeySequence& key) {
+    (key.isEmpty() ? missing_ : owners_[key.toString()]).append(owner);
+  }
+  bool Has(const QString& text) const {
+    return std::any_of(owners_.begin(), owners_.end(),
+                       [&](const auto& entry) { return text.contains(entry.first); });
+  }
+  void Expect(const QString& where) const {
+    const std::string place = where.toStdString();
+    EXPECT_FALSE(owners_.empty()) << place;
+    EXPECT_EQ(missing_.join(QLatin1Char(' ')).toStdString(), "") << "without a key in " << place;
+    for (const auto& [key, owners] : owners_) {
+      EXPECT_EQ(owners.size(), 1) << key.toStdString() << " in " << place << ": "
+                                  << owners.join(QLatin1Char(' ')).toStdString();
+    }
+  }
+
+ private:
+  std::map<QString, QStringList> owners_;
+  QStringList missing_;
+};
+
+void CheckMenu(const QMenu& menu) {
+  Keys keys;
+  for (const QAction* action : menu.actions()) {
+    if (!action->isSeparator()) {
+      keys.Add(action->text(), QKeySequence::mnemonic(action->text()));
+    }
+  }
+  keys.Expect(menu.accessibleName());
+}
+
+void CheckWindow(const QWidget& window) {
+  Keys keys;
+  QList<const QAbstractButton*> others;
+  for (const QWidget* widget : window.findChildren<QWidget*>()) {
+    if (!widget->isVisible() || widget->window() != &window) {
+      continue;
+    }
+    if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) {
+      if (button->focusPolicy() == Qt::NoFocus && button->shortcut().isEmpty()) {
+        others.append(button);
+      } else {
+        keys.Add(button->text(), button->shortcut());
+      }
+    } else if (const auto* label = qobject_cast<const QLabel*>(widget); label && label->buddy()) {
+      keys.Add(label->text(), QKeySequence::mnemonic(label->text()));
+    } else if (const auto* tabs = qobject_cast<const QTabBar*>(widget)) {
+      for (int i = 0; i < tabs->count(); ++i) {
+        keys.Add(tabs->tabText(i), QKeySequence::mnemonic(tabs->tabText(i)));
+      }
+    } else if (const auto* bar = qobject_cast<const QMenuBar*>(widget)) {
+      for (const QAction* action : bar->actions()) {
+        keys.Add(action->text(), QKeySequence::mnemonic(action->text()));
+      }
+    }
+    for (const auto* shortcut :
+         widget->findChildren<QShortcut*>(QString(), Qt::FindDirectChildrenOnly)) {
+      keys.Add(widget->objectName(), shortcut->key());
+    }
+  }
+  for (const QAction* action : window.findChildren<QAction*>()) {
+    for (const QKeySequence& key : action->shortcuts()) {
+      keys.Add(action->text(), key);
+    }
+  }
+  for (const QAbstractButton* button : others) {  // their keys are those of an action
+    EXPECT_TRUE(keys.Has(button->toolTip())) << button->objectName().toStdString();
+  }
+  keys.Expect(window.windowTitle());
+}
+
+/// The keyboard goes to the right, or below all of what it leaves.
+void CheckTabOrder(const QWidget& window) {
+  QList<QWidget*> order;
+  QWidget* widget = const_cast<QWidget*>(&window);
+  while ((widget = widget->nextInFocusChain()) != &window) {
+    const bool stops = (widget->focusPolicy() & Qt::TabFocus) != 0 && !widget->focusProxy();
+    if (stops && widget->isVisible() && widget->window() == &window) {
+      order.append(widget);
+    }
+  }
+  ASSERT_GT(order.size(), 1) << window.windowTitle().toStdString();
+  for (qsizetype i = 1; i < order.size(); ++i) {
+    const QRect before(order[i - 1]->mapTo(&window, QPoint()), order[i - 1]->size());
+    const QPoint after = order[i]->mapTo(&window, QPoint());
+    EXPECT_TRUE(after.x() > before.left() || after.y() > before.bottom())
+        << order[i - 1]->objectName().toStdString() << ", then "
+        << order[i]->objectName().toStdString();
+  }
+}
+
+void AskForMenu(QWidget& widget) {
+  QContextMenuEvent event(QContextMenuEvent::Keyboard, widget.rect().center(),
+                          widget.mapToGlobal(widget.rect().center()));
+  QApplication::sendEvent(&widget, &event);
+  auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  ASSERT_NE(menu, nullptr) << widget.objectName().toStdString();
+  CheckMenu(*menu);
+  menu->close();
+}
+
+TEST(AccessKeys, EveryControlHasOneOfItsOwnInReadingOrder) {
+  fakes::FakePlatform platform;
+  Client client(platform.platform(), DeploymentValues{});
+  ASSERT_TRUE(client.StartUp());
+  client.splash.window().Unload();
+  frmMain window(client);
+  client.main_window.Show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+  window.resize(1200, 700);
+  platform.socket.Accept();
+  platform.socket.Receive(std::string("[con]Ann\00190\0", 12));
+  for (WindowLife* life : {&client.login_dialog.window(), &client.statistics.window(),
+                           &client.news.window(), &client.tournament.window()}) {
+    life->Show();
+  }
+  QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+  CheckWindow(window);
+  CheckTabOrder(window);
+  for (const QMenu* menu : window.findChildren<QMenu*>()) {
+    CheckMenu(*menu);
+  }
+  AskForMenu(*window.findChild<QWidget*>(QStringLiteral("rbMessages")));
+
+  const QList<QDialog*> dialogs = window.findChildren<QDialog*>();
+  ASSERT_EQ(dialogs.size(), 4);
+  for (QDialog* dialog : dialogs) {
+    CheckWindow(*dialog);
+    if (dialog->objectName() != QLatin1String("frmLogin")) {  // the rules fix that one's order
+      CheckTabOrder(*dialog);
+    }
+  }
+  AskForMenu(*window.findChild<QWidget*>(QStringLiteral("cboUsernames")));
+  auto* tabs = window.findChild<QTabBar*>(QStringLiteral("TStrip"));
+  ASSERT_EQ(tabs->count(), 3);
+  for (const int tab : {1, 2}) {
+    tabs->setCurrentIndex(tab);
+    CheckWindow(*tabs->window());
+    CheckTabOrder(*tabs->window());
+  }
+}
+
+TEST(AccessKeys, MessageBoxesAnswerTheirKeys) {
+  QtMessageBox box;
+  const struct {
+    Qt::Key key;
+    Qt::KeyboardModifier modifier;
+    bool answer;
+  } answers[] = {
+      {Qt::Key_Return, Qt::NoModifier, true},
+      {Qt::Key_Escape, Qt::NoModifier, false},
+      {Qt::Key_Y, Qt::AltModifier, true},
+      {Qt::Key_N, Qt::AltModifier, false},
+  };
+  for (const auto& [key, modifier, answer] : answers) {
+    QTimer::singleShot(0, [key = key, modifier = modifier] {
+      QWidget* const shown = QApplication::activeModalWidget();
+      EXPECT_TRUE(QTest::qWaitForWindowActive(shown));
+      CheckWindow(*shown);
+      QTest::keyClick(shown, key, modifier);
+      EXPECT_TRUE(QTest::qWaitFor([&] { return !shown->isVisible(); })) << key;
+      shown->close();
+    });
+    EXPECT_EQ(box.Ask("Really?", "Korvanta"), answer) << key;
+  }
+}
+
+}  // namespace
+}  // namespace korvanta
