@@ -3,9 +3,7 @@
 #include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QSignalBlocker>
-#include <QWheelEvent>
 
 #include "ui/text.h"
 #include "ui/theme.h"
@@ -21,14 +19,9 @@ constexpr int kRemainingWidth = 5 * theme::kUnit;
 
 }  // namespace
 
-ChatBox::ChatBox(ChatInput& input, QWidget* parent) : QComboBox(parent), input_(input) {
+ChatBox::ChatBox(ChatInput& input, QWidget* parent) : ChoiceBox(parent), input_(input) {
   setObjectName(QStringLiteral("cboSend"));
   setAccessibleName(QStringLiteral("Chat line"));
-  setEditable(true);
-  setInsertPolicy(QComboBox::NoInsert);
-  setDuplicatesEnabled(true);
-  setCompleter(nullptr);
-  setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   lineEdit()->setAccessibleName(accessibleName());
   view()->setAccessibleName(QStringLiteral("Earlier lines"));
   lineEdit()->setTextMargins(0, 0, kRemainingWidth, 0);
@@ -92,8 +85,6 @@ void ChatBox::keyPressEvent(QKeyEvent* event) {
     QComboBox::keyPressEvent(event);
   }
 }
-
-void ChatBox::wheelEvent(QWheelEvent* event) { event->ignore(); }
 
 void ChatBox::resizeEvent(QResizeEvent* event) {
   QComboBox::resizeEvent(event);

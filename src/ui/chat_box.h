@@ -1,15 +1,14 @@
 /// The chat line's combo box: types into and draws from the plain chat input.
 #pragma once
 
-#include <QComboBox>
-
 #include "lobby/chat_input.h"
+#include "ui/choice_box.h"
 
 class QLabel;
 
 namespace korvanta {
 
-class ChatBox : public QComboBox {
+class ChatBox : public ChoiceBox {
  public:
   /// The chat input outlives the box; its `on_changed` stays with the owner, who calls `Refresh`.
   ChatBox(ChatInput& input, QWidget* parent);
@@ -19,7 +18,6 @@ class ChatBox : public QComboBox {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
-  void wheelEvent(QWheelEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:

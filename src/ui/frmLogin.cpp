@@ -3,11 +3,9 @@
 #include <QAbstractItemView>
 #include <QCheckBox>
 #include <QCloseEvent>
-#include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
 #include <QPointer>
 #include <QPushButton>
@@ -16,6 +14,7 @@
 #include <limits>
 
 #include "ui/access_keys.h"
+#include "ui/choice_box.h"
 #include "ui/plain_list.h"
 #include "ui/text.h"
 #include "ui/theme.h"
@@ -55,13 +54,8 @@ QLabel* MakeLabel(const char* name, const QString& text, QWidget* box) {
 }
 
 QComboBox* MakeComboBox(const char* name) {
-  auto* box = new QComboBox;
+  auto* box = new ChoiceBox;
   box->setObjectName(QLatin1String(name));
-  box->setEditable(true);
-  box->setCompleter(nullptr);
-  box->setInsertPolicy(QComboBox::NoInsert);
-  box->setDuplicatesEnabled(true);
-  box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   box->setMinimumContentsLength(kBoxCharacters);
   box->setItemDelegate(new OneLineDelegate(box));  // of a kind that heeds the theme's item spacing
   box->lineEdit()->setMaxLength(std::numeric_limits<int>::max());

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "ui/choice_box.h"
 #include "ui/text.h"
 #include "ui/theme.h"
 
@@ -100,7 +101,7 @@ frmTournament::frmTournament(Tournament& tournament, QWidget* owner)
       txtPurse(MakeBox(u"txtPurse", &TournamentTexts::txtPurse)),
       iMaxTeams(MakeBox(u"iMaxTeams", &TournamentTexts::iMaxTeams)),
       iMaxPlayers(MakeBox(u"iMaxPlayers", &TournamentTexts::iMaxPlayers)),
-      cmbTeam(new QComboBox),
+      cmbTeam(new ChoiceBox),
       txtPassword(MakeBox(u"txtPassword", &TournamentTexts::txtPassword)),
       Command4(MakeButton(u"Command4", u"C&reate/Join", &Tournament::CreateJoinClicked)),
       fTeams(MakePage(u"fTeams", u"Teams")),
@@ -178,16 +179,11 @@ QPushButton* frmTournament::MakeButton(const char16_t* name, const char16_t* cap
 void frmTournament::FillInfoPage() {
   txtPassword->setEchoMode(QLineEdit::Password);
   cmbTeam->setObjectName(QStringLiteral("cmbTeam"));
-  cmbTeam->setEditable(true);
-  cmbTeam->setCompleter(nullptr);
-  cmbTeam->setInsertPolicy(QComboBox::NoInsert);
-  cmbTeam->setDuplicatesEnabled(true);
   cmbTeam->setItemDelegate(new OneLineDelegate(cmbTeam));
   cmbTeam->view()->setTextElideMode(Qt::ElideRight);
   cmbTeam->view()->setAccessibleName(QStringLiteral("Team Name"));
-  cmbTeam->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  cmbTeam->lineEdit()->setAccessibleName(QStringLiteral("Team Name"));
   cmbTeam->lineEdit()->setMaxLength(std::numeric_limits<int>::max());
+  cmbTeam->lineEdit()->setAccessibleName(QStringLiteral("Team Name"));
   const auto typed = [this](const QString& text) {
     tournament_.Typed(&TournamentTexts::cmbTeam, ToBytes(text));
   };

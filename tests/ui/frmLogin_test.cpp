@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QToolButton>
+#include <QWheelEvent>
 #include <gmock/gmock.h>
 
 #include "tests/fakes/logged_in_player.h"
@@ -114,6 +115,16 @@ TEST_F(FrmLoginTest, ChoosingFromTheListFillsThePassword) {
   QTest::keyClick(&Names(), Qt::Key_Down);
   ExpectForm("Korvanta Beta Server|Bert||off");
   QTest::keyClick(&Names(), Qt::Key_Up);
+}
+
+TEST_F(FrmLoginTest, TheWheelChoosesNobody) {
+  Open();
+  TypeOver(Password(), "typed");
+  const QPointF middle = Names().rect().center();
+  QWheelEvent wheel(middle, Names().mapToGlobal(middle), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
+                    false);
+  QApplication::sendEvent(&Names(), &wheel);
+  ExpectForm("Korvanta Beta Server||typed|off");
 }
 
 TEST_F(FrmLoginTest, LeavingTheNameBoxOrPressingEnterInItIsNoChoice) {
