@@ -184,6 +184,7 @@ void frmLogin::FocusFirstNeeded() {
 /// The box's own menu, and the one thing that the mouse could do and the keyboard could not.
 void frmLogin::ShowUserNameMenu(const QPoint& at) {
   QMenu* menu = cboUsernames->lineEdit()->createStandardContextMenu();
+  menu->setAccessibleName(cboUsernames->accessibleName());
   menu->setAttribute(Qt::WA_DeleteOnClose);
   menu->addSeparator();
   QAction* remove = menu->addAction(imgDispose->icon(), imgDispose->accessibleName());

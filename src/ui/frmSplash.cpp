@@ -1,5 +1,6 @@
 #include "ui/frmSplash.h"
 
+#include <QAccessibleWidget>
 #include <QCloseEvent>
 #include <QScreen>
 
@@ -17,6 +18,12 @@ constexpr int kMargin = 4 * theme::kUnit;
 constexpr int kRightsTop = 248;
 constexpr int kRightsPitch = 16;
 
+/// The toolkit has no role for a window that is neither a frame nor a dialog.
+QAccessibleInterface* MakeSplashAccessible(const QString& /*class_name*/, QObject* object) {
+  auto* splash = dynamic_cast<frmSplash*>(object);
+  return splash == nullptr ? nullptr : new QAccessibleWidget(splash, QAccessible::Window);
+}
+
 }  // namespace
 
 frmSplash::frmSplash(Splash& splash)
@@ -30,6 +37,7 @@ frmSplash::frmSplash(Splash& splash)
                        {{kMargin, 272, 180, 24}, theme::kChromeText, 16})),
       Label5{},
       splash_(splash) {
+  QAccessible::installFactory(MakeSplashAccessible);
   setObjectName(QStringLiteral("frmSplash"));
   const QString title = ToQString(kApplicationTitle);
   setWindowTitle(title);

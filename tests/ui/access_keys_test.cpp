@@ -1,5 +1,8 @@
 #include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAccessible>
 #include <QApplication>
+#include <QComboBox>
 #include <QContextMenuEvent>
 #include <QDialog>
 #include <QLabel>
@@ -114,6 +117,19 @@ void CheckTabOrder(const QWidget& window) {
   }
 }
 
+/// Popups stand apart from their windows in what assistive programs walk.
+void ExpectSpoken(QAccessibleInterface& node) {
+  const QAccessible::Role role = node.role();
+  if (role != QAccessible::Separator && (node.state().focusable || role == QAccessible::ListItem)) {
+    EXPECT_NE(node.text(QAccessible::Name).toStdString(), "") << role;
+    EXPECT_NE(role, QAccessible::Client);
+    EXPECT_NE(role, QAccessible::NoRole);
+  }
+  for (int i = 0; i < node.childCount(); ++i) {
+    ExpectSpoken(*node.child(i));
+  }
+}
+
 void AskForMenu(QWidget& widget) {
   QContextMenuEvent event(QContextMenuEvent::Keyboard, widget.rect().center(),
                           widget.mapToGlobal(widget.rect().center()));
@@ -121,6 +137,7 @@ void AskForMenu(QWidget& widget) {
   auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
   ASSERT_NE(menu, nullptr) << widget.objectName().toStdString();
   CheckMenu(*menu);
+  ExpectSpoken(*QAccessible::queryAccessibleInterface(menu));
   menu->close();
 }
 
@@ -142,8 +159,15 @@ TEST(AccessKeys, EveryControlHasOneOfItsOwnInReadingOrder) {
   QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
   CheckWindow(window);
   CheckTabOrder(window);
-  for (const QMenu* menu : window.findChildren<QMenu*>()) {
+  for (QMenu* menu : window.findChildren<QMenu*>()) {
     CheckMenu(*menu);
+    ExpectSpoken(*QAccessible::queryAccessibleInterface(menu));
+  }
+  for (QComboBox* box : window.findChildren<QComboBox*>()) {
+    box->addItem(QStringLiteral("an item"));
+    box->showPopup();
+    ExpectSpoken(*QAccessible::queryAccessibleInterface(box->view()->window()));
+    box->hidePopup();
   }
   AskForMenu(*window.findChild<QWidget*>(QStringLiteral("rbMessages")));
 
