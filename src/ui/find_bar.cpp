@@ -62,20 +62,22 @@ FindBar::FindBar(QWidget* parent) : QWidget(parent) {
   struct Button {
     const char* name;
     const char* caption;
+    const char* keys;
     std::function<void()> press;
   };
   const Button buttons[] = {
-      {"btnOlder", "Ol&der", [this] { on_next(Direction::Older); }},
-      {"btnNewer", "&Newer", [this] { on_next(Direction::Newer); }},
-      {"btnCloseFind", "Clo&se", [this] { on_close(); }},
+      {"btnOlder", "Older", "Ctrl+G", [this] { on_next(Direction::Older); }},
+      {"btnNewer", "Newer", "Ctrl+Shift+G", [this] { on_next(Direction::Newer); }},
+      {"btnCloseFind", "Close", "Esc", [this] { on_close(); }},
   };
   setTabOrder(parent, txtFind);
   QWidget* before = txtFind;
-  for (const auto& [name, caption, press] : buttons) {
+  for (const auto& [name, caption, keys, press] : buttons) {
     auto* button = new QToolButton(this);
     button->setObjectName(QLatin1String(name));
     button->setText(QLatin1String(caption));
-    button->setAccessibleName(button->text().remove(QLatin1Char('&')));
+    button->setAccessibleName(button->text());
+    button->setToolTip(QLatin1String(keys));
     button->setFocusPolicy(Qt::StrongFocus);
     connect(button, &QToolButton::clicked, this, press);
     row->addWidget(button);

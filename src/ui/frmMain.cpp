@@ -72,7 +72,7 @@ QWidget* frmMain::MakeContent() {
   board = new BoardWidget(client_.research_board, content);
   rbMessages = new MessageViewWidget(client_.message_view, content);
   cboSend = new ChatBox(client_.chat_input, content);
-  btnSend = new QPushButton(QStringLiteral("&Transmit"), content);
+  btnSend = new QPushButton(QStringLiteral("Trans&mit"), content);
   btnSend->setObjectName(QStringLiteral("btnSend"));
   btnSend->setAccessibleName(QStringLiteral("Transmit"));
   btnSend->setDefault(true);
@@ -100,10 +100,10 @@ QWidget* frmMain::MakeContent() {
   column->addLayout(lobby, 1);
 
   const std::pair<Qt::Key, QWidget*> access_keys[] = {
-      {Qt::Key_B, board},
-      {Qt::Key_M, rbMessages},
-      {Qt::Key_C, cboSend},
-      {Qt::Key_P, lstOnline},
+      {Qt::Key_1, board},
+      {Qt::Key_2, rbMessages},
+      {Qt::Key_3, cboSend},
+      {Qt::Key_4, lstOnline},
   };
   for (const auto& [key, control] : access_keys) {
     new QShortcut(Qt::ALT | key, control,

@@ -20,6 +20,7 @@
 namespace korvanta {
 namespace {
 
+/// While a tool window has the keyboard its owner's access keys hold too; none stands in both.
 constexpr Qt::WindowFlags kToolWindow = Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                                         Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
 
@@ -219,7 +220,7 @@ void frmTournament::FillTeamsPage() {
 void frmTournament::FillAdminPage() {
   QGridLayout* grid = MakeGrid(fAdmin);
   AddRow(*grid, u"&Entry Fee", EntryFee);
-  AddRow(*grid, u"&Max Teams", MaxTeams);
+  AddRow(*grid, u"Ma&x Teams", MaxTeams);
   AddRow(*grid, u"Max &Players", MaxPlayers);
   AddBelow(*grid, Command1);
   AddBelow(*grid, Command2);

@@ -96,7 +96,7 @@ void Session::OpenTournament() {
   user_.Activate(window);
   user_.Press({"alt+a", "alt+e"});
   user_.Type("25");
-  user_.Press({"alt+m"});
+  user_.Press({"alt+x"});
   user_.Type("4");
   user_.Press({"alt+p"});
   user_.Type("3");
