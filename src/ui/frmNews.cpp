@@ -42,6 +42,7 @@ frmNews::frmNews(News& news, QWidget* owner)
   rbNews->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   rbNews->setUndoRedoEnabled(false);
   rbNews->setTabChangesFocus(true);
+  rbNews->document()->setDocumentMargin(theme::kUnit);
   NameControl(*btnClose, QStringLiteral("btnClose"), QStringLiteral("Close"));
 
   auto* border = new QVBoxLayout(frmBorder);

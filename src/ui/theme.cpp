@@ -82,6 +82,8 @@ QLineEdit, QComboBox, QPlainTextEdit { background: @paper; color: @ink; border: 
               selection-color: @ink; lineedit-password-character: 42; }
 QLineEdit[readOnly="true"] { background: @paperHeader; }
 QLineEdit:focus, QComboBox:focus, QPlainTextEdit:focus { border: 2px solid @gold; padding: 4px 7px; }
+QPlainTextEdit { padding: 1px; }
+QPlainTextEdit:focus { padding: 0; }
 QLineEdit { min-height: 18px; }
 QComboBox QLineEdit, QComboBox QLineEdit:focus { border: none; padding: 0; background: transparent; min-height: 0; }
 QComboBox::drop-down { width: 22px; border: none; border-left: 1px solid @paperHeader; }
