@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QPointer>
+#include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -42,6 +43,7 @@ frmNews::frmNews(News& news, QWidget* owner)
   rbNews->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   rbNews->setUndoRedoEnabled(false);
   rbNews->setTabChangesFocus(true);
+  rbNews->verticalScrollBar()->setAccessibleName(QStringLiteral("Scroll news"));
   rbNews->document()->setDocumentMargin(theme::kUnit);
   NameControl(*btnClose, QStringLiteral("btnClose"), QStringLiteral("Close"));
 

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <optional>
 
@@ -37,6 +38,7 @@ OnlineListView::OnlineListView(OnlineList& list, QWidget* parent)
     : QTreeView(parent), list_(list), model_(new OnlineListModel(list, this)) {
   setObjectName(QStringLiteral("lstOnline"));
   setAccessibleName(QStringLiteral("Players online"));
+  verticalScrollBar()->setAccessibleName(QStringLiteral("Scroll players"));
   setModel(model_);
   setItemDelegate(new OwnColourDelegate(this));
   setUniformRowHeights(true);

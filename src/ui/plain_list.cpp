@@ -1,6 +1,7 @@
 #include "ui/plain_list.h"
 
 #include <QHeaderView>
+#include <QScrollBar>
 
 #include "ui/side_window.h"
 
@@ -50,6 +51,7 @@ PlainListView::PlainListView(const QString& heading, QWidget* parent)
   setModel(&model_);
   setItemDelegate(new OneLineDelegate(this));
   setAccessibleName(heading);
+  verticalScrollBar()->setAccessibleName(QStringLiteral("Scroll ") + heading);
   setRootIsDecorated(false);
   setItemsExpandable(false);
   setUniformRowHeights(true);

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTabBar>
 #include <QTest>
@@ -101,6 +102,12 @@ void CheckWindow(const QWidget& window) {
     Collect(*window.parentWidget(), keys);
   }
   keys.Expect(window.windowTitle());
+  for (const auto* area : window.findChildren<QAbstractScrollArea*>()) {
+    const QScrollBar* bar = area->verticalScrollBar();
+    if (bar->window() == &window && area->verticalScrollBarPolicy() != Qt::ScrollBarAlwaysOff) {
+      EXPECT_NE(bar->accessibleName().toStdString(), "") << area->objectName().toStdString();
+    }
+  }
 }
 
 /// The keyboard goes to the right, or below all of what it leaves.
