@@ -18,20 +18,10 @@ constexpr QColor kBoxGround{0x0c, 0x0d, 0x11};
 constexpr QColor kBoxGroundHovered{0x26, 0x28, 0x30};
 constexpr QColor kGoldenGround{0x12, 0x0f, 0x04};
 constexpr QColor kGoldenGroundHovered{0x30, 0x29, 0x0e};
-constexpr qreal kReachedTint = 0.24;  ///< of the topic's colour in a reached box
-constexpr qreal kPlainPictureOpacity = 0.5;
 constexpr qreal kCornerRadius = 5;
-constexpr int kGoldenFrameWidth = 2;
 constexpr int kRingWidth = 2;
 constexpr int kGlowRadius = 150;
 constexpr float kGlowStrength = 0.75F;  ///< at its middle
-
-/// `share` of `over`, the rest `under`.
-QColor Mix(QColor over, QColor under, qreal share) {
-  const auto part = [share](int a, int b) { return qRound(a * share + b * (1 - share)); };
-  return {part(over.red(), under.red()), part(over.green(), under.green()),
-          part(over.blue(), under.blue())};
-}
 
 class Painting {
  public:
@@ -141,24 +131,17 @@ class Painting {
     const QRectF outer = Snapped(BoxRect(box));
     const std::size_t picture = golden ? kTopicRows : RowOf(box);
     const QColor colour = ToQColor(golden ? kGoldenKnowledgeColour : kTopics[picture].colour);
-    const int width = golden ? kGoldenFrameWidth : board_.FrameWidth(picture, LevelOf(box));
-    const bool reached = !golden && width == kReachedWidth;
+    const int width = golden ? kPlainWidth : board_.FrameWidth(picture, LevelOf(box));
 
-    QColor ground = hovered ? kBoxGroundHovered : kBoxGround;
-    if (golden) {
-      ground = hovered ? kGoldenGroundHovered : kGoldenGround;
-    } else if (reached) {
-      ground = Mix(colour, ground, kReachedTint);
-    }
+    const QColor ground = golden ? (hovered ? kGoldenGroundHovered : kGoldenGround)
+                                 : (hovered ? kBoxGroundHovered : kBoxGround);
     QPainterPath inside;
     inside.addRoundedRect(outer, kCornerRadius, kCornerRadius);
     painter_.fillPath(inside, ground);
 
     const QSizeF size = pictures_[picture].deviceIndependentSize();
     const QPointF corner = outer.center() - QPointF(size.width(), size.height()) / 2;
-    painter_.setOpacity(golden || reached ? 1 : kPlainPictureOpacity);
     painter_.drawPixmap(QPointF(SnapX(corner.x()), SnapY(corner.y())), pictures_[picture]);
-    painter_.setOpacity(1);
     PaintFrame(outer, width, kCornerRadius, colour);
   }
 
