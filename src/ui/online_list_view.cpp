@@ -63,14 +63,17 @@ OnlineListView::OnlineListView(OnlineList& list, QWidget* parent)
 bool OnlineListView::viewportEvent(QEvent* event) {
   switch (event->type()) {
     case QEvent::MouseButtonPress:
-      if (IsRightButtonBelowEntries(*static_cast<QMouseEvent*>(event))) {
-        return true;  // the toolkit would take the selection away, which the menu is to act on
+      if (const auto& mouse = *static_cast<QMouseEvent*>(event);
+          mouse.button() == Qt::RightButton) {
+        // The toolkit would take the selection away, on which the menu is to act: below the
+        // entries, and with Ctrl.
+        SelectAt(mouse.position().toPoint());
+        return true;
       }
       break;
     case QEvent::MouseButtonRelease:
       if (const auto& mouse = *static_cast<QMouseEvent*>(event);
           mouse.button() == Qt::RightButton) {
-        QTreeView::viewportEvent(event);
         AskForMenu(mouse.globalPosition().toPoint());
         return true;
       }
@@ -104,8 +107,11 @@ void OnlineListView::focusInEvent(QFocusEvent* event) {
 /// The keys ask for the menu themselves; the toolkit's own request would be the second.
 void OnlineListView::contextMenuEvent(QContextMenuEvent* event) { event->accept(); }
 
-bool OnlineListView::IsRightButtonBelowEntries(const QMouseEvent& event) const {
-  return event.button() == Qt::RightButton && !indexAt(event.position().toPoint()).isValid();
+void OnlineListView::SelectAt(QPoint point) {
+  if (const QModelIndex entry = indexAt(point); entry.isValid()) {
+    selectionModel()->setCurrentIndex(
+        entry, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  }
 }
 
 void OnlineListView::AskForMenu(QPoint global_pos) const {

@@ -27,7 +27,7 @@ class OnlineListView : public QTreeView {
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
  private:
-  bool IsRightButtonBelowEntries(const QMouseEvent& event) const;
+  void SelectAt(QPoint point);
   void AskForMenu(QPoint global_pos) const;
 
   /// Where a menu for the current entry opens when the keyboard asks for it.

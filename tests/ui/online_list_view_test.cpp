@@ -67,12 +67,15 @@ TEST_F(OnlineListViewTest, ARightClickSelectsTheEntryAndAsksForTheMenu) {
   Click(Row(1), Qt::RightButton);
   EXPECT_EQ(Selected(), "Ann");
   EXPECT_EQ(menus.size(), 1U);
-  Click(Below(), Qt::RightButton);
+  QTest::mouseClick(view.viewport(), Qt::RightButton, Qt::ControlModifier, Row(1));
   EXPECT_EQ(Selected(), "Ann");
   EXPECT_EQ(menus.size(), 2U);
+  Click(Below(), Qt::RightButton);
+  EXPECT_EQ(Selected(), "Ann");
+  EXPECT_EQ(menus.size(), 3U);
   Click(Row(2), Qt::LeftButton);
   EXPECT_EQ(Selected(), "Cid");
-  EXPECT_EQ(menus.size(), 2U);
+  EXPECT_EQ(menus.size(), 3U);
 }
 
 TEST_F(OnlineListViewTest, TheSelectionFollowsItsEntryWhenSortedAndGoesWithARebuild) {
