@@ -28,6 +28,15 @@ void MessageView::Clear() {
   Tell({Change::What::Cleared});
 }
 
+void MessageView::ShowText(std::string_view text) {
+  Clear();
+  Insert(text, ColourRole::Black);
+  anchor_ = caret_ = 0;
+  if (!text.empty()) {
+    Tell({MessageView::Change::What::Inserted, 0, size()});
+  }
+}
+
 TextRange MessageView::selection() const {
   return {std::min(anchor_, caret_), std::max(anchor_, caret_)};
 }

@@ -53,6 +53,9 @@ class MessageView final : public ChatOutput {
   /// "Clear Window": the view is empty again.
   void Clear();
 
+  /// Replaces everything by a text in black, from whose start it is read.
+  void ShowText(std::string_view text);
+
   const ColouredText& text() const { return text_; }
   std::size_t size() const { return text_.size(); }
 

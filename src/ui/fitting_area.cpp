@@ -51,14 +51,23 @@ QSize FittingArea::ContentSize() const {
   return widget()->sizeHint().expandedTo(widget()->minimumSize());
 }
 
+bool FittingArea::MayScroll() const {
+  const QSize chrome = window()->size() - size();
+  const QSize room = screen()->availableSize() - kFrame - chrome;
+  const QSize content = ContentSize();
+  return widgetResizable() || room.width() < content.width() || room.height() < content.height();
+}
+
 void FittingArea::resizeEvent(QResizeEvent* event) {
   const QSize content = widget()->minimumSizeHint().expandedTo(widget()->minimumSize());
   const int bar = verticalScrollBar()->sizeHint().width();
   const auto missing = [&](int room, bool other_bar, int needed) {
     return room - (other_bar ? bar : 0) < needed - kSlack;
   };
-  const bool wide = missing(width(), missing(height(), false, content.height()), content.width());
-  const bool tall = missing(height(), wide, content.height());
+  const bool may = MayScroll();
+  const bool wide =
+      may && missing(width(), missing(height(), false, content.height()), content.width());
+  const bool tall = may && missing(height(), wide, content.height());
   ShowBar(*this, Qt::Horizontal, wide);
   ShowBar(*this, Qt::Vertical, tall);
   QScrollArea::resizeEvent(event);

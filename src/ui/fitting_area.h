@@ -6,11 +6,12 @@
 
 namespace korvanta {
 
-/// As large as its content, and then no more to see than the content alone. Only in less room do
-/// scroll bars come; the control that takes the keyboard's focus scrolls into sight.
+/// As large as its content, and then no more to see than the content alone. Where the screen has
+/// less room, scroll bars come, and the control that takes the keyboard's focus scrolls into sight.
 class FittingArea : public QScrollArea {
  public:
-  /// `stretches`: the content fills room beyond its own; else it stays at the left top.
+  /// `stretches`: the content fills room beyond its own, and bars come in every window that is
+  /// smaller. Else it stays at the left top, and is cut off in a window smaller than need be.
   FittingArea(QWidget* content, bool stretches);
 
   QSize sizeHint() const override { return ContentSize(); }
@@ -22,6 +23,7 @@ class FittingArea : public QScrollArea {
 
  private:
   QSize ContentSize() const;
+  bool MayScroll() const;
 };
 
 /// Gives a window that holds a FittingArea its size at first: that which its layout asks for, or

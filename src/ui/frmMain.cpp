@@ -135,6 +135,7 @@ QMenu* frmMain::MakeMenu(const Menu& menu) {
     QAction* action = result->addAction(ToQString(item.caption));
     action->setObjectName(ToQString(item.name));
     action->setShortcut(QKeySequence(ToQString(item.shortcut), QKeySequence::PortableText));
+    action->setAutoRepeat(false);
     action->setCheckable(item.option != nullptr);
     connect(action, &QAction::triggered, this,
             [this, &item] { client_.main_window.menus.Click(item); });
@@ -159,8 +160,7 @@ void frmMain::BindClient() {
   client_.chat_input.on_changed = [this] { RefreshChatInput(); };
   connect(btnSend, &QPushButton::clicked, this, [this] { client_.chat_input.SendChatLine(); });
   connect(cboSend->lineEdit(), &QLineEdit::returnPressed, btnSend, &QPushButton::click);
-  cboSend->installEventFilter(this);
-  rbMessages->installEventFilter(this);
+  qApp->installEventFilter(this);
   board->on_box_menu = [this](std::int16_t topic, std::int16_t level, QPoint global_pos) {
     ShowBoxMenu(topic, level, global_pos);
   };
@@ -210,15 +210,16 @@ void frmMain::closeEvent(QCloseEvent* event) {
   QApplication::quit();
 }
 
-/// A menu's shortcut goes before the editing keys of the chat line and the message view, some of
-/// which are the same.
+/// A menu's shortcut goes before the editing keys of the window's controls, some of which are the
+/// same.
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::ShortcutOverride &&
-      IsMenuShortcut(*static_cast<QKeyEvent*>(event))) {
-    event->ignore();
-    return true;
+  if (event->type() != QEvent::ShortcutOverride || !watched->isWidgetType() ||
+      static_cast<QWidget*>(watched)->window() != this ||
+      !IsMenuShortcut(*static_cast<QKeyEvent*>(event))) {
+    return false;
   }
-  return QMainWindow::eventFilter(watched, event);
+  event->ignore();
+  return true;
 }
 
 bool frmMain::IsMenuShortcut(const QKeyEvent& event) const {

@@ -4,34 +4,16 @@
 #include <QPointer>
 #include <QScrollBar>
 #include <QVBoxLayout>
-#include <algorithm>
 
-#include "ui/text.h"
 #include "ui/theme.h"
 
 namespace korvanta {
-namespace {
-
-constexpr qsizetype kLongWord = 500;
-
-/// More than anyone reads as news; the toolkit lays out all of it before it shows the first line.
-constexpr qsizetype kNewsLength = qsizetype{64} * 1024;
-
-bool HasLongWord(const QString& text) {
-  qsizetype length = 0;
-  return std::any_of(text.begin(), text.end(), [&length](QChar c) {
-    length = c.isSpace() ? 0 : length + 1;
-    return length > kLongWord;
-  });
-}
-
-}  // namespace
 
 frmNews::frmNews(News& news, QWidget* owner)
     : SideWindow(news.window(), owner),
       news_(news),
       frmBorder(new QFrame),
-      rbNews(new QPlainTextEdit),
+      rbNews(new MessageViewWidget(text_)),
       btnClose(new QPushButton(QStringLiteral("&Close"))) {
   setObjectName(QStringLiteral("frmNews"));
   setWindowTitle(QStringLiteral("News"));
@@ -39,12 +21,7 @@ frmNews::frmNews(News& news, QWidget* owner)
 
   NameControl(*frmBorder, QStringLiteral("frmBorder"), QStringLiteral("News"));
   NameControl(*rbNews, QStringLiteral("rbNews"), QStringLiteral("News"));
-  rbNews->setReadOnly(true);
-  rbNews->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  rbNews->setUndoRedoEnabled(false);
-  rbNews->setTabChangesFocus(true);
   rbNews->verticalScrollBar()->setAccessibleName(QStringLiteral("Scroll news"));
-  rbNews->document()->setDocumentMargin(theme::kUnit);
   NameControl(*btnClose, QStringLiteral("btnClose"), QStringLiteral("Close"));
 
   auto* border = new QVBoxLayout(frmBorder);
@@ -65,20 +42,14 @@ frmNews::frmNews(News& news, QWidget* owner)
   connect(btnClose, &QPushButton::clicked, this, [this] { news_.window().Unload(); });
   news_.on_changed = [self = QPointer(this)] {
     if (self) {
-      self->Refresh();
+      self->text_.ShowText(self->news_.rbNews());
     }
   };
-  Refresh();
+  text_.ShowText(news_.rbNews());
   rbNews->setFocus();
 }
 
-void frmNews::Refresh() {
-  const QString text = Head(ToQString(news_.rbNews()), kNewsLength);
-  // Breaking a word between its letters takes the square of its length, unless any place will do.
-  rbNews->clear();
-  rbNews->setWordWrapMode(HasLongWord(text) ? QTextOption::WrapAnywhere
-                                            : QTextOption::WrapAtWordBoundaryOrAnywhere);
-  rbNews->setPlainText(text);
-}
+/// The view goes before its text does.
+frmNews::~frmNews() { delete rbNews; }
 
 }  // namespace korvanta

@@ -2,10 +2,11 @@
 #pragma once
 
 #include <QFrame>
-#include <QPlainTextEdit>
 #include <QPushButton>
 
+#include "lobby/message_view.h"
 #include "lobby/news.h"
+#include "ui/message_view_widget.h"
 #include "ui/side_window.h"
 
 namespace korvanta {
@@ -13,13 +14,16 @@ namespace korvanta {
 class frmNews : public SideWindow {
  public:
   frmNews(News& news, QWidget* owner);
+  frmNews(const frmNews&) = delete;
+  frmNews& operator=(const frmNews&) = delete;
+  ~frmNews() override;
 
  private:
-  void Refresh();
-
   News& news_;
+  const Options no_options_;
+  MessageView text_{no_options_};  // shows at once what the toolkit would lay out for seconds
   QFrame* frmBorder;
-  QPlainTextEdit* rbNews;
+  MessageViewWidget* rbNews;
   QPushButton* btnClose;
 };
 

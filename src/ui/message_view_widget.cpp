@@ -47,7 +47,7 @@ MessageViewWidget::MessageViewWidget(MessageView& view, QWidget* parent)
   });
   connect(&drag_timer_, &QTimer::timeout, this, [this] { DragTo(pointer_); });
   view_.on_changed = [this](const MessageView::Change& change) { OnChanged(change); };
-  follow_ = !view_.IsScrollLocked();
+  follow_ = IsAtEnd();
   MakeActions();
 }
 
@@ -58,7 +58,9 @@ void MessageViewWidget::OnChanged(const MessageView::Change& change) {
   if (change.what == What::Cleared) {
     top_ = anchor_ = 0;
   } else if (change.what == What::Inserted) {
-    follow_ = follow_ || !view_.IsScrollLocked();
+    if (!view_.IsScrollLocked()) {
+      follow_ = IsAtEnd();
+    }
     // Text that comes in above, or right at the top, pushes nothing that is seen away; the first
     // text of an empty view is seen.
     if (change.offset <= top_ && change.offset + change.length < view_.size()) {
@@ -77,6 +79,11 @@ void MessageViewWidget::OnChanged(const MessageView::Change& change) {
   unseen_.TextChanged(change, view_.IsScrollLocked());
   TellAccessibility(*this, change);
   ScheduleFrame();
+}
+
+/// Whether the next line goes in at the end and is to be seen there.
+bool MessageViewWidget::IsAtEnd() const {
+  return !view_.IsScrollLocked() && view_.caret() == view_.size();
 }
 
 /// However many changes come in, they are drawn together and at most once a frame.
@@ -211,7 +218,8 @@ void MessageViewWidget::wheelEvent(QWheelEvent* event) {
 }
 
 void MessageViewWidget::resizeEvent(QResizeEvent* /*event*/) {
-  follow_ = follow_ || (top_ >= last_top_ && !view_.IsScrollLocked());
+  const bool was_at_end = !end_changed_ && top_ >= last_top_;
+  follow_ = follow_ || (was_at_end && !view_.IsScrollLocked());
   wrap_changed_ = end_changed_ = true;
   canvas_.SetSize(viewport()->size());
   PlaceTools();

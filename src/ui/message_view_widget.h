@@ -66,6 +66,7 @@ class MessageViewWidget : public QAbstractScrollArea {
   /// What a drag selects in whole.
   enum class Unit { Character, Word, Line };
 
+  bool IsAtEnd() const;
   void OnChanged(const MessageView::Change& change);
   void ScheduleFrame();
   void Settle();

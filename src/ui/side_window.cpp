@@ -21,6 +21,11 @@ constexpr qsizetype kLineLength = 1000;
 /// More than anyone reads in a box of one line.
 constexpr qsizetype kBoxLength = 10'000;
 
+/// The text, or its first `most` characters and an ellipsis.
+QString Head(const QString& text, qsizetype most) {
+  return text.size() > most ? text.first(most) + QChar(u'\u2026') : text;
+}
+
 }  // namespace
 
 SideWindow::SideWindow(WindowLife& life, QWidget* owner, Qt::WindowFlags flags)
@@ -67,10 +72,6 @@ void CaptionFrame::FitTitle() {
 void NameControl(QWidget& control, const QString& name, const QString& accessible_name) {
   control.setObjectName(name);
   control.setAccessibleName(accessible_name);
-}
-
-QString Head(const QString& text, qsizetype most) {
-  return text.size() > most ? text.first(most) + QChar(u'\u2026') : text;
 }
 
 void ShowText(QLineEdit& box, std::string_view text) {

@@ -48,9 +48,6 @@ class CaptionFrame : public QGroupBox {
 /// Sets the control's own name and what assistive technology calls it.
 void NameControl(QWidget& control, const QString& name, const QString& accessible_name);
 
-/// The text, or its first `most` characters and an ellipsis.
-QString Head(const QString& text, qsizetype most);
-
 /// Shows a text, from its start, unless the box shows it already. Of a text longer than anyone
 /// reads, only the head: the toolkit lays out all that a box holds at every key.
 void ShowText(QLineEdit& box, std::string_view text);

@@ -77,13 +77,11 @@ QToolButton:pressed { background: @chrome; }
 QToolButton#btnNewLines { background: @chromeRaised; color: @goldText; border: 1px solid @chromeBorder;
               border-radius: 4px; padding: 3px 10px; }
 QToolButton#btnNewLines:hover { background: @chromeBorder; }
-QLineEdit, QComboBox, QPlainTextEdit { background: @paper; color: @ink; border: 1px solid @chromeBorder;
+QLineEdit, QComboBox { background: @paper; color: @ink; border: 1px solid @chromeBorder;
               border-radius: 4px; padding: 5px 8px; selection-background-color: @selection;
               selection-color: @ink; lineedit-password-character: 42; }
 QLineEdit[readOnly="true"] { background: @paperHeader; }
-QLineEdit:focus, QComboBox:focus, QPlainTextEdit:focus { border: 2px solid @gold; padding: 4px 7px; }
-QPlainTextEdit { padding: 1px; }
-QPlainTextEdit:focus { padding: 0; }
+QLineEdit:focus, QComboBox:focus { border: 2px solid @gold; padding: 4px 7px; }
 QLineEdit { min-height: 18px; }
 QComboBox QLineEdit, QComboBox QLineEdit:focus { border: none; padding: 0; background: transparent; min-height: 0; }
 QComboBox::drop-down { width: 22px; border: none; border-left: 1px solid @paperHeader; }
@@ -102,9 +100,9 @@ QCheckBox::indicator:checked { image: url(:/pictures/check.svg); }
 QTreeView { background: @paper; color: @ink; border: 1px solid @chromeBorder; border-radius: 4px;
               padding: 1px; selection-background-color: @selection; selection-color: @ink; outline: none; }
 QTreeView:focus { border: 2px solid @gold; padding: 0; }
-QAbstractScrollArea#rbMessages { background: @paper; border: 1px solid @chromeBorder; border-radius: 4px;
+QAbstractScrollArea#rbMessages, QAbstractScrollArea#rbNews { background: @paper; border: 1px solid @chromeBorder; border-radius: 4px;
               padding: 1px; }
-QAbstractScrollArea#rbMessages:focus { border: 2px solid @gold; padding: 0; }
+QAbstractScrollArea#rbMessages:focus, QAbstractScrollArea#rbNews:focus { border: 2px solid @gold; padding: 0; }
 QTreeView::item { padding: 3px 4px; border: none; }
 QTreeView::item:selected { background: @selection; }
 QHeaderView { background: @paperHeader; border: none; }
@@ -113,7 +111,6 @@ QHeaderView::up-arrow { image: url(:/pictures/sort_up.svg); width: 9px; height: 
 QHeaderView::down-arrow { image: url(:/pictures/sort_down.svg); width: 9px; height: 9px;
               subcontrol-origin: padding; subcontrol-position: center right; right: 8px; }
 QHeaderView::section { background: @paperHeader; color: @ink; border: none; padding: 5px 8px; }
-QTabWidget::pane { border: 1px solid @chromeBorder; border-radius: 6px; }
 QTabBar::tab { background: @chrome; color: @mutedText; padding: 7px 18px; border: 1px solid transparent;
               border-bottom: 2px solid transparent; }
 QTabBar::tab:selected { color: @goldText; border-bottom-color: @gold; }

@@ -89,6 +89,13 @@ void Collect(const QWidget& window, Keys& keys) {
     }
   }
   for (const QAction* action : window.findChildren<QAction*>()) {
+    const auto* home = static_cast<const QWidget*>(action->parent());
+    if (qobject_cast<const QMenu*>(home) != nullptr) {
+      home = home->parentWidget();
+    }
+    if (home->window() != &window) {
+      continue;
+    }
     for (const QKeySequence& key : action->shortcuts()) {
       keys.Add(action->text(), key);
     }

@@ -5,16 +5,18 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMenu>
-#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTest>
 #include <QTreeView>
+#include <QWindow>
 #include <gmock/gmock.h>
 
 #include "tests/fakes/fake_platform.h"
 #include "ui/board_layout.h"
+#include "ui/message_view_widget.h"
 
 namespace korvanta {
 namespace {
@@ -128,11 +130,17 @@ TEST_F(frmMainTest, ResizingMovesNothing) {
   };
   const std::vector<QRect> before = places();
   window.resize(700, 400);
-  QApplication::processEvents();
-  EXPECT_EQ(places(), before);
+  for (const char* name : {"btnSend", "lstOnline", "ResearchBoard"}) {
+    Get<QWidget>(name).setFocus();
+    EXPECT_EQ(places(), before) << name;
+  }
 }
 
-TEST_F(frmMainTest, InLessRoomWhatHasTheKeyboardScrollsIntoSight) {
+TEST_F(frmMainTest, OnASmallScreenWhatHasTheKeyboardScrollsIntoSight) {
+  QScreen* const small = QApplication::screens().back();
+  window.windowHandle()->setScreen(small);
+  window.move(small->geometry().topLeft());
+
   auto& area = Get<QScrollArea>("fittingArea");
   auto& board = Get<QWidget>("ResearchBoard");
   const auto bars = [&] {
@@ -165,6 +173,9 @@ TEST_F(frmMainTest, FindIsReachedFromTheChatLineAndByTab) {
     EXPECT_EQ(QApplication::focusWidget()->objectName(), QLatin1String(next));
   }
   Get<QWidget>("txtFind").setFocus();
+  LogIn();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_E, Qt::ControlModifier);
+  EXPECT_THAT(platform.socket.TakeSent(), ElementsAre(Message("[jon]")));
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
   EXPECT_EQ(QApplication::focusWidget(), &ChatBox());
 }
@@ -175,7 +186,8 @@ TEST_F(frmMainTest, AWindowReopenedAtOnceHearsOfChanges) {
   client.news.window().Show();
   QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   Receive("[nws]fresh");
-  EXPECT_EQ(Get<QPlainTextEdit>("rbNews").toPlainText(), QStringLiteral("fresh"));
+  const MessageView& news = Get<MessageViewWidget>("rbNews").model();
+  EXPECT_EQ(news.text().Bytes(0, news.size()), "fresh");
 }
 
 }  // namespace

@@ -1,30 +1,42 @@
 #include "ui/frmNews.h"
 
+#include <QScrollBar>
+
 #include "tests/fakes/logged_in_player.h"
 #include "tests/ui/side_windows.h"
-#include "ui/text.h"
 
 namespace korvanta {
 namespace {
 
 class FrmNewsTest : public testing::Test {
  protected:
-  QPlainTextEdit& Text() { return desk.Get<QPlainTextEdit>("rbNews"); }
+  MessageViewWidget& Text() { return desk.Get<MessageViewWidget>("rbNews"); }
+  std::string Shown() { return Text().model().text().Bytes(0, Text().model().size()); }
 
   fakes::LoggedInPlayer player;
   News news{player.connection};
   Desk<frmNews, News> desk{news};
 };
 
-TEST_F(FrmNewsTest, ShowsEveryKindOfLineBreakAndIsReadOnly) {
-  news.ShowNews("a b\r\nc\rd\n\ne");
+TEST_F(FrmNewsTest, ShowsTheWholeTextFromItsStart) {
+  std::string text = "a b\r\nc\rd\n\n" + std::string(1'000'000, 'w');
+  for (int line = 0; line < 1'000; ++line) {
+    text += "line\n";
+  }
+  news.ShowNews(text);
   desk.Open();
   EXPECT_EQ(desk.frame->windowTitle(), QStringLiteral("News"));
-  EXPECT_EQ(Text().toPlainText(), QStringLiteral("a b\nc\nd\n\ne"));
+  EXPECT_EQ(Shown(), text);
+  EXPECT_EQ(Text().verticalScrollBar()->value(), 0);
   QTest::keyClicks(&Text(), QStringLiteral("read only"));
-  EXPECT_EQ(Text().toPlainText(), QStringLiteral("a b\nc\nd\n\ne"));
+  EXPECT_EQ(Shown(), text);
+
+  Text().verticalScrollBar()->triggerAction(QAbstractSlider::SliderToMaximum);
+  news.ShowNews(text + "more");
+  ASSERT_TRUE(QTest::qWaitFor([this] { return Text().verticalScrollBar()->value() == 0; }));
+  EXPECT_EQ(Shown(), text + "more");
   news.ShowNews("");
-  EXPECT_EQ(Text().toPlainText(), QString());
+  EXPECT_EQ(Shown(), "");
 }
 
 TEST_F(FrmNewsTest, ClosesByEnterEscAndItsFrame) {

@@ -2,7 +2,6 @@
 #include <QApplication>
 #include <QDir>
 #include <QMenu>
-#include <QPlainTextEdit>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTest>
@@ -15,6 +14,7 @@
 #include "tests/fakes/fake_platform.h"
 #include "ui/desktop/qt_client_socket.h"
 #include "ui/frmMain.h"
+#include "ui/message_view_widget.h"
 #include "ui/text.h"
 
 namespace korvanta {
@@ -184,8 +184,8 @@ TEST_F(HostileEvening, FiveHundredLoginsLaterEverythingWorks) {
   ASSERT_TRUE(
       QTest::qWaitFor([this] { return Chat().find("Connected as Ann") != std::string::npos; }));
   client.news.ShowNews("all quiet");
-  EXPECT_EQ(window.findChild<QPlainTextEdit*>(QStringLiteral("rbNews"))->toPlainText(),
-            QStringLiteral("all quiet"));
+  const MessageView& news = window.findChild<MessageViewWidget*>(QStringLiteral("rbNews"))->model();
+  EXPECT_EQ(news.text().Bytes(0, news.size()), "all quiet");
   window.close();
   EXPECT_EQ(fake.settings.commits, 1);
   EXPECT_FALSE(socket.IsConnected());

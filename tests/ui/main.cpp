@@ -5,7 +5,7 @@
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" KORVANTA_SCREENS);
   QApplication application(argc, argv);
   korvanta::theme::Apply(application);
   return RUN_ALL_TESTS();

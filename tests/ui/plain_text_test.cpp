@@ -7,7 +7,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QTemporaryDir>
@@ -93,6 +92,10 @@ class PlainTextTest : public testing::Test {
   std::function<QString()> List(const char* name, int column, int role) const {
     return [=, this] { return Cell(name, column, role).toString(); };
   }
+  QString Read(const char* name) const {
+    auto& text = *QAccessible::queryAccessibleInterface(&Get(name))->textInterface();
+    return text.text(0, text.characterCount());
+  }
   /// What stands between the quotation marks of a frame's caption.
   std::function<QString()> Frame(const char* name, bool title) const {
     return [=, this] {
@@ -148,10 +151,7 @@ std::vector<PlainTextTest::Place> PlainTextTest::Places() {
          Receive("[msg]blk\001" + text + "\001False");
        },
        {},
-       {[this] {
-         auto& view = *QAccessible::queryAccessibleInterface(&Get("rbMessages"))->textInterface();
-         return view.text(0, view.characterCount()).chopped(2);
-       }}},
+       {[this] { return Read("rbMessages").chopped(2); }}},
       {"player",
        Sends("[onl]", "\0011\0011\0010"),
        {List("lstOnline", 0, Qt::DisplayRole)},
@@ -161,7 +161,7 @@ std::vector<PlainTextTest::Place> PlainTextTest::Places() {
        Sends("[bre]", figures),
        {Frame("frmUserData", true), Frame("frmAward", true)},
        {Frame("frmUserData", false)}},
-      {"news", Sends("[nws]"), {[this] { return Get<QPlainTextEdit>("rbNews").toPlainText(); }}},
+      {"news", Sends("[nws]"), {}, {[this] { return Read("rbNews"); }}},
       {"fee", Sends("[tif]", "\0011\0012\0013"), {Box("iEntryFee")}},
       {"purse", Sends("[tif]1\001", "\0011\0012"), {Box("txtPurse")}},
       {"number of teams", Sends("[tif]1\0011\001", "\0012"), {Box("iMaxTeams")}},
