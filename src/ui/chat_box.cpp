@@ -77,12 +77,13 @@ void ChatBox::RefreshRemaining() {
 }
 
 void ChatBox::keyPressEvent(QKeyEvent* event) {
-  if (event->modifiers() == Qt::NoModifier && event->key() == Qt::Key_Up) {
+  const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+  if (plain && event->key() == Qt::Key_Up) {
     input_.HistoryUp();
-  } else if (event->modifiers() == Qt::NoModifier && event->key() == Qt::Key_Down) {
+  } else if (plain && event->key() == Qt::Key_Down) {
     input_.HistoryDown();
-  } else {
-    QComboBox::keyPressEvent(event);
+  } else if (event->key() != Qt::Key_PageUp && event->key() != Qt::Key_PageDown) {
+    QComboBox::keyPressEvent(event);  // pages would choose a line in place of what is being typed
   }
 }
 

@@ -49,9 +49,13 @@ TEST_F(ChatBoxTest, UpAndDownWalkTheHistoryAndBringTheDraftBack) {
   Type("one");
   input.SendChatLine();
   Type("draft");
-  Press(Qt::Key_Up);
-  EXPECT_EQ(Shown(), "c one");
-  Press(Qt::Key_Down);
+  for (const Qt::KeyboardModifier pad : {Qt::NoModifier, Qt::KeypadModifier}) {
+    QTest::keyClick(box.lineEdit(), Qt::Key_Up, pad);
+    EXPECT_EQ(Shown(), "c one");
+    QTest::keyClick(box.lineEdit(), Qt::Key_Down, pad);
+    EXPECT_EQ(Shown(), "draft");
+  }
+  Press(Qt::Key_PageUp);
   EXPECT_EQ(Shown(), "draft");
 }
 
