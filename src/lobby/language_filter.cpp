@@ -36,7 +36,9 @@ struct Stretch {
   bool is_one_word = true;
 };
 
-/// Puts the mask of a word of `text` into `masked`, and perhaps bytes of `text` behind it.
+/// Puts the mask of a word of `text` into `masked`, and perhaps bytes of `text` behind it: one
+/// store for words of every size needs no branch on it, which would be foretold wrongly at most
+/// words.
 void MaskWord(std::string_view text, std::size_t at, std::size_t size, std::string& masked) {
   constexpr std::uint64_t kMask = kMaskCharacter * 0x0101010101010101U;
   std::uint64_t bytes = 0;
