@@ -125,7 +125,8 @@ Inputs OtherMessages() {
 
 /// What a player does in an evening, window by window; the events are parted at '|'.
 constexpr std::string_view kDoings =
-    "shello|s/who|c\0|c\1/tell|c\2|c\3|c\4\0|W\37|o\0\0|o\0\1|o\1\2|Y\1|B[onl]A|b\0\0|b\20\1|"
+    "shello|s/who|c\0|c\1/"
+    "tell|c\2|c\3|c\4\0|m\14|W\37|Y\0|o\0\0|o\0\1|o\1\2|Y\1|B[onl]A|b\0\0|b\20\1|"
     "v\0\20\177|m\7|v\1\40\1|v\2|v\3|T|"
     "t\0\3Foxes|t\0\5secret|t\3\0|t\2\0|t\3\1|Y\1|t\3\2|Y\1|t\3\3|t\3\4|t\3\5|t\1\1|"
     "t\1\2|t\4|m\5|u\0Admin|u\1|u\2|m\15|n|m\0|H|m\0|d\5|Y\1|d\3\0|d\4\1|d\6|d\10|m\0"sv;

@@ -45,7 +45,10 @@ bool SameOptions(const Options& a, const Options& b) {
 WatchedClient::WatchedClient(fakes::MemorySettings& settings, std::function<bool()> on_box)
     : settings_(settings),
       client_({socket_, timers_, settings_, sounds_, web_, message_box_, instance_}, {}) {
-  message_box_.on_open = std::move(on_box);
+  message_box_.on_open = [this, on_box = std::move(on_box)] {
+    Check(!is_closed_, "once the windows are gone, nobody is told or asked anything");
+    return on_box();
+  };
   socket_.on_send = [this](std::string_view text) { CheckSent(text); };
   Listen();
   Check(client_.StartUp(), "the program starts");
@@ -143,6 +146,7 @@ void WatchedClient::Close() {
     return;
   }
   client_.CloseMainWindow();
+  AnswerWeb(0);
   CheckStored();
   for (const WindowLife* window :
        {&client_.login_dialog.window(), &client_.news.window(), &client_.splash.window(),

@@ -59,8 +59,8 @@ class WatchedClient {
   void Receive(std::string_view block);
   /// The server closes the connection, if there is one.
   void Hangup();
-  /// The desktop's answer to the next address opened.
-  void SetWebCode(int code) { web_.code = code; }
+  /// The desktop's answer to every address that it was given.
+  void AnswerWeb(int code) { web_.Answer(code); }
 
   /// Closes the main window as the desktop does; checks that what was stored can be read again.
   void Close();

@@ -1,6 +1,7 @@
 #include "client/client.h"
 
 #include <string>
+#include <utility>
 
 #include "lobby/web_pages.h"
 
@@ -31,7 +32,7 @@ Client::Client(const Platform& platform, const DeploymentValues& deployment)
 void Client::WireMenus() {
   Menus& menus = main_window.menus;
   const auto open_homepage = [this] {
-    modData::OpenWebPage(platform_.web, platform_.message_box, deployment_.homepage_address);
+    modData::OpenWebPage(platform_.web, platform_.message_box, deployment_.homepage_address, life_);
   };
   menus.SetAction("mnuDisCon", [this] { login_dialog.ConnectItemClicked(); });
   menus.SetAction("mnuExit", [this] { main_window.Close(); });
@@ -73,10 +74,9 @@ void modData::InitClient(Client& client) {
 }
 
 void Client::CloseMainWindow() {
-  if (closed_) {
+  if (!std::exchange(life_, nullptr)) {
     return;
   }
-  closed_ = true;
   if (connection.IsConnected()) {
     connection.Disconnect();
   }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string_view>
 
 #include "board/board_actions.h"
@@ -99,7 +100,8 @@ class Client : private GameDisplay, private LobbyDisplay {
   void ShowTeamNames(std::string_view payload) override;
 
   Dispatcher dispatcher_;
-  bool closed_ = false;
+  /// There until the main window closes; what the desktop answers later is dropped.
+  std::shared_ptr<const void> life_ = std::make_shared<bool>();
 };
 
 }  // namespace korvanta

@@ -1,6 +1,7 @@
 #include "lobby/web_pages.h"
 
 #include <string>
+#include <utility>
 
 #include "protocol/connection.h"
 
@@ -12,14 +13,8 @@ constexpr int kNoAssociation = 31;
 constexpr int kFileNotFound = 2;
 constexpr int kPathNotFound = 3;
 
-}  // namespace
-
-void OpenWebPage(WebOpener& web, MessageBox& message_box, std::string_view address) {
-  const int code = web.Open(address);
-  if (code > kLastFailureCode) {
-    return;
-  }
-  const std::string quoted = "'" + std::string(address) + "'";
+void TellFailure(MessageBox& message_box, const std::string& address, int code) {
+  const std::string quoted = "'" + address + "'";
   if (code == kNoAssociation) {
     message_box.Show(
         "No Association Found for HTTP Addresses. "
@@ -33,6 +28,18 @@ void OpenWebPage(WebOpener& web, MessageBox& message_box, std::string_view addre
                          std::to_string(code) + ").",
                      kApplicationTitle, MessageIcon::Critical);
   }
+}
+
+}  // namespace
+
+void OpenWebPage(WebOpener& web, MessageBox& message_box, std::string_view address,
+                 std::weak_ptr<const void> asker) {
+  web.Open(address,
+           [&message_box, address = std::string(address), asker = std::move(asker)](int code) {
+             if (code <= kLastFailureCode && !asker.expired()) {
+               TellFailure(message_box, address, code);
+             }
+           });
 }
 
 }  // namespace korvanta::modData

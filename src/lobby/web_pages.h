@@ -1,6 +1,7 @@
 /// The opening of web pages from the Help menu.
 #pragma once
 
+#include <memory>
 #include <string_view>
 
 #include "platform/message_box.h"
@@ -8,7 +9,9 @@
 
 namespace korvanta::modData {
 
-/// Hands the address to the desktop; a failure is told to the user in a message box.
-void OpenWebPage(WebOpener& web, MessageBox& message_box, std::string_view address);
+/// Hands the address to the desktop and returns at once; a failure is told to the user in a message
+/// box when it becomes known, unless `asker` is gone by then. `message_box` outlives `asker`.
+void OpenWebPage(WebOpener& web, MessageBox& message_box, std::string_view address,
+                 std::weak_ptr<const void> asker);
 
 }  // namespace korvanta::modData

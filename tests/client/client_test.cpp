@@ -213,14 +213,21 @@ TEST_F(ClientTest, EveryOtherItemDoesWhatItSays) {
   EXPECT_EQ(scroll_lock_changes, 1);
 }
 
-TEST_F(ClientTest, BothHelpItemsOpenTheHomepage) {
+TEST_F(ClientTest, BothHelpItemsOpenTheHomepageAndTellAFailureWhenItIsKnown) {
   ASSERT_TRUE(client.StartUp());
   Click("mnuHelpSite");
-  platform.web.code = 5;
+  platform.web.Answer(33);
   Click("mnuHomepage");
+  EXPECT_THAT(platform.message_box.shown, IsEmpty());
+  platform.web.Answer(5);
   EXPECT_THAT(platform.web.opened, ElementsAre("http://korvanta.example/Korvanta/",
                                                "http://korvanta.example/Korvanta/"));
   EXPECT_THAT(platform.message_box.shown, ElementsAre(HasSubstr("(ShellExecute code 5).")));
+
+  Click("mnuHomepage");
+  client.CloseMainWindow();
+  platform.web.Answer(5);
+  EXPECT_EQ(platform.message_box.shown.size(), 1U) << "nobody is left to be told";
 }
 
 }  // namespace

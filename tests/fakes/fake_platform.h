@@ -121,15 +121,23 @@ class RecordingSounds : public SoundPlayer {
   std::vector<std::string> played;
 };
 
+/// A desktop that takes addresses and says what became of them when the test says so.
 class FakeWeb : public WebOpener {
  public:
-  int Open(std::string_view address) override {
+  void Open(std::string_view address, std::function<void(int code)> done) override {
     opened.emplace_back(address);
-    return code;
+    pending.push_back(std::move(done));
+  }
+
+  /// Every address without an answer gets this one.
+  void Answer(int code) {
+    for (const auto& done : std::exchange(pending, {})) {
+      done(code);
+    }
   }
 
   std::vector<std::string> opened;
-  int code = 33;
+  std::vector<std::function<void(int code)>> pending;
 };
 
 /// Records each box as "title: text" with its icon; questions get the next scripted answer.

@@ -8,6 +8,7 @@ namespace korvanta {
 namespace {
 
 using testing::ElementsAre;
+
 TEST(OpenWebPage, TellsOfEachFailureInItsOwnWords) {
   const std::string not_found = "Korvanta: The 'http://a/b' File or Path was Not Found.";
   const auto other = [](const std::string& code) {
@@ -28,9 +29,10 @@ TEST(OpenWebPage, TellsOfEachFailureInItsOwnWords) {
   for (const auto& [code, text, icon] : cases) {
     fakes::FakeWeb web;
     fakes::FakeMessageBox box;
-    web.code = code;
-    modData::OpenWebPage(web, box, "http://a/b");
+    const auto asker = std::make_shared<int>();
+    modData::OpenWebPage(web, box, "http://a/b", asker);
     EXPECT_THAT(web.opened, ElementsAre("http://a/b"));
+    web.Answer(code);
     EXPECT_THAT(box.shown, ElementsAre(text));
     EXPECT_THAT(box.icons, ElementsAre(icon));
   }

@@ -2,12 +2,18 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTextBrowser>
 #include <QTimer>
+#include <csignal>
 #include <gmock/gmock.h>
+#include <memory>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include "ui/desktop/desktop_web_opener.h"
 #include "ui/desktop/qt_message_box.h"
@@ -90,36 +96,112 @@ TEST(QtMessageBoxTest, OnlyYesIsYes) {
   }
 }
 
-TEST(DesktopWebOpenerTest, OnlyWebAddressesAreHandedToTheDesktopAndFailuresHaveTheirCodes) {
-  const QString page = QStringLiteral("http://korvanta.example/");
-  EXPECT_EQ(DesktopWebOpener::OpenCode(page, true, true), 33);
-  EXPECT_EQ(DesktopWebOpener::OpenCode(page, false, false), 31);
-  EXPECT_EQ(DesktopWebOpener::OpenCode(page, false, true), 5);
-  EXPECT_EQ(DesktopWebOpener::OpenCode(QStringLiteral("index.html"), false, true), 2);
-  // A signal that takes an address stands in for the desktop.
-  QTextBrowser desktop;
-  QStringList opened;
-  QObject::connect(&desktop, &QTextBrowser::anchorClicked, &desktop,
-                   [&](const QUrl& url) { opened += url.toString(); });
-  const char* const schemes[] = {"http", "https", "file", "javascript", "data", "smb", "ftp", ""};
-  for (const char* scheme : schemes) {
-    QDesktopServices::setUrlHandler(QString::fromLatin1(scheme), &desktop, "anchorClicked");
+/// A folder that stands before all others where programs are looked for.
+class DesktopWebOpenerTest : public testing::Test {
+ protected:
+  ~DesktopWebOpenerTest() override { qputenv("PATH", path_); }
+
+  /// An xdg-open that notes its arguments and fares as its address ends: it exits with that status,
+  /// dies of a signal, or becomes a browser that notes its process.
+  void MakeXdgOpen() {
+    QFile script(folder_.filePath(QStringLiteral("xdg-open")));
+    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+    script.write(
+        "#!/bin/sh\n"
+        "echo \"$*\" >> \"${0%/*}/opened\"\n"
+        "case ${1##*/} in\n"
+        "  killed) kill -9 $$ ;;\n"
+        "  browser) echo $$ > \"${0%/*}/browser\"; exec sleep 60 ;;\n"
+        "esac\n"
+        "exit ${1##*/}\n");
+    script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    qputenv("PATH", QFile::encodeName(folder_.path()) + ':' + path_);
   }
+
+  std::string Read(const char* name) const {
+    QFile file(folder_.filePath(QString::fromLatin1(name)));
+    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
+  }
+
+  QTemporaryDir folder_;
+  const QByteArray path_ = qgetenv("PATH");
+};
+
+TEST_F(DesktopWebOpenerTest, HandsWebAddressesAloneToTheDesktopAndTellsHowEachFared) {
+  MakeXdgOpen();
+  const std::pair<const char*, int> cases[] = {
+      {"http://korvanta.example/0", 33},
+      {"HTTPS://korvanta.example/a?b='c$(d)&e=%20;/1", 5},
+      {"http://korvanta.example/2", 2},
+      {"http://korvanta.example/3", 31},
+      {"http://korvanta.example/4", 5},
+      {"http://korvanta.example/killed", 5},
+      {"index.html", 2},
+      {"", 2},
+      {"/etc/passwd", 2},
+      {"file:///etc/passwd", 5},
+      {"javascript:alert(1)", 5},
+      {"data:text/html,x", 5},
+      {"smb://host/share", 5},
+      {"ftp://korvanta.example/", 5},
+      {"http:", 5},
+      {"http:///etc/passwd", 5},
+      {"http:korvanta.example", 5},
+      {"http://korvanta.example:99999/", 5},
+  };
   DesktopWebOpener opener;
-  EXPECT_EQ(opener.Open("http://korvanta.example/Korvanta/"), 33);
-  EXPECT_EQ(opener.Open("HTTPS://korvanta.example"), 33);
+  for (const auto& [address, expected] : cases) {
+    std::vector<int> codes;
+    opener.Open(address, [&](int code) { codes.push_back(code); });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !codes.empty(); })) << address;
+    EXPECT_THAT(codes, testing::ElementsAre(expected)) << address;
+  }
   for (const char* refused :
-       {"file:///etc/passwd", "javascript:alert(1)", "http:", "http:///etc/passwd", "http://a b/",
-        "/etc/passwd", "", "http://korvanta.example:99999/", "data:text/html,x", "smb://host/share",
-        " http://korvanta.example/", "http://korvanta.example/\nfile:///etc/passwd",
-        "http://korvanta.example/\x01", "ftp://korvanta.example/", "http:korvanta.example"}) {
-    EXPECT_LE(opener.Open(refused), 32) << refused;
+       {"http://a b/", " http://korvanta.example/", "http://korvanta.example/\x01",
+        "http://korvanta.example/\nfile:///etc/passwd"}) {
+    int code = 33;
+    opener.Open(refused, [&](int answer) { code = answer; });
+    EXPECT_LE(code, 32) << refused;
   }
-  EXPECT_EQ(opened, QStringList({QStringLiteral("http://korvanta.example/Korvanta/"),
-                                 QStringLiteral("https://korvanta.example")}));
-  for (const char* scheme : schemes) {
-    QDesktopServices::unsetUrlHandler(QString::fromLatin1(scheme));
-  }
+  EXPECT_EQ(Read("opened"),
+            "http://korvanta.example/0\n"
+            "https://korvanta.example/a?b='c$(d)&e=%20;/1\n"
+            "http://korvanta.example/2\n"
+            "http://korvanta.example/3\n"
+            "http://korvanta.example/4\n"
+            "http://korvanta.example/killed\n");
+}
+
+TEST_F(DesktopWebOpenerTest, ABrowserOutlivesTheOpenerAndIsNotWaitedFor) {
+  MakeXdgOpen();
+  bool was_answered = false;
+  auto opener = std::make_unique<DesktopWebOpener>();
+  opener->Open("http://korvanta.example/browser", [&](int /*code*/) { was_answered = true; });
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !Read("browser").empty(); }));
+  const pid_t browser = std::stoi(Read("browser"));
+  EXPECT_EQ(::getsid(browser), browser) << "what ends the session of this program ends that too";
+  opener.reset();
+  ::kill(browser, SIGTERM);
+  int status = 0;
+  ASSERT_EQ(::waitpid(browser, &status, 0), browser);
+  EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGTERM) << "it had ended before";
+  QTest::qWait(0);
+  EXPECT_FALSE(was_answered);
+}
+
+TEST_F(DesktopWebOpenerTest, WithoutXdgOpenTheToolkitIsAsked) {
+  qputenv("PATH", QFile::encodeName(folder_.path()));
+  DesktopWebOpener opener;
+  std::vector<int> codes;
+  const auto open = [&] {
+    opener.Open("http://korvanta.example/", [&](int code) { codes.push_back(code); });
+  };
+  open();
+  QTextBrowser desktop;  // has what takes an address
+  QDesktopServices::setUrlHandler(QStringLiteral("http"), &desktop, "anchorClicked");
+  open();
+  QDesktopServices::unsetUrlHandler(QStringLiteral("http"));
+  EXPECT_THAT(codes, testing::ElementsAre(31, 33));
 }
 
 TEST(QtSoundPlayerTest, WhateverIsMissingIsSilenceAndManyDoNotPileUp) {

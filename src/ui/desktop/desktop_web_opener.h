@@ -1,8 +1,8 @@
 /// Opens web addresses with the desktop's browser.
 #pragma once
 
+#include <QObject>
 #include <QString>
-#include <string_view>
 
 #include "platform/web_opener.h"
 
@@ -12,11 +12,14 @@ namespace korvanta {
 /// a file of the user's.
 class DesktopWebOpener final : public WebOpener {
  public:
-  int Open(std::string_view address) override;
+  /// By `xdg-open`, which tells its failures and may live as long as the browser; without it, as
+  /// the toolkit knows how. The browser goes on when the opener is gone.
+  void Open(std::string_view address, std::function<void(int code)> done) override;
 
-  /// The code for an attempt: 33 opened, 31 nothing there to open it with, 2 no address but the
-  /// path of a file, which nobody looks for, 5 anything else.
-  static int OpenCode(const QString& address, bool was_opened, bool has_browser);
+ private:
+  void Start(const QString& program, const QString& address, std::function<void(int code)> done);
+
+  QObject processes_;  ///< their parent
 };
 
 }  // namespace korvanta
