@@ -1,5 +1,7 @@
 #include "board/game_clock.h"
 
+#include "lobby/change_notice.h"
+
 namespace korvanta {
 namespace {
 
@@ -36,9 +38,7 @@ void GameClock::Tick() {
     return;
   }
   TickTime_ = std::move(text);
-  if (on_changed) {
-    on_changed();
-  }
+  Tell(on_changed);
 }
 
 }  // namespace korvanta

@@ -4,6 +4,8 @@
 #include <string_view>
 #include <utility>
 
+#include "lobby/change_notice.h"
+
 namespace korvanta {
 namespace {
 
@@ -55,7 +57,7 @@ ResearchBoard::Widths::Widths() {
 }
 
 ResearchBoard::ResearchBoard(GameClock& clock) : clock_(clock), Research_(PointsText(0)) {
-  clock_.on_changed = [this] { Changed(BoardPart::TickTime); };
+  clock_.on_changed = [this] { Tell(on_changed, BoardPart::TickTime); };
 }
 
 ResearchBoard::~ResearchBoard() { clock_.on_changed = nullptr; }
@@ -64,20 +66,14 @@ void ResearchBoard::ShowResearchPoints(double points) {
   std::string text = PointsText(points);
   if (text != Research_) {
     Research_ = std::move(text);
-    Changed(BoardPart::Research);
+    Tell(on_changed, BoardPart::Research);
   }
 }
 
 void ResearchBoard::SetRow(std::size_t row, const Widths& widths) {
   if (rows_[row] != widths) {
     rows_[row] = widths;
-    Changed(static_cast<BoardPart>(row));
-  }
-}
-
-void ResearchBoard::Changed(BoardPart part) const {
-  if (on_changed) {
-    on_changed(part);
+    Tell(on_changed, static_cast<BoardPart>(row));
   }
 }
 

@@ -100,7 +100,6 @@ class ResearchBoard {
   static std::size_t Index(int level) { return static_cast<std::size_t>(level - 1); }
 
   void SetRow(std::size_t row, const Widths& widths);
-  void Changed(BoardPart part) const;
 
   GameClock& clock_;
   std::array<Widths, kTopicRows> rows_;

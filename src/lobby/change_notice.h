@@ -1,13 +1,22 @@
-/// Tells a window's listener once that a handler changed the window's state; the plain halves of
-/// the side windows use it in their handlers of inbound messages.
+/// How everything with a state tells its one listener of a change.
 #pragma once
 
 #include <functional>
+#include <type_traits>
 
 namespace korvanta {
 
-/// Lives as long as the handler does, also when that ends early with an error. A state that is then
-/// what it was when the notice was made tells nothing.
+/// Calls the listener, when there is one.
+template <typename... Args>
+void Tell(const std::function<void(Args...)>& listener, std::type_identity_t<Args>... args) {
+  if (listener) {
+    listener(args...);
+  }
+}
+
+/// Tells once that a handler changed a state. Lives as long as the handler does, also when that
+/// ends early with an error. A state that is then what it was when the notice was made tells
+/// nothing.
 template <typename State>
 class ChangeNotice {
  public:
@@ -17,8 +26,8 @@ class ChangeNotice {
   ChangeNotice(const ChangeNotice&) = delete;
   ChangeNotice& operator=(const ChangeNotice&) = delete;
   ~ChangeNotice() {
-    if (listener_ && !(state_ == before_)) {
-      listener_();
+    if (!(state_ == before_)) {
+      Tell(listener_);
     }
   }
 

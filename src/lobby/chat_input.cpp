@@ -1,5 +1,6 @@
 #include "lobby/chat_input.h"
 
+#include "lobby/change_notice.h"
 #include "lobby/trim_spaces.h"
 #include "protocol/message_catalogue.h"
 
@@ -28,7 +29,7 @@ void ChatInput::TextEdited(std::string_view text) {
   }
   text_ = text;
   position_ = history_.size();
-  Changed();
+  Tell(on_changed);
 }
 
 void ChatInput::HistoryChosen(std::size_t index) {
@@ -58,7 +59,7 @@ void ChatInput::HistoryDown() {
 
 void ChatInput::ShowHistoryLine() {
   text_ = position_ == history_.size() ? draft_ : history_[position_];
-  Changed();
+  Tell(on_changed);
 }
 
 void ChatInput::SendChatLine() {
@@ -72,13 +73,7 @@ void ChatInput::SendChatLine() {
   position_ = history_.size();
   draft_.clear();
   text_.clear();
-  Changed();
-}
-
-void ChatInput::Changed() const {
-  if (on_changed) {
-    on_changed();
-  }
+  Tell(on_changed);
 }
 
 }  // namespace korvanta

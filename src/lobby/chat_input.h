@@ -47,7 +47,6 @@ class ChatInput {
 
  private:
   void ShowHistoryLine();
-  void Changed() const;
 
   Connection& connection_;
   const Options& options_;

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "lobby/change_notice.h"
 #include "lobby/menus.h"
 #include "protocol/receivers.h"
 
@@ -38,12 +39,6 @@ class MainWindow : public ConnectionDisplay {
   std::function<void()> on_close;
 
  private:
-  static void Tell(const std::function<void()>& listener) {
-    if (listener) {
-      listener();
-    }
-  }
-
   std::string title_;
 };
 

@@ -3,6 +3,8 @@
 #include <array>
 #include <utility>
 
+#include "lobby/change_notice.h"
+
 namespace korvanta {
 namespace {
 
@@ -79,7 +81,7 @@ void Menus::SetAction(std::string_view item, std::function<void()> action) {
 void Menus::Click(const MenuItem& item) {
   if (item.option != nullptr) {
     options_.*item.option = !(options_.*item.option);
-    Changed();
+    Tell(on_changed);
   }
   if (const auto action = actions_.find(item.name); action != actions_.end()) {
     action->second();
@@ -93,13 +95,7 @@ std::string_view Menus::Caption(const MenuItem& item) const {
 void Menus::SetConnectCaption(std::string_view caption) {
   if (caption != connect_caption_) {
     connect_caption_ = caption;
-    Changed();
-  }
-}
-
-void Menus::Changed() const {
-  if (on_changed) {
-    on_changed();
+    Tell(on_changed);
   }
 }
 

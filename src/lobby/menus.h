@@ -59,8 +59,6 @@ class Menus {
   std::function<void()> on_changed;
 
  private:
-  void Changed() const;
-
   Options& options_;
   std::string connect_caption_;
   std::map<std::string_view, std::function<void()>> actions_;

@@ -16,7 +16,7 @@ void modData::AppendMessage(MessageView& view, std::string_view text, MessageKin
   view.Insert(text.substr(0, head), first);
   view.Insert(text.substr(head), second);
   view.Insert("\r\n", second);
-  view.Tell({MessageView::Change::What::Inserted, place, view.caret_ - place});
+  Tell(view.on_changed, {MessageView::Change::What::Inserted, place, view.caret_ - place});
 }
 
 void MessageView::Clear() {
@@ -25,7 +25,7 @@ void MessageView::Clear() {
   }
   text_.Clear();
   anchor_ = caret_ = 0;
-  Tell({Change::What::Cleared});
+  Tell(on_changed, {Change::What::Cleared});
 }
 
 void MessageView::ShowText(std::string_view text) {
@@ -33,7 +33,7 @@ void MessageView::ShowText(std::string_view text) {
   Insert(text, ColourRole::Black);
   anchor_ = caret_ = 0;
   if (!text.empty()) {
-    Tell({MessageView::Change::What::Inserted, 0, size()});
+    Tell(on_changed, {Change::What::Inserted, 0, size()});
   }
 }
 
@@ -49,7 +49,7 @@ void MessageView::Select(std::size_t anchor, std::size_t caret) {
   }
   anchor_ = anchor;
   caret_ = caret;
-  Tell({Change::What::Selection});
+  Tell(on_changed, {Change::What::Selection});
 }
 
 std::string MessageView::SelectedText() const {
@@ -79,12 +79,6 @@ void MessageView::Insert(std::string_view text, ColourRole role) {
   text_.Recolour(from, to, role);
   text_.Insert(to, text, role);
   anchor_ = caret_ = to + text.size();
-}
-
-void MessageView::Tell(const Change& change) const {
-  if (on_changed) {
-    on_changed(change);
-  }
 }
 
 }  // namespace korvanta

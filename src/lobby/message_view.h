@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "lobby/change_notice.h"
 #include "lobby/coloured_text.h"
 #include "lobby/text_navigation.h"
 #include "protocol/options.h"
@@ -62,7 +63,7 @@ class MessageView final : public ChatOutput {
   bool IsScrollLocked() const { return options_.mnuScrollLock; }
 
   /// The option was switched: tells the listener. It has no effect on the text.
-  void ScrollLockToggled() const { Tell({Change::What::ScrollLock}); }
+  void ScrollLockToggled() const { Tell(on_changed, {Change::What::ScrollLock}); }
 
   /// The ends of the selection: `anchor` stays where `caret` is moved with extension. Both are
   /// places where a caret may stand.
@@ -88,7 +89,6 @@ class MessageView final : public ChatOutput {
   friend void modData::AppendMessage(MessageView& view, std::string_view text, MessageKind kind);
 
   void Insert(std::string_view text, ColourRole role);
-  void Tell(const Change& change) const;
 
   const Options& options_;
   ColouredText text_;

@@ -1,5 +1,6 @@
 #include "lobby/news.h"
 
+#include "lobby/change_notice.h"
 #include "protocol/message_catalogue.h"
 
 namespace korvanta {
@@ -19,9 +20,7 @@ void News::ShowNews(std::string_view payload) {
     return;
   }
   rbNews_ = payload;
-  if (on_changed) {
-    on_changed();
-  }
+  Tell(on_changed);
 }
 
 }  // namespace korvanta

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "lobby/change_notice.h"
 #include "protocol/field_reading.h"
 #include "protocol/wire_format.h"
 
@@ -39,10 +40,10 @@ void OnlineList::ShowOnlineList(std::string_view payload) {
   try {
     Rebuild();
   } catch (...) {
-    Changed();
+    Tell(on_changed);
     throw;
   }
-  Changed();
+  Tell(on_changed);
 }
 
 void OnlineList::Rebuild() {
@@ -56,12 +57,6 @@ void OnlineList::Rebuild() {
       entry.marked = ReadNumber(fields.Next()) == 1;
     }
     ++position;
-  }
-}
-
-void OnlineList::Changed() const {
-  if (on_changed) {
-    on_changed();
   }
 }
 

@@ -44,7 +44,6 @@ class OnlineList {
 
  private:
   void Rebuild();
-  void Changed() const;
 
   std::string payload_;
   std::vector<Entry> entries_;

@@ -5,6 +5,8 @@
 #include <functional>
 #include <utility>
 
+#include "lobby/change_notice.h"
+
 namespace korvanta {
 
 class WindowLife {
@@ -30,9 +32,7 @@ class WindowLife {
   void Show() {
     Create();
     state_ = State::Shown;
-    if (on_show) {
-      on_show();
-    }
+    Tell(on_show);
   }
 
   /// Ends the window; an absent one is skipped.
@@ -42,11 +42,9 @@ class WindowLife {
     }
     const bool was_shown = state_ == State::Shown;
     state_ = State::Absent;
-    if (unload_) {
-      unload_();
-    }
-    if (was_shown && on_unload) {
-      on_unload();
+    Tell(unload_);
+    if (was_shown) {
+      Tell(on_unload);
     }
   }
 

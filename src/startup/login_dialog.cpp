@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "lobby/change_notice.h"
+
 namespace korvanta {
 namespace {
 
@@ -52,21 +54,21 @@ void LoginDialog::Load() {
 void LoginDialog::ServerTyped(std::string_view text) {
   if (text != form_.cboServer) {
     form_.cboServer = text;
-    TellChange();
+    Tell(on_changed);
   }
 }
 
 void LoginDialog::PasswordTyped(std::string_view text) {
   if (text != form_.txtPassword) {
     form_.txtPassword = text;
-    TellChange();
+    Tell(on_changed);
   }
 }
 
 void LoginDialog::SaveClicked(bool checked) {
   if (checked != form_.chkSave) {
     form_.chkSave = checked;
-    TellChange();
+    Tell(on_changed);
   }
 }
 
@@ -74,7 +76,7 @@ void LoginDialog::UserNameTyped(std::string_view text) {
   if (text != form_.cboUsernames) {
     form_.cboUsernames = text;
     TakeSavedUser(NameSource::Typed);
-    TellChange();
+    Tell(on_changed);
   }
 }
 
@@ -82,7 +84,7 @@ void LoginDialog::UserNameChosen(std::size_t index) {
   if (index < form_.cboUsernames_list.size()) {
     form_.cboUsernames = form_.cboUsernames_list[index];
     TakeSavedUser(NameSource::Chosen);
-    TellChange();
+    Tell(on_changed);
   }
 }
 
@@ -162,12 +164,12 @@ void LoginDialog::RemoveUserClicked() {
   }
   modData::ClearFormFields(form_, true, true);
   FillSavedUsers();
-  TellChange();
+  Tell(on_changed);
 }
 
 void LoginDialog::ClearClicked() {
   modData::ClearFormFields(form_, true, true);
-  TellChange();
+  Tell(on_changed);
 }
 
 bool LoginDialog::FindSavedUser(std::string_view name) const {
@@ -197,12 +199,6 @@ void LoginDialog::FillSavedUsers() {
         form_.txtPassword = login.Password;
       }
     }
-  }
-}
-
-void LoginDialog::TellChange() const {
-  if (on_changed) {
-    on_changed();
   }
 }
 

@@ -79,7 +79,6 @@ class LoginDialog {
   void TakeSavedUser(NameSource source);
   /// Whether the form may be logged in with; otherwise the user has been told why not.
   bool CheckForm();
-  void TellChange() const;
 
   Connection& connection_;
   ConnectionValues& values_;

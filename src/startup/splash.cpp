@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <utility>
 
+#include "lobby/change_notice.h"
 #include "protocol/connection.h"
 
 namespace korvanta {
@@ -26,7 +27,7 @@ Splash::Splash(TimerFactory& timers, std::array<std::string, 3> rights)
 
 void Splash::ShowVersion() {
   Label3_ = "Version: " + std::string(kVersionText);
-  Changed();
+  Tell(on_changed);
 }
 
 void Splash::Load() {
@@ -44,9 +45,7 @@ void Splash::StopTimers() {
 
 void Splash::Timer1Tick() {
   window_.Unload();
-  if (on_finished) {
-    on_finished();
-  }
+  Tell(on_finished);
 }
 
 void Splash::Timer2Tick() {
@@ -55,13 +54,7 @@ void Splash::Timer2Tick() {
   if (dots_ == kMostDots) {
     dots_ = 0;
   }
-  Changed();
-}
-
-void Splash::Changed() const {
-  if (on_changed) {
-    on_changed();
-  }
+  Tell(on_changed);
 }
 
 }  // namespace korvanta

@@ -36,7 +36,6 @@ class Splash {
   void StopTimers();
   void Timer1Tick();
   void Timer2Tick();
-  void Changed() const;
 
   std::array<std::string, 3> Label5_;
   std::string Label4_;
