@@ -19,12 +19,12 @@ bool BoardActions::PlayerRightClicked() {
 }
 
 void BoardActions::ResearchThis() {
-  SendIfConnected(outbound::ResearchTopic(SelectedTopic, SelectedLevel));
+  connection_.TrySend(outbound::ResearchTopic(SelectedTopic, SelectedLevel));
 }
 
-void BoardActions::Information() { SendIfConnected(outbound::TopicInformation(SelectedTopic)); }
+void BoardActions::Information() { connection_.TrySend(outbound::TopicInformation(SelectedTopic)); }
 
-void BoardActions::AttackPlayer() { SendIfConnected(outbound::AttackPlayer(SelectedPlayer)); }
+void BoardActions::AttackPlayer() { connection_.TrySend(outbound::AttackPlayer(SelectedPlayer)); }
 
 void BoardActions::ShowStatistics() {
   if (!connection_.IsSocketConnected()) {
@@ -37,16 +37,10 @@ void BoardActions::ShowStatistics() {
 void BoardActions::FormAlliance() {
   const std::string player = SelectedPlayer;
   if (message_box_.Ask("Are you sure you want to ally with this user?", "Alliance?")) {
-    SendIfConnected(outbound::FormAlliance(player));
+    connection_.TrySend(outbound::FormAlliance(player));
   }
 }
 
-void BoardActions::EnterGame() { SendIfConnected(outbound::EnterGame()); }
-
-void BoardActions::SendIfConnected(const std::string& message) {
-  if (connection_.IsSocketConnected()) {
-    connection_.Send(message);
-  }
-}
+void BoardActions::EnterGame() { connection_.TrySend(outbound::EnterGame()); }
 
 }  // namespace korvanta

@@ -43,8 +43,6 @@ class BoardActions {
   std::string SelectedPlayer;
 
  private:
-  void SendIfConnected(const std::string& message);
-
   Connection& connection_;
   OnlineList& online_list_;
   Statistics& statistics_;

@@ -26,7 +26,7 @@ Tournament::Tournament(Connection& connection, const ConnectionValues& values,
 void Tournament::Load() {
   state_ = {};
   state_.has_admin_tab = values_.UserID >= kFirstAdminID;
-  SendIfConnected(outbound::RequestTournamentInfo());
+  connection_.TrySend(outbound::RequestTournamentInfo());
 }
 
 void Tournament::TabChosen(TournamentTab tab) {
@@ -36,9 +36,9 @@ void Tournament::TabChosen(TournamentTab tab) {
   const ChangeNotice notice(state_, on_changed);
   state_.chosen_tab = tab;
   if (tab == TournamentTab::Info) {
-    SendIfConnected(outbound::RequestTournamentInfo());
+    connection_.TrySend(outbound::RequestTournamentInfo());
   } else if (tab == TournamentTab::Teams) {
-    SendIfConnected(outbound::RequestTeamList());
+    connection_.TrySend(outbound::RequestTeamList());
   }
 }
 
@@ -71,7 +71,7 @@ void Tournament::KickPlayerClicked() {
     return;
   }
   if (message_box_.Ask("Are you sure you wish to kick this player?", kApplicationTitle)) {
-    SendIfConnected(outbound::KickPlayer(player));
+    connection_.TrySend(outbound::KickPlayer(player));
   }
 }
 
@@ -80,18 +80,18 @@ void Tournament::DisbandTeamClicked() {
     return;
   }
   if (message_box_.Ask("Are you sure you wish to disband your team?", kApplicationTitle)) {
-    SendIfConnected(outbound::DisbandTeam());
+    connection_.TrySend(outbound::DisbandTeam());
   }
 }
 
 void Tournament::StartTournamentClicked() {
   const TournamentTexts& texts = state_.texts;
-  SendIfConnected(outbound::StartTournament(texts.EntryFee, texts.MaxTeams, texts.MaxPlayers));
+  connection_.TrySend(outbound::StartTournament(texts.EntryFee, texts.MaxTeams, texts.MaxPlayers));
 }
 
-void Tournament::SetTournamentGameClicked() { SendIfConnected(outbound::SetTournamentGame()); }
+void Tournament::SetTournamentGameClicked() { connection_.TrySend(outbound::SetTournamentGame()); }
 
-void Tournament::EndTournamentClicked() { SendIfConnected(outbound::EndTournament()); }
+void Tournament::EndTournamentClicked() { connection_.TrySend(outbound::EndTournament()); }
 
 void Tournament::ShowTournamentInfo(std::string_view payload) {
   window_.Create();
@@ -128,12 +128,6 @@ void Tournament::ShowTeamNames(std::string_view payload) {
     if (!name.empty()) {
       state_.team_names.emplace_back(name);
     }
-  }
-}
-
-void Tournament::SendIfConnected(std::string_view message) {
-  if (connection_.IsSocketConnected()) {
-    connection_.Send(message);
   }
 }
 

@@ -97,7 +97,6 @@ class Tournament {
 
  private:
   void Load();
-  void SendIfConnected(std::string_view message);
   void Tell(std::string_view text);
 
   /// Empty when none is selected.

@@ -45,6 +45,13 @@ class Connection {
   /// Sends a whole message in one call, whatever the state; the sender has made its check.
   void Send(std::string_view message) { socket_.Send(message); }
 
+  /// Drops the message silently while the socket is not connected.
+  void TrySend(std::string_view message) {
+    if (IsSocketConnected()) {
+      Send(message);
+    }
+  }
+
   /// The socket's own connected state, which already holds during the handshake.
   bool IsSocketConnected() const { return socket_.IsConnected(); }
 

@@ -17,8 +17,8 @@ void TopicLevel(InboundTargets& targets, std::string_view payload) {
 
 void BoardCleared(InboundTargets& targets, std::string_view /*message*/) {
   targets.game.ResetBoard();
-  if (targets.options.mAuto && targets.connection.IsSocketConnected()) {
-    targets.connection.Send(outbound::EnterGame());
+  if (targets.options.mAuto) {
+    targets.connection.TrySend(outbound::EnterGame());
   }
 }
 
