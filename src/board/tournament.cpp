@@ -100,10 +100,11 @@ void Tournament::ShowTournamentInfo(std::string_view payload) {
   texts.iEntryFee.clear();
   texts.iMaxTeams.clear();
   texts.iMaxPlayers.clear();
-  texts.iEntryFee = Field(payload, 0);
-  texts.txtPurse = Field(payload, 1);
-  texts.iMaxTeams = Field(payload, 2);
-  texts.iMaxPlayers = Field(payload, 3);
+  FieldReader fields(payload);
+  texts.iEntryFee = fields.Next();
+  texts.txtPurse = fields.Next();
+  texts.iMaxTeams = fields.Next();
+  texts.iMaxPlayers = fields.Next();
 }
 
 void Tournament::ShowTeamList(std::string_view payload) {

@@ -39,9 +39,6 @@ constexpr std::array<std::string_view, 24> kAwards = {
     "No awards for this user!",
 };
 
-constexpr std::size_t kNameField = 0;
-constexpr std::size_t kAwardCodesField = 12;
-
 std::string Quoted(std::string_view words, std::string_view name) {
   return std::string(words) + " '" + std::string(name) + "'";
 }
@@ -67,15 +64,15 @@ void Statistics::SearchClicked() {
 void Statistics::ShowUserStatistics(std::string_view payload) {
   window_.Create();
   const ChangeNotice notice(state_, on_changed);
-  const std::string_view name = Field(payload, kNameField);
+  FieldReader fields(payload);
+  const std::string_view name = fields.Next();
   state_.frmUserData = Quoted("Statistics for", name);
   state_.frmAward = Quoted("Awards for", name);
   for (std::size_t field = 1; field <= kStatisticsFields.size(); ++field) {
     const auto row = std::ranges::find(kStatisticsFields, field, &StatisticsField::reply_field);
-    state_.fields[static_cast<std::size_t>(row - kStatisticsFields.begin())] =
-        Field(payload, field);
+    state_.fields[static_cast<std::size_t>(row - kStatisticsFields.begin())] = fields.Next();
   }
-  const std::string_view codes = Field(payload, kAwardCodesField);
+  const std::string_view codes = fields.Next();
   state_.lstAwards.clear();
   for (std::string_view code : Split(codes, kRecordSeparator)) {
     if (ReadLeadingNumber(code) > 0) {
