@@ -5,6 +5,7 @@
 #ifdef Q_OS_UNIX
 #include <QSocketNotifier>
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -17,8 +18,10 @@ namespace {
 std::array<int, 2> sockets;
 
 extern "C" void WakeEventLoop(int /*signal*/) {
+  const int interrupted_error = errno;
   const char byte = 0;
   [[maybe_unused]] const auto written = ::write(sockets[0], &byte, 1);
+  errno = interrupted_error;
 }
 
 }  // namespace
