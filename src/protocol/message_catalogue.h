@@ -1,5 +1,6 @@
-/// Every message that the client sends, one function each, in catalogue order. Each returns the
-/// whole message, ready for one send; texts go out as they stand, nothing is escaped or checked.
+/// Every message that a client may send, one function each, in catalogue order; this one never
+/// sends the keep-alive by itself. Each returns the whole message, ready for one send; texts go out
+/// as they stand, nothing is escaped or checked.
 #pragma once
 
 #include <cstdint>
