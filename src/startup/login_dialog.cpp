@@ -51,26 +51,19 @@ void LoginDialog::Load() {
   form_.cboServer = kServerName;
 }
 
-void LoginDialog::ServerTyped(std::string_view text) {
-  if (text != form_.cboServer) {
-    form_.cboServer = text;
+template <typename Control, typename Value>
+void LoginDialog::Set(Control& control, const Value& value) {
+  if (control != value) {
+    control = value;
     Tell(on_changed);
   }
 }
 
-void LoginDialog::PasswordTyped(std::string_view text) {
-  if (text != form_.txtPassword) {
-    form_.txtPassword = text;
-    Tell(on_changed);
-  }
-}
+void LoginDialog::ServerTyped(std::string_view text) { Set(form_.cboServer, text); }
 
-void LoginDialog::SaveClicked(bool checked) {
-  if (checked != form_.chkSave) {
-    form_.chkSave = checked;
-    Tell(on_changed);
-  }
-}
+void LoginDialog::PasswordTyped(std::string_view text) { Set(form_.txtPassword, text); }
+
+void LoginDialog::SaveClicked(bool checked) { Set(form_.chkSave, checked); }
 
 void LoginDialog::UserNameTyped(std::string_view text) {
   if (text != form_.cboUsernames) {
@@ -100,11 +93,17 @@ void LoginDialog::TakeSavedUser(NameSource source) {
     if (source == NameSource::Typed) {
       form_.cboUsernames = login.UserName;
     }
-    form_.chkSave = !login.Password.empty();
+    TakePassword(login);
     if (form_.chkSave) {
-      form_.txtPassword = login.Password;
       return;
     }
+  }
+}
+
+void LoginDialog::TakePassword(const SavedLogin& login) {
+  form_.chkSave = !login.Password.empty();
+  if (form_.chkSave) {
+    form_.txtPassword = login.Password;
   }
 }
 
@@ -194,10 +193,7 @@ void LoginDialog::FillSavedUsers() {
     form_.cboUsernames_list.push_back(login.UserName);
     if (SameName(login.UserName, saved_logins_.LastUser)) {
       form_.cboUsernames = login.UserName;
-      form_.chkSave = !login.Password.empty();
-      if (form_.chkSave) {
-        form_.txtPassword = login.Password;
-      }
+      TakePassword(login);
     }
   }
 }

@@ -77,6 +77,13 @@ class LoginDialog {
 
   void Load();
   void TakeSavedUser(NameSource source);
+  /// A saved password and its check mark; without one, what stands in the box stays.
+  void TakePassword(const SavedLogin& login);
+
+  /// The user's change of one control; the same value again is none.
+  template <typename Control, typename Value>
+  void Set(Control& control, const Value& value);
+
   /// Whether the form may be logged in with; otherwise the user has been told why not.
   bool CheckForm();
 
