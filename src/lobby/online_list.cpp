@@ -24,13 +24,8 @@ constexpr std::array<Colour, 8> kCategoryColours = {{
 }  // namespace
 
 Colour OnlineColour(std::string_view category) {
-  const double number = ReadNumber(category);
-  for (std::size_t i = 0; i < kCategoryColours.size(); ++i) {
-    if (number == static_cast<double>(i + 1)) {
-      return kCategoryColours[i];
-    }
-  }
-  return kBlack;
+  const Colour* colour = NumberedEntry(kCategoryColours, ReadNumber(category));
+  return colour != nullptr ? *colour : kBlack;
 }
 
 void OnlineList::ShowOnlineList(std::string_view payload) {

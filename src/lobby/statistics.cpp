@@ -82,11 +82,8 @@ void Statistics::ShowUserStatistics(std::string_view payload) {
 }
 
 void modData::AddAward(Statistics& statistics, std::string_view code) {
-  const double number = ReadNumber(code);
-  for (std::size_t i = 0; i < kAwards.size(); ++i) {
-    if (number == static_cast<double>(i + 1)) {
-      statistics.state_.lstAwards.push_back(kAwards[i]);
-    }
+  if (const auto* award = NumberedEntry(kAwards, ReadNumber(code))) {
+    statistics.state_.lstAwards.push_back(*award);
   }
 }
 

@@ -2,6 +2,7 @@
 /// counts as a number.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -53,6 +54,17 @@ double ReadLeadingNumber(std::string_view text);
 /// A value as a 16-bit signed integer, rounded to the nearest, halves to the even neighbour. Raises
 /// MessageError when it does not fit.
 std::int16_t ToInt16(double value);
+
+/// The entry that a number names, counted from 1; null when it names none.
+template <typename Entry, std::size_t count>
+const Entry* NumberedEntry(const std::array<Entry, count>& entries, double number) {
+  for (std::size_t i = 0; i < count; ++i) {
+    if (number == static_cast<double>(i + 1)) {
+      return &entries[i];
+    }
+  }
+  return nullptr;
+}
 
 /// The truth of a text: true or false in any letter case, or a number, 0 being false; blanks around
 /// either allowed. Nothing when it is neither.

@@ -1,7 +1,6 @@
 /// Handlers of the login and chat messages: who is connected, what is said, what sounds.
 #include <algorithm>
 #include <array>
-#include <cstddef>
 #include <string>
 
 #include "protocol/field_reading.h"
@@ -49,11 +48,8 @@ void Sound(InboundTargets& targets, std::string_view payload) {
   if (!targets.options.mSounds) {
     return;
   }
-  const double number = ReadNumber(payload);
-  for (std::size_t i = 0; i < kSoundFiles.size(); ++i) {
-    if (number == static_cast<double>(i + 1)) {
-      targets.sounds.Play(kSoundFiles[i]);
-    }
+  if (const auto* file = NumberedEntry(kSoundFiles, ReadNumber(payload))) {
+    targets.sounds.Play(*file);
   }
 }
 
