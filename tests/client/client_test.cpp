@@ -23,6 +23,7 @@ class ClientTest : public testing::Test {
     client.splash.window().on_unload = [this] { Note("splash gone"); };
     client.statistics.window().on_unload = [this] { Note("statistics gone"); };
     client.tournament.window().on_unload = [this] { Note("tournament gone"); };
+    platform.socket.on_drain = [this] { Note("drained"); };
   }
 
   void Note(const std::string& event) { events.push_back(event); }
@@ -74,6 +75,8 @@ class ClientTest : public testing::Test {
 std::string Message(const std::string& text) { return text + '\0'; }
 
 TEST_F(ClientTest, StartsWithTheSplashAndShowsTheWindowsAfterFourSeconds) {
+  platform.settings.entries["Logins > Last User"] = "DABC";
+  platform.settings.entries["Logins > User/Password"] = "\xc9\xc7\xc5\xcb,\xc9;";
   ASSERT_TRUE(client.StartUp());
   EXPECT_THAT(TakeEvents(), ElementsAre("splash shown"));
   EXPECT_EQ(client.main_window.title(), "Korvanta - v1.6 - Disconnected");
@@ -84,8 +87,12 @@ TEST_F(ClientTest, StartsWithTheSplashAndShowsTheWindowsAfterFourSeconds) {
 
   platform.timers.Tick(4000ms);
   EXPECT_THAT(TakeEvents(), ElementsAre("splash gone", "main shown", "login shown"));
-  platform.timers.Tick(4000ms);
-  EXPECT_THAT(TakeEvents(), IsEmpty());
+  EXPECT_THAT(client.login_dialog.form().cboUsernames_list, ElementsAre("dabc"));
+  EXPECT_EQ(client.login_dialog.form().cboUsernames, "dabc");
+  EXPECT_EQ(client.login_dialog.form().txtPassword, "c");
+  for (const auto& [interval, timer] : platform.timers.made) {
+    EXPECT_FALSE(timer->enabled) << interval.count();
+  }
 }
 
 TEST_F(ClientTest, ASecondCopyOnlySaysSo) {
@@ -110,20 +117,23 @@ TEST_F(ClientTest, ClosingSaysGoodbyeSavesAndUnloadsInOrder) {
   TakeEvents();
   Click("mnuScrollLock");
   client.main_window.on_close = [this] { client.CloseMainWindow(); };
-  platform.settings.on_save = [this] { EXPECT_EQ(platform.socket.sent.size(), 1U); };
+  platform.settings.on_save = [this] {
+    EXPECT_EQ(platform.socket.sent.size(), 1U);
+    EXPECT_THAT(events, IsEmpty());
+  };
 
   Click("mnuExit");
   EXPECT_THAT(platform.socket.TakeSent(), ElementsAre(Message("[dis]")));
   EXPECT_THAT(TakeEvents(), ElementsAre("login gone", "news gone", "splash gone", "statistics gone",
-                                        "tournament gone"));
+                                        "tournament gone", "drained"));
   EXPECT_EQ(platform.settings.entries["Menu > ScrollLock"], "True");
   EXPECT_EQ(platform.settings.entries["Logins > Last User"], "alice");
   EXPECT_EQ(platform.settings.writes.size(), 10U);
   EXPECT_EQ(platform.settings.commits, 1);
-  EXPECT_EQ(platform.socket.drains, 1);
 
   client.CloseMainWindow();
   EXPECT_EQ(platform.settings.commits, 1);
+  EXPECT_THAT(TakeEvents(), IsEmpty());
 }
 
 TEST_F(ClientTest, ClosingUnconnectedSendsNothingAndTellsWhatCouldNotBeSaved) {
@@ -133,7 +143,7 @@ TEST_F(ClientTest, ClosingUnconnectedSendsNothingAndTellsWhatCouldNotBeSaved) {
   client.news.window().Show();
   TakeEvents();
   client.CloseMainWindow();
-  EXPECT_THAT(TakeEvents(), ElementsAre("news gone", "splash gone"));
+  EXPECT_THAT(TakeEvents(), ElementsAre("news gone", "splash gone", "drained"));
   EXPECT_THAT(platform.socket.TakeSent(), IsEmpty());
   EXPECT_THAT(platform.message_box.shown,
               ElementsAre("Korvanta: The settings could not be saved."));
@@ -154,6 +164,41 @@ TEST_F(ClientTest, AGameFromClockToClear) {
   Receive({"[clr]"});
   EXPECT_THAT(platform.socket.TakeSent(), ElementsAre(Message("[jon]")));
   EXPECT_EQ(client.research_board.Research(), "Research Points: 0");
+}
+
+TEST_F(ClientTest, TheEndOfAConnectionAndTheNextLoginLeaveEverythingElse) {
+  ASSERT_TRUE(client.StartUp());
+  LogIn("12");
+  client.chat_input.TextEdited("hello");
+  client.chat_input.SendChatLine();
+  client.chat_input.TextEdited("half a li");
+  Receive({"[onl]Bob\0011\0011\0010", "[upg]2\0013", "[poi]7"});
+  client.online_list.Select(0);
+  EXPECT_TRUE(client.board_actions.PlayerRightClicked());
+  client.board_actions.BoxRightClicked(3, 4);
+  const auto expect_kept = [this](const char* after, bool board_too = true) {
+    const BoardActions& actions = client.board_actions;
+    EXPECT_EQ(std::tuple(actions.SelectedTopic, actions.SelectedLevel, actions.SelectedPlayer),
+              std::tuple(3, 4, "Bob"))
+        << after;
+    EXPECT_EQ(client.online_list.entries().size(), 1U) << after;
+    EXPECT_EQ(client.values.UserID, 12) << after;
+    EXPECT_THAT(client.chat_input.history(), ElementsAre("c hello")) << after;
+    EXPECT_EQ(client.chat_input.text(), "half a li") << after;
+    EXPECT_EQ(client.research_board.FrameWidth(1, 3), board_too ? kReachedWidth : kPlainWidth);
+    EXPECT_EQ(client.research_board.Research(),
+              board_too ? "Research Points: 7" : "Research Points: 0");
+  };
+  platform.socket.Hangup();
+  expect_kept("the server closes");
+  client.connection.StartConnection();
+  expect_kept("a new attempt");
+  platform.socket.Accept();
+  expect_kept("its handshake");
+  Receive({"[con]Alice\00112"});
+  expect_kept("its login");
+  Receive({"[clr]", "[clt]"});
+  expect_kept("a cleared board", false);
 }
 
 TEST_F(ClientTest, LobbyMessagesReachTheirWindowsAndCreateThemHidden) {
@@ -179,8 +224,13 @@ TEST_F(ClientTest, LobbyMessagesReachTheirWindowsAndCreateThemHidden) {
 
 TEST_F(ClientTest, TheConnectItemLogsInAndOut) {
   ASSERT_TRUE(client.StartUp());
-  Click("mnuDisCon");
-  EXPECT_THAT(TakeEvents(), ElementsAre("splash shown", "login shown"));
+  TakeEvents();
+  for (const bool in_handshake : {false, true}) {
+    platform.socket.connected = in_handshake;
+    Click("mnuDisCon");
+    EXPECT_THAT(TakeEvents(), ElementsAre("login shown")) << in_handshake;
+    EXPECT_THAT(platform.socket.TakeSent(), IsEmpty()) << in_handshake;
+  }
   LogIn("1");
   Click("mnuDisCon");
   EXPECT_THAT(platform.socket.TakeSent(), ElementsAre(Message("[dis]")));

@@ -29,7 +29,11 @@ class FakeSocket : public ClientSocket {
   }
   void Send(std::string_view text) override { sent.emplace_back(text); }
   bool IsConnected() const override { return connected; }
-  void Drain() override { ++drains; }
+  void Drain() override {
+    if (on_drain) {
+      on_drain();
+    }
+  }
 
   /// The attempt succeeds.
   void Accept() {
@@ -47,7 +51,7 @@ class FakeSocket : public ClientSocket {
 
   bool connected = false;
   int closes = 0;
-  int drains = 0;
+  std::function<void()> on_drain;
   std::vector<std::pair<std::string, std::uint16_t>> attempts;
   std::vector<std::string> sent;
 };
