@@ -111,17 +111,25 @@ TEST_F(ConnectionTest, TheServerEndsTheConnectionNotTheClient) {
   EXPECT_FALSE(values.IsConnected);
 }
 
-TEST_F(ConnectionTest, ASecondAttemptStartsCountingAgain) {
-  connection.StartConnection();
-  Ticks(5);
-  connection.StartConnection();
-  EXPECT_EQ(values.ConnectTicks, 0);
-  EXPECT_EQ(socket.closes, 2);
-  chat.Take();
-  Ticks(7);
-  EXPECT_THAT(chat.lines, IsEmpty());
-  Ticks(1);
-  EXPECT_THAT(chat.Take(), ElementsAre("3|No connection can be made", "3|Disconnected"));
+TEST_F(ConnectionTest, ASecondAttemptStartsCountingAgainAndLeavesTheTitleOfAHandshake) {
+  for (const bool in_handshake : {false, true}) {
+    connection.StartConnection();
+    Ticks(5);
+    if (in_handshake) {
+      socket.Accept();
+    }
+    display.Take();
+    socket.closes = 0;
+    connection.StartConnection();
+    EXPECT_EQ(values.ConnectTicks, 0);
+    EXPECT_EQ(socket.closes, 1);
+    chat.Take();
+    Ticks(7);
+    EXPECT_THAT(chat.lines, IsEmpty());
+    Ticks(1);
+    EXPECT_THAT(chat.Take(), ElementsAre("3|No connection can be made", "3|Disconnected"));
+    EXPECT_THAT(display.Take(), IsEmpty()) << in_handshake;
+  }
 }
 
 // The dialog opened during the handshake still stands when the server has answered.

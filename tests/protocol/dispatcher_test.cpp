@@ -122,6 +122,9 @@ TEST_F(DispatcherTest, OptionsDecideOnNoticesSoundsAndTheFilter) {
   Receive({"[log]hidden", "[sou]not even read", "[msg]tel\001text\001False"});
   EXPECT_THAT(chat.Take(), ElementsAre("4|*text"));
   EXPECT_THAT(platform.sounds.played, IsEmpty());
+  options.mnuLogins = false;
+  Receive({"[log]never filtered"});
+  EXPECT_THAT(chat.Take(), ElementsAre("3|never filtered"));
 }
 
 TEST_F(DispatcherTest, SoundNumbersNameTheirFiles) {
