@@ -3,12 +3,15 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTabBar>
 #include <QTest>
 #include <QTreeView>
 #include <QWindow>
@@ -25,6 +28,24 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 std::string Message(const std::string& text) { return text + '\0'; }
+
+/// What is read on a control or beside it, without the mark of its access key.
+QString CaptionOf(const QWidget& control) {
+  QString caption = control.property("text").toString() + control.property("title").toString();
+  if (const auto* list = qobject_cast<const QTreeView*>(&control)) {
+    for (int column = 0; column < list->model()->columnCount(); ++column) {
+      caption += list->model()->headerData(column, Qt::Horizontal).toString() + QLatin1Char('|');
+    }
+  } else if (const auto* tabs = qobject_cast<const QTabBar*>(&control)) {
+    for (int tab = 0; tab < tabs->count(); ++tab) {
+      caption += tabs->tabText(tab) + QLatin1Char('|');
+    }
+  }
+  for (const QLabel* label : control.window()->findChildren<QLabel*>()) {
+    caption += label->buddy() == &control ? label->text() : QString();
+  }
+  return caption.remove(QLatin1Char('&'));
+}
 
 class frmMainTest : public testing::Test {
  protected:
@@ -47,6 +68,10 @@ class frmMainTest : public testing::Test {
     platform.socket.Accept();
     Receive("[con]Ann\0011");
     platform.socket.TakeSent();
+  }
+  std::array<WindowLife*, 4> SideWindows() {
+    return {&client.login_dialog.window(), &client.statistics.window(), &client.news.window(),
+            &client.tournament.window()};
   }
   void Receive(const std::string& message) { platform.socket.Receive(Message(message)); }
 
@@ -178,6 +203,75 @@ TEST_F(frmMainTest, FindIsReachedFromTheChatLineAndByTab) {
   EXPECT_THAT(platform.socket.TakeSent(), ElementsAre(Message("[jon]")));
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
   EXPECT_EQ(QApplication::focusWidget(), &ChatBox());
+}
+
+TEST_F(frmMainTest, EveryControlIsCaptionedAndReadAloudAsTheRulesSay) {
+  platform.socket.Accept();
+  Receive("[con]Ann\00190");
+  for (WindowLife* life : SideWindows()) {
+    life->Show();
+  }
+  const std::pair<QWidget&, std::vector<const char*>> cases[] = {
+      {window, {"lstOnline: Name|Level|", "btnSend: Transmit"}},
+      {Get<QWidget>("frmLogin"),
+       {"frmValues: Connection Values:", "cboServer: Server:", "cboUsernames: Username:",
+        "txtPassword: Password:", "btnLogin: Login", "chkSave: Save Password", "btnClear: Clear",
+        "btnCancel: Cancel"}},
+      {Get<QWidget>("frmNews"), {"btnClose: Close"}},
+      {Get<QWidget>("frmStats"),
+       {"btnLoad: Search User", "frmUserData: Statistics for 'none'", "rbScore: Total Score",
+        "txtAlliance: Alliance", "txtID: Identification #", "txtWins: Game Wins",
+        "txtAllianceWins: Alliance Wins", "txtPlayed: Games Played", "txtResearch: Total Research",
+        "txtLost: Research Lost", "txtDestroy: Enemy Research Destroyed", "txtBlocks: Total Blocks",
+        "txtScrew: Alliance Screw-Overs", "frmAward: Awards for 'none'", "lstAwards: Awards|"}},
+      {Get<QWidget>("frmTournament"),
+       {"TStrip: Info|Teams|Admin|", "fInfo: Information", "iEntryFee: Entry Fee",
+        "txtPurse: Current Purse", "iMaxTeams: Current Teams", "iMaxPlayers: Current Players",
+        "cmbTeam: Team Name", "txtPassword: Team Password", "Command4: Create/Join"}},
+      {Get<QWidget>("frmTournament"),
+       {"fTeams: Teams", "lstTeams: Team Information|", "KickPlayer: Kick Player",
+        "btnDisband: Disband Team", "fAdmin: Admin", "EntryFee: Entry Fee", "MaxTeams: Max Teams",
+        "MaxPlayers: Max Players", "Command1: Start Tournament", "Command2: Set Tournament Game",
+        "Command3: End Tournament"}},
+  };
+  for (const auto& [place, captions] : cases) {
+    for (const char* text : captions) {
+      const QString line = QLatin1String(text);
+      const QString caption = line.section(QStringLiteral(": "), 1);
+      const auto* control = place.findChild<QWidget*>(line.section(QLatin1Char(':'), 0, 0));
+      ASSERT_NE(control, nullptr) << text;
+      EXPECT_EQ(CaptionOf(*control), caption) << text;
+      EXPECT_TRUE(caption.endsWith(QLatin1Char('|')) || control->accessibleName() == caption)
+          << text;
+    }
+  }
+}
+
+TEST_F(frmMainTest, SideWindowsAreItsOwnAndComeForwardWhenShownAgain) {
+  window.move(window.pos() + QPoint(90, 70));
+  const auto comes_forward = [](const QWidget* which) {
+    return QTest::qWaitFor([which] { return QApplication::activeWindow() == which; });
+  };
+  qsizetype open = 0;
+  for (WindowLife* life : SideWindows()) {
+    life->Show();
+    const QList<QDialog*> dialogs = window.findChildren<QDialog*>();
+    ASSERT_EQ(dialogs.size(), ++open);
+    const std::string name = dialogs.back()->objectName().toStdString();
+    EXPECT_EQ(dialogs.back()->windowHandle()->transientParent(), window.windowHandle()) << name;
+    EXPECT_FALSE(dialogs.back()->isModal()) << name;
+    window.activateWindow();
+    EXPECT_TRUE(comes_forward(&window)) << name;
+    life->Show();
+    EXPECT_TRUE(comes_forward(dialogs.back())) << name;
+    EXPECT_EQ(window.findChildren<QDialog*>(), dialogs) << name;
+  }
+  const auto& tournament = Get<QDialog>("frmTournament");
+  EXPECT_EQ(tournament.windowType(), Qt::Tool);
+  EXPECT_FALSE(tournament.windowFlags() & Qt::WindowMinMaxButtonsHint);
+  EXPECT_EQ(tournament.minimumSize(), tournament.maximumSize());
+  const QPoint off = tournament.frameGeometry().center() - window.frameGeometry().center();
+  EXPECT_LE(off.manhattanLength(), 8) << "but for the frame of a window";
 }
 
 TEST_F(frmMainTest, AWindowReopenedAtOnceHearsOfChanges) {
