@@ -92,6 +92,9 @@ TEST_F(ResearchBoardTest, ResetClearsTheBoardAndFreezesTheClock) {
   timers_.Tick(1000ms);
   EXPECT_EQ(board_.TickTime(), "Tick Time - 1:29");
   EXPECT_EQ(clock_.TickSecondsLeft(), 89);
+  clock_.StartGameClock(120);
+  timers_.Tick(1000ms);
+  EXPECT_EQ(board_.TickTime(), "Tick Time - 1:59");
 }
 
 TEST_F(ResearchBoardTest, TellsEachPartThatChangedAndNothingElse) {

@@ -55,18 +55,5 @@ TEST(Menus, EachOptionTogglesItsOwnCheckMarkAndNothingElse) {
   }
 }
 
-TEST(Menus, ActionsRunAndTheConnectItemFollowsTheConnection) {
-  Options options;
-  Menus menus(options);
-  int clicks = 0;
-  menus.SetAction("mnuDisCon", [&] { ++clicks; });
-  const MenuItem& connect = MenuBar()[0].items[0];
-  menus.Click(connect);
-  EXPECT_EQ(clicks, 1);
-  menus.SetConnectCaption("Disconnect");
-  EXPECT_EQ(menus.Caption(connect), "Disconnect");
-  EXPECT_EQ(menus.Caption(MenuBar()[0].items[2]), "Exit");
-}
-
 }  // namespace
 }  // namespace korvanta

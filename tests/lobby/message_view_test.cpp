@@ -123,14 +123,6 @@ TEST_F(MessageViewTest, LinesSplitBehindTheirFirstColon) {
   }
 }
 
-TEST_F(MessageViewTest, WithoutScrollLockLinesGoToTheEndAndCancelTheSelection) {
-  view.AppendMessage("one", MessageKind::Status);
-  view.Select(0, 3);
-  view.AppendMessage("two", MessageKind::Status);
-  EXPECT_EQ(Bytes(), "one\r\ntwo\r\n");
-  EXPECT_EQ(view.selection(), (TextRange{10, 10}));
-}
-
 TEST_F(MessageViewTest, WithScrollLockLinesFollowTheSelectionWhichTakesTheirColour) {
   view.AppendMessage("some words here", MessageKind::Status);
   options.mnuScrollLock = true;

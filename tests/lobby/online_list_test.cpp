@@ -52,18 +52,6 @@ TEST(OnlineList, ABrokenRecordKeepsWhatWasBuilt) {
   }
 }
 
-TEST(OnlineList, OwnsWhatItShowsAndForgetsTheSelection) {
-  OnlineList list;
-  {
-    const std::string payload = "Ann\0011\0011\0010\002Bob\0011\0011\0010";
-    list.ShowOnlineList(payload);
-  }
-  list.Select(1);
-  EXPECT_EQ(list.entries()[*list.selected()].name, "Bob");
-  list.ShowOnlineList("Ann\0011\0011\0010\002Bob\0011\0011\0010");
-  EXPECT_EQ(list.selected(), std::nullopt);
-}
-
 TEST(OnlineColour, FollowsTheCategoryAsANumber) {
   const std::pair<std::string_view, Colour> cases[] = {
       {"1", {192, 192, 0}},    {"2", {128, 128, 128}}, {"3", {192, 0, 192}}, {"4", {0, 192, 0}},

@@ -72,19 +72,6 @@ TEST_F(DispatcherTest, AnErrorDropsTheRestOfTheBlockAndKeepsWhatWasDone) {
   }
 }
 
-TEST_F(DispatcherTest, TheClockTakesWhatFitsIn16BitsAndReadsNoOtherNotation) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"32767", "32767"}, {"32767.4", "32767"},   {"32767.5", ""}, {"32768", ""}, {"1e4", "10000"},
-      {"1e5", ""},        {"-32768", "-32768"},   {"-32769", ""},  {"nan", "0"},  {"inf", "0"},
-      {"0x10", "0"},      {"-32768.5", "-32768"}, {"1e999", ""},   {"&H10", "0"}, {"1,500", "1"},
-  };
-  for (const auto& [payload, seconds] : cases) {
-    Receive({std::string("[tim]") + payload});
-    const auto calls = game.Take();
-    EXPECT_EQ(calls.empty() ? "" : calls.front().substr(6), seconds) << payload;
-  }
-}
-
 TEST_F(DispatcherTest, UnknownPiecesAreSkipped) {
   Receive({"[log]a", "[xyz]b", "", "[lo", "[LOG]c", "log", "[p]", "[log]d"});
   EXPECT_THAT(chat.Take(), ElementsAre("3|a", "3|d"));

@@ -89,6 +89,7 @@ TEST_F(frmMainTest, TitleAndConnectItemFollowTheConnection) {
   EXPECT_EQ(connect.text(), QStringLiteral("&Connect"));
   Receive("[con]Ann\0011");
   EXPECT_EQ(connect.text(), QStringLiteral("&Disconnect"));
+  EXPECT_EQ(Get<QAction>("mnuExit").text(), QStringLiteral("&Exit"));
   QTest::keyClick(&window, Qt::Key_F1);
   EXPECT_THAT(platform.socket.TakeSent(), testing::Contains(Message("[dis]")));
 }
