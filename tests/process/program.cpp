@@ -81,13 +81,9 @@ Program::Program(const QString& file, const QStringList& arguments,
 
 Program::~Program() { Kill(); }
 
-int Program::WaitForEnd() {
-  WaitUntil("the program ends", [this] { return !IsRunning(); });
-  return process_.exitCode() + (process_.exitStatus() == QProcess::NormalExit ? 0 : 128);
-}
-
 int Program::WaitForExit() {
-  if (WaitForEnd() > 128) {
+  WaitUntil("the program ends", [this] { return !IsRunning(); });
+  if (process_.exitStatus() != QProcess::NormalExit) {
     throw HarnessError("the program crashed; it said:\n" + QString::fromUtf8(Output()));
   }
   return process_.exitCode();

@@ -47,8 +47,6 @@ class Program {
   bool IsRunning() const { return process_.state() != QProcess::NotRunning; }
   /// Waits for its orderly end. HarnessError when it goes on, or a signal ended it.
   int WaitForExit();
-  /// Waits for its end of whatever kind: its exit status, or 128 and the signal that ended it.
-  int WaitForEnd();
   /// As a power cut would.
   void Kill();
   /// What it has written to its standard outputs so far.
