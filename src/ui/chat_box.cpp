@@ -77,13 +77,18 @@ void ChatBox::RefreshRemaining() {
 }
 
 void ChatBox::keyPressEvent(QKeyEvent* event) {
-  const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-  if (plain && event->key() == Qt::Key_Up) {
-    input_.HistoryUp();
-  } else if (plain && event->key() == Qt::Key_Down) {
-    input_.HistoryDown();
-  } else if (event->key() != Qt::Key_PageUp && event->key() != Qt::Key_PageDown) {
-    QComboBox::keyPressEvent(event);  // pages would choose a line in place of what is being typed
+  const int key = event->key();
+  const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
+  const bool vertical = key == Qt::Key_Up || key == Qt::Key_Down;
+  if (vertical && modifiers == Qt::NoModifier) {
+    key == Qt::Key_Up ? input_.HistoryUp() : input_.HistoryDown();
+    return;
+  }
+  // The toolkit would choose a line in place of what is being typed; with Alt it opens the list.
+  const bool chooses = key == Qt::Key_PageUp || key == Qt::Key_PageDown ||
+                       (vertical && !modifiers.testFlag(Qt::AltModifier));
+  if (!chooses) {
+    QComboBox::keyPressEvent(event);
   }
 }
 

@@ -37,7 +37,7 @@ QString InWords(Outcome outcome) {
 
 FindBar::FindBar(QWidget* parent) : QWidget(parent) {
   setObjectName(QStringLiteral("findBar"));
-  setAccessibleName(QStringLiteral("Find in messages"));
+  setAccessibleName(QStringLiteral("Find in text"));
   setCursor(Qt::ArrowCursor);
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(theme::kUnit, theme::kUnit / 2, theme::kUnit, theme::kUnit / 2);

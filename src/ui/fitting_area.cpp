@@ -41,7 +41,7 @@ FittingArea::FittingArea(QWidget* content, bool stretches) {
   setWidgetResizable(stretches);
   setWidget(content);
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget* /*before*/, QWidget* now) {
-    if (now != nullptr && widget()->isAncestorOf(now)) {
+    if (now != nullptr && widget() != nullptr && widget()->isAncestorOf(now)) {
       ensureWidgetVisible(now, 2 * theme::kUnit, 2 * theme::kUnit);
     }
   });

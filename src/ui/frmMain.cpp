@@ -52,7 +52,8 @@ frmMain::frmMain(Client& client) : client_(client) {
   mnuWarMenu->setAccessibleName(QStringLiteral("Player"));
   RefreshMenus();
 
-  // The content keeps its size and place whatever becomes of the window's.
+  // Where the screen has room, the content keeps its size and place whatever becomes of the
+  // window's.
   auto* area = new FittingArea(MakeContent(), false);
   setCentralWidget(area);
   board->on_current_box = [this, area](QPoint middle) {

@@ -87,6 +87,9 @@ int RunClient(const QString& folder, const QString& program_name,
     splash->hide();
     splash.release()->deleteLater();  // it may be handling an event of its own
   };
+  if (!client.StartUp()) {
+    return 0;
+  }
   QObject context;
   OnEndSignal(context, [&] {
     if (main_window && main_window->isVisible()) {
@@ -95,9 +98,6 @@ int RunClient(const QString& folder, const QString& program_name,
       QApplication::quit();
     }
   });
-  if (!client.StartUp()) {
-    return 0;
-  }
   return QApplication::exec();
 }
 

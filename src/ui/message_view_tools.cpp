@@ -74,7 +74,7 @@ void MessageViewWidget::ZoomTo(std::size_t level) {
     return;
   }
   SettleChanges();
-  follow_ = top_ >= last_top_;
+  follow_ = IsEndLookedAt();
   zoom_level_ = level;
   ApplyFont();
 }

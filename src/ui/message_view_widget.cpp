@@ -86,6 +86,11 @@ bool MessageViewWidget::IsAtEnd() const {
   return !view_.IsScrollLocked() && view_.caret() == view_.size();
 }
 
+/// Whether the end is in sight, and not only because all of the text is.
+bool MessageViewWidget::IsEndLookedAt() const {
+  return !end_changed_ && top_ >= last_top_ && (last_top_ > 0 || IsAtEnd());
+}
+
 /// However many changes come in, they are drawn together and at most once a frame.
 void MessageViewWidget::ScheduleFrame() {
   if (isVisible() && !frame_timer_.isActive()) {
@@ -218,8 +223,7 @@ void MessageViewWidget::wheelEvent(QWheelEvent* event) {
 }
 
 void MessageViewWidget::resizeEvent(QResizeEvent* /*event*/) {
-  const bool was_at_end = !end_changed_ && top_ >= last_top_;
-  follow_ = follow_ || (was_at_end && !view_.IsScrollLocked());
+  follow_ = follow_ || (IsEndLookedAt() && !view_.IsScrollLocked());
   wrap_changed_ = end_changed_ = true;
   canvas_.SetSize(viewport()->size());
   PlaceTools();

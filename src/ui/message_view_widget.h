@@ -67,6 +67,7 @@ class MessageViewWidget : public QAbstractScrollArea {
   enum class Unit { Character, Word, Line };
 
   bool IsAtEnd() const;
+  bool IsEndLookedAt() const;
   void OnChanged(const MessageView::Change& change);
   void ScheduleFrame();
   void Settle();

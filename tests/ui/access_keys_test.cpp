@@ -161,7 +161,7 @@ void AskForMenu(QWidget& widget) {
   menu->close();
 }
 
-TEST(AccessKeys, EveryControlHasOneOfItsOwnInReadingOrder) {
+TEST(AccessKeys, EveryButtonBoxAndTabHasOneOfItsOwnInReadingOrder) {
   fakes::FakePlatform platform;
   Client client(platform.platform(), DeploymentValues{});
   ASSERT_TRUE(client.StartUp());
@@ -195,7 +195,7 @@ TEST(AccessKeys, EveryControlHasOneOfItsOwnInReadingOrder) {
   ASSERT_EQ(dialogs.size(), 4);
   for (QDialog* dialog : dialogs) {
     CheckWindow(*dialog);
-    if (dialog->objectName() != QLatin1String("frmLogin")) {  // the rules fix that one's order
+    if (dialog->objectName() != QLatin1String("frmLogin")) {  // keeps the order that players know
       CheckTabOrder(*dialog);
     }
   }

@@ -55,7 +55,8 @@ TEST_F(ChatBoxTest, UpAndDownWalkTheHistoryAndBringTheDraftBack) {
     QTest::keyClick(box.lineEdit(), Qt::Key_Down, pad);
     EXPECT_EQ(Shown(), "draft");
   }
-  Press(Qt::Key_PageUp);
+  QTest::keyClick(box.lineEdit(), Qt::Key_Down, Qt::ShiftModifier);
+  Press(Qt::Key_PageDown);
   EXPECT_EQ(Shown(), "draft");
 }
 

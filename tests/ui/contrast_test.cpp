@@ -80,7 +80,7 @@ double Worst(const std::vector<Fixed>& all, QColor ground, bool print = false) {
     const double contrast = Contrast(fixed.colour, ground);
     worst = std::min(worst, contrast);
     if (print && contrast < kText) {
-      std::cout << "fixed by the rules: " << fixed.name << ", " << fixed.colour.name().toStdString()
+      std::cout << "not ours to choose: " << fixed.name << ", " << fixed.colour.name().toStdString()
                 << " on " << ground.name().toStdString() << ": " << contrast << "\n";
     }
   }

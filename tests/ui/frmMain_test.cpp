@@ -206,7 +206,7 @@ TEST_F(frmMainTest, FindIsReachedFromTheChatLineAndByTab) {
   EXPECT_EQ(QApplication::focusWidget(), &ChatBox());
 }
 
-TEST_F(frmMainTest, EveryControlIsCaptionedAndReadAloudAsTheRulesSay) {
+TEST_F(frmMainTest, EveryControlIsCaptionedAndReadAloud) {
   platform.socket.Accept();
   Receive("[con]Ann\00190");
   for (WindowLife* life : SideWindows()) {

@@ -39,6 +39,20 @@ TEST_F(FrmNewsTest, ShowsTheWholeTextFromItsStart) {
   EXPECT_EQ(Shown(), "");
 }
 
+TEST_F(FrmNewsTest, StaysAtItsStartWhenThereIsLessRoom) {
+  std::string text;
+  for (int line = 0; line < 20; ++line) {
+    text += "line\n";
+  }
+  news.ShowNews(text);
+  desk.Open();
+  desk.frame->resize(400, 250);
+  QTest::keyClick(&Text(), Qt::Key_Plus, Qt::ControlModifier);
+  QApplication::processEvents();
+  EXPECT_GT(Text().verticalScrollBar()->maximum(), 0);
+  EXPECT_EQ(Text().verticalScrollBar()->value(), 0);
+}
+
 TEST_F(FrmNewsTest, ClosesByEnterEscAndItsFrame) {
   desk.Open();
   QTest::keyClick(&Text(), Qt::Key_Return);

@@ -63,7 +63,7 @@ void DesktopWebOpener::Open(std::string_view address, std::function<void(int cod
   const QString text = ToQString(address);
   const QUrl url(text, QUrl::StrictMode);
   if (!IsWebAddress(text)) {
-    return done(url.scheme().isEmpty() ? kNotFound : kOtherFailure);
+    return done(text.contains(QLatin1Char(':')) ? kOtherFailure : kNotFound);
   }
   const QString program = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
   if (program.isEmpty()) {

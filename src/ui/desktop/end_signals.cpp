@@ -2,7 +2,7 @@
 
 #include <QtGlobal>
 
-#ifdef Q_OS_UNIX
+#ifdef Q_OS_LINUX
 #include <QSocketNotifier>
 #include <array>
 #include <cerrno>
@@ -14,7 +14,8 @@
 namespace korvanta {
 namespace {
 
-/// A signal writes one byte into the first; the event loop hears it at the second.
+/// A signal writes one byte into the first; the event loop hears it at the second. Global, for a
+/// signal's handler is given nothing else.
 std::array<int, 2> sockets;
 
 extern "C" void WakeEventLoop(int /*signal*/) {

@@ -9,7 +9,7 @@ namespace korvanta {
 
 /// Calls `end` from the event loop when the program is asked to end by SIGTERM, SIGINT or SIGHUP,
 /// as long as `context` lives; the same signal once more ends it where it stands. Called once, at
-/// the start. Does nothing on systems without these signals.
+/// the start. Does nothing but on Linux.
 void OnEndSignal(QObject& context, std::function<void()> end);
 
 }  // namespace korvanta
