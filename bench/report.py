@@ -149,7 +149,12 @@ def read_results(folder):
         for run in document["benchmarks"]:
             if run.get("error_occurred"):
                 sys.exit(f"{run['name']}: {run['error_message']}")
-            results[plain_name(run["name"])] = run
+            if run["run_type"] != "iteration":
+                continue
+            # What else the machine did can only have added to the time.
+            name = plain_name(run["name"])
+            if name not in results or run["cpu_time"] < results[name]["cpu_time"]:
+                results[name] = run
     return results, context
 
 
