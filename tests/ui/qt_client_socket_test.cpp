@@ -238,15 +238,16 @@ TEST_F(QtClientSocketTest, FloodIsHandedOutInBoundedBlocksWithTurnsOfTheEventLoo
 
 #ifdef Q_OS_LINUX
 
-/// The kernel's line for the connection from that local port: field 5 is the running timer and
-/// when it goes off, in ticks of 10 ms; kind 02 is keep-alive.
+/// The kernel's line for the open connection from that local port, which closed ones may have had
+/// before: field 5 is the running timer and when it goes off, in ticks of 10 ms; kind 02 is
+/// keep-alive.
 QByteArray TimerOf(quint16 local_port) {
   QFile table(QStringLiteral("/proc/net/tcp"));
   table.open(QIODevice::ReadOnly);
   const QByteArray port = QByteArray::number(local_port, 16).toUpper().rightJustified(4, '0');
   for (const QByteArray& line : table.readAll().split('\n')) {
     const QList<QByteArray> fields = line.simplified().split(' ');
-    if (fields.size() > 5 && fields[1].endsWith(":" + port)) {
+    if (fields.size() > 5 && fields[1].endsWith(":" + port) && fields[3] == "01") {
       return fields[5];
     }
   }
