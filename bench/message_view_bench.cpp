@@ -10,7 +10,7 @@
 #include "chat_lines.h"
 #include "lobby/message_view.h"
 #include "lobby/text_search.h"
-#include "ui/message_canvas.h"
+#include "ui/message_view/message_canvas.h"
 
 namespace korvanta {
 namespace {

@@ -12,8 +12,8 @@
 #include "client/client.h"
 #include "protocol/wire_format.h"
 #include "tests/fakes/fake_platform.h"
-#include "ui/online_list_view.h"
-#include "ui/text.h"
+#include "ui/kit/text.h"
+#include "ui/online_list/online_list_view.h"
 
 namespace korvanta {
 namespace {

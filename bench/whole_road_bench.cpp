@@ -13,7 +13,7 @@
 #include "client/client.h"
 #include "protocol/wire_format.h"
 #include "tests/fakes/fake_platform.h"
-#include "ui/text.h"
+#include "ui/kit/text.h"
 
 namespace korvanta {
 namespace {

@@ -3,8 +3,8 @@
 #include <string>
 
 #include "fuzz/input.h"
+#include "protocol/block_assembler.h"
 #include "protocol/wire_format.h"
-#include "ui/desktop/block_assembler.h"
 
 namespace korvanta::fuzz {
 namespace {

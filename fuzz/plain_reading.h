@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/colour.h"
 #include "board/tournament.h"
-#include "lobby/colour.h"
 
 namespace korvanta::fuzz {
 

@@ -8,7 +8,7 @@
 #include "fuzz/input.h"
 #include "platform/settings_store.h"
 #include "startup/settings.h"
-#include "ui/desktop/settings_text.h"
+#include "startup/settings_text.h"
 
 namespace korvanta::fuzz {
 namespace {

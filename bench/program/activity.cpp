@@ -4,7 +4,7 @@
 #include <QFile>
 
 #include "bench/program/figures.h"
-#include "tests/process/host.h"
+#include "harness/host.h"
 
 namespace korvanta::bench {
 

@@ -3,7 +3,7 @@
 
 #include "bench/program/feed.h"
 #include "bench/program/figures.h"
-#include "tests/process/program.h"
+#include "harness/program.h"
 
 namespace korvanta::bench {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "tests/process/host.h"
+#include "harness/host.h"
 
 namespace korvanta::bench {
 

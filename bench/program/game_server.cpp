@@ -11,8 +11,8 @@
 #include <unistd.h>
 #include <utility>
 
+#include "harness/host.h"
 #include "protocol/wire_format.h"
-#include "tests/process/host.h"
 
 namespace korvanta::bench {
 namespace {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "bench/program/game_server.h"
-#include "tests/process/player.h"
+#include "harness/player.h"
 
 namespace korvanta::bench {
 

@@ -6,7 +6,7 @@
 #include <xcb/xcb.h>
 #include <xcb/xtest.h>
 
-#include "tests/process/host.h"
+#include "harness/host.h"
 
 namespace korvanta::bench {
 namespace {

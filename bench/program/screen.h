@@ -8,7 +8,7 @@
 #include <xcb/damage.h>
 
 #include "bench/program/game_server.h"
-#include "tests/process/virtual_display.h"
+#include "harness/virtual_display.h"
 
 namespace korvanta::bench {
 

@@ -6,7 +6,7 @@
 #include "bench/program/activity.h"
 #include "bench/program/figures.h"
 #include "bench/program/screen.h"
-#include "tests/process/program.h"
+#include "harness/program.h"
 
 namespace korvanta::bench {
 namespace {

@@ -12,8 +12,8 @@
 #include "tests/fakes/fake_platform.h"
 #include "ui/desktop/qt_client_socket.h"
 #include "ui/desktop/qt_timers.h"
-#include "ui/frmMain.h"
-#include "ui/theme.h"
+#include "ui/kit/theme.h"
+#include "ui/windows/frmMain.h"
 
 namespace korvanta::bench {
 namespace {

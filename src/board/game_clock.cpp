@@ -1,6 +1,6 @@
 #include "board/game_clock.h"
 
-#include "lobby/change_notice.h"
+#include "base/change_notice.h"
 
 namespace korvanta {
 namespace {

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <utility>
 
-#include "lobby/change_notice.h"
+#include "base/change_notice.h"
 
 namespace korvanta {
 namespace {

@@ -9,8 +9,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/colour.h"
 #include "board/game_clock.h"
-#include "lobby/colour.h"
 
 namespace korvanta {
 

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "lobby/window_life.h"
+#include "base/window_life.h"
 #include "platform/message_box.h"
 #include "protocol/connection.h"
 #include "protocol/connection_values.h"

@@ -1,7 +1,7 @@
 #include "lobby/chat_input.h"
 
-#include "lobby/change_notice.h"
-#include "lobby/trim_spaces.h"
+#include "base/change_notice.h"
+#include "base/trim_spaces.h"
 #include "protocol/message_catalogue.h"
 
 namespace korvanta {

@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "lobby/colour.h"
+#include "base/colour.h"
 #include "protocol/message_kind.h"
 
 namespace korvanta {

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "lobby/change_notice.h"
+#include "base/change_notice.h"
 #include "lobby/menus.h"
 #include "protocol/receivers.h"
 

@@ -3,7 +3,7 @@
 #include <array>
 #include <utility>
 
-#include "lobby/change_notice.h"
+#include "base/change_notice.h"
 
 namespace korvanta {
 namespace {

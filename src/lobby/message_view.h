@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "lobby/change_notice.h"
+#include "base/change_notice.h"
 #include "lobby/coloured_text.h"
 #include "lobby/text_navigation.h"
 #include "protocol/options.h"

@@ -1,6 +1,6 @@
 #include "lobby/news.h"
 
-#include "lobby/change_notice.h"
+#include "base/change_notice.h"
 #include "protocol/message_catalogue.h"
 
 namespace korvanta {

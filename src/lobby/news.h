@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "lobby/window_life.h"
+#include "base/window_life.h"
 #include "protocol/connection.h"
 
 namespace korvanta {

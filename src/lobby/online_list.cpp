@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "lobby/change_notice.h"
+#include "base/change_notice.h"
 #include "protocol/field_reading.h"
 #include "protocol/wire_format.h"
 

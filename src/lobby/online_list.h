@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "lobby/colour.h"
+#include "base/colour.h"
 
 namespace korvanta {
 

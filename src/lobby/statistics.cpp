@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "lobby/change_notice.h"
-#include "lobby/trim_spaces.h"
+#include "base/change_notice.h"
+#include "base/trim_spaces.h"
 #include "protocol/field_reading.h"
 #include "protocol/message_catalogue.h"
 #include "protocol/wire_format.h"

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <utility>
 
-#include "lobby/change_notice.h"
+#include "base/change_notice.h"
 #include "protocol/connection.h"
 
 namespace korvanta {

@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "lobby/window_life.h"
+#include "base/window_life.h"
 #include "platform/timer.h"
 
 namespace korvanta {

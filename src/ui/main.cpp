@@ -18,11 +18,11 @@
 #include "ui/desktop/qt_message_box.h"
 #include "ui/desktop/qt_sound_player.h"
 #include "ui/desktop/qt_timers.h"
-#include "ui/frmMain.h"
-#include "ui/frmSplash.h"
-#include "ui/picture.h"
-#include "ui/text.h"
-#include "ui/theme.h"
+#include "ui/kit/picture.h"
+#include "ui/kit/text.h"
+#include "ui/kit/theme.h"
+#include "ui/windows/frmMain.h"
+#include "ui/windows/frmSplash.h"
 
 namespace {
 

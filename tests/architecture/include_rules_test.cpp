@@ -27,13 +27,20 @@ Tree ReadTree(const std::filesystem::path& root) {
 /// The floor of the folder in which a file lies, the top one being the windows'; 0 when it has
 /// none.
 int FloorOf(const std::string& path) {
-  constexpr std::array<std::pair<const char*, int>, 7> kFloors = {{{"src/platform/", 1},
-                                                                   {"src/protocol/", 2},
-                                                                   {"src/lobby/", 3},
-                                                                   {"src/startup/", 4},
-                                                                   {"src/board/", 4},
-                                                                   {"src/client/", 5},
-                                                                   {"src/ui/", 6}}};
+  constexpr std::array<std::pair<const char*, int>, 14> kFloors = {{{"src/base/", 10},
+                                                                    {"src/platform/", 20},
+                                                                    {"src/protocol/", 30},
+                                                                    {"src/lobby/", 40},
+                                                                    {"src/startup/", 50},
+                                                                    {"src/board/", 50},
+                                                                    {"src/client/", 60},
+                                                                    {"src/ui/kit/", 70},
+                                                                    {"src/ui/desktop/", 71},
+                                                                    {"src/ui/message_view/", 71},
+                                                                    {"src/ui/board/", 71},
+                                                                    {"src/ui/online_list/", 71},
+                                                                    {"src/ui/windows/", 72},
+                                                                    {"src/ui/", 73}}};
   for (const auto& [folder, floor] : kFloors) {
     if (path.starts_with(folder)) {
       return floor;
@@ -50,16 +57,17 @@ bool IsPlain(const std::string& path) {
          !path.starts_with("practice/network");
 }
 
-/// A file includes from its own folder and from floors below, the practice server from protocol/
-/// alone; plain code includes nothing but plain code and the standard library.
+/// A file includes from its own folder and from floors below, the practice server from base/ and
+/// protocol/ alone; plain code includes nothing but plain code and the standard library.
 bool MayInclude(const std::string& path, const std::string& target) {
   if (IsPlain(path) && !IsPlain(target)) {
     return false;
   }
   if (IsPractice(path)) {
-    return IsPractice(target) || target.starts_with("src/protocol/");
+    return IsPractice(target) || target.starts_with("src/base/") ||
+           target.starts_with("src/protocol/");
   }
-  const auto folder = [](const std::string& file) { return file.substr(0, file.find('/', 4)); };
+  const auto folder = [](const std::string& file) { return file.substr(0, file.rfind('/')); };
   return FloorOf(target) != 0 &&
          (folder(path) == folder(target) || FloorOf(path) > FloorOf(target));
 }
@@ -101,13 +109,16 @@ TEST(IncludeRules, EachBrokenRuleIsTold) {
     bool allowed;
   } cases[] = {{"src/lobby/a.h", "#include \"protocol/x.h\"", true},
                {"src/lobby/a.h", "#include <string_view>\n// #include <QString>", true},
-               {"src/ui/a.cpp", "#include <QTimer>\n#include <sys/time.h>", true},
+               {"src/ui/desktop/a.cpp", "#include <QTimer>\n#include <sys/time.h>", true},
+               {"src/ui/windows/a.cpp", "#include \"ui/board/x.h\"\n#include \"ui/kit/x.h\"", true},
                {"practice/a.h", "#include \"protocol/x.h\"", true},
                {"practice/network.h", "#include <QTcpServer>\n#include \"practice/x.h\"", true},
                {"src/protocol/a.cpp", "#include \"lobby/x.h\"", false},
                {"src/board/a.h", "#include \"startup/x.h\"", false},
-               {"src/client/a.h", "#include \"ui/x.h\"", false},
-               {"src/ui/a.h", "#include \"practice/x.h\"", false},
+               {"src/client/a.h", "#include \"ui/kit/x.h\"", false},
+               {"src/ui/kit/a.h", "#include \"practice/x.h\"", false},
+               {"src/ui/kit/a.h", "#include \"ui/windows/x.h\"", false},
+               {"src/ui/board/a.h", "#include \"ui/message_view/x.h\"", false},
                {"src/cellar/a.h", "", false},
                {"practice/a.cpp", "#include \"platform/x.h\"", false},
                {"practice/a.cpp", "#include \"practice/network.h\"", false},
@@ -117,7 +128,8 @@ TEST(IncludeRules, EachBrokenRuleIsTold) {
                {"src/startup/a.cpp", "#include \"QString\"", false}};
   for (const auto& c : cases) {
     Tree tree = {{"practice/x.h", ""}, {"practice/network.h", ""}};
-    for (const char* folder : {"platform", "protocol", "lobby", "startup", "client", "ui"}) {
+    for (const char* folder : {"platform", "protocol", "lobby", "startup", "client", "ui/kit",
+                               "ui/board", "ui/message_view", "ui/windows"}) {
       tree["src/" + std::string(folder) + "/x.h"] = "";
     }
     tree[c.path] = c.line;

@@ -11,7 +11,7 @@
 #include <sched.h>
 #include <unistd.h>
 
-#include "tests/process/host.h"
+#include "harness/host.h"
 #include "ui/desktop/qt_client_socket.h"
 
 namespace korvanta::process {

@@ -2,8 +2,8 @@
 #include <algorithm>
 #include <gmock/gmock.h>
 
-#include "tests/process/accessibility_bus.h"
-#include "tests/process/player.h"
+#include "harness/accessibility_bus.h"
+#include "harness/player.h"
 #include "tests/process/process_test.h"
 
 namespace korvanta::process {

@@ -1,9 +1,9 @@
 #include <QTcpSocket>
 #include <gmock/gmock.h>
 
+#include "harness/host.h"
+#include "harness/scripted_server.h"
 #include "protocol/wire_format.h"
-#include "tests/process/host.h"
-#include "tests/process/scripted_server.h"
 
 namespace korvanta::process {
 namespace {

@@ -3,7 +3,7 @@
 #include <QFileInfo>
 #include <csignal>
 
-#include "tests/process/practice_server.h"
+#include "harness/practice_server.h"
 #include "tests/process/story_test.h"
 
 namespace korvanta::process {

@@ -5,11 +5,11 @@
 #include <string>
 #include <utility>
 
+#include "harness/host.h"
+#include "harness/practice_server.h"
+#include "harness/scripted_server.h"
 #include "protocol/message_catalogue.h"
 #include "protocol/wire_format.h"
-#include "tests/process/host.h"
-#include "tests/process/practice_server.h"
-#include "tests/process/scripted_server.h"
 
 namespace korvanta::process {
 

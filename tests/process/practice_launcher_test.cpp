@@ -6,8 +6,8 @@
 #include <csignal>
 #include <gtest/gtest.h>
 
-#include "tests/process/practice_server.h"
-#include "tests/process/program.h"
+#include "harness/practice_server.h"
+#include "harness/program.h"
 
 namespace korvanta::process {
 namespace {

@@ -1,4 +1,4 @@
-#include "tests/process/practice_server.h"
+#include "harness/practice_server.h"
 
 #include <gmock/gmock.h>
 

@@ -4,10 +4,10 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/process/program.h"
-#include "tests/process/scripted_server.h"
-#include "tests/process/user.h"
-#include "tests/process/virtual_display.h"
+#include "harness/program.h"
+#include "harness/scripted_server.h"
+#include "harness/user.h"
+#include "harness/virtual_display.h"
 
 namespace korvanta::process {
 

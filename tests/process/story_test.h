@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "tests/process/player.h"
+#include "harness/player.h"
 #include "tests/process/process_test.h"
 
 namespace korvanta::process {

@@ -1,7 +1,7 @@
 #include <QApplication>
 #include <gtest/gtest.h>
 
-#include "ui/theme.h"
+#include "ui/kit/theme.h"
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);

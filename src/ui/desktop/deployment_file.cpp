@@ -6,9 +6,9 @@
 #include <array>
 #include <optional>
 
-#include "ui/desktop/ini_text.h"
+#include "startup/ini_text.h"
 #include "ui/desktop/web_address.h"
-#include "ui/text.h"
+#include "ui/kit/text.h"
 
 namespace korvanta {
 namespace {

@@ -12,7 +12,7 @@
 #endif
 
 #include "ui/desktop/web_address.h"
-#include "ui/text.h"
+#include "ui/kit/text.h"
 
 namespace korvanta {
 namespace {

@@ -13,7 +13,7 @@
 #include <unistd.h>
 #endif
 
-#include "ui/text.h"
+#include "ui/kit/text.h"
 
 namespace korvanta {
 namespace {

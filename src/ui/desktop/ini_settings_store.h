@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "platform/settings_store.h"
-#include "ui/desktop/settings_text.h"
+#include "startup/settings_text.h"
 
 namespace korvanta {
 

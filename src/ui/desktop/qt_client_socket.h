@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "platform/client_socket.h"
-#include "ui/desktop/block_assembler.h"
+#include "protocol/block_assembler.h"
 
 class QTcpSocket;
 

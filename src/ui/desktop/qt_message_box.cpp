@@ -4,7 +4,7 @@
 #include <QMessageBox>
 #include <QPointer>
 
-#include "ui/text.h"
+#include "ui/kit/text.h"
 
 namespace korvanta {
 namespace {

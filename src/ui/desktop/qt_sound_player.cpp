@@ -7,7 +7,7 @@
 #include <QUrl>
 #include <utility>
 
-#include "ui/text.h"
+#include "ui/kit/text.h"
 
 namespace korvanta {
 

@@ -1,0 +1,42 @@
+/// A user who plays: knows the client's windows and what is done in them.
+#pragma once
+
+#include <QString>
+
+#include "harness/program.h"
+#include "harness/user.h"
+
+namespace korvanta::process {
+
+class Player {
+ public:
+  Player(const User& user, Program& program) : user_(user), program_(program) {}
+
+  /// Waits until the splash is over and the main window and the login dialog are there.
+  void WaitForStart();
+  /// Fills in the open login dialog and presses Enter in it.
+  void Login(const QString& name, const QString& password);
+  /// Waits until the main window's title ends so: "Connected", "Disconnected".
+  void WaitForState(const QString& state);
+  /// Types a line into the chat input and sends it.
+  void Say(const QString& line);
+  /// Waits until the message view holds `text`; returns all that it holds.
+  QString WaitForMessage(const QString& text);
+  /// Presses a shortcut of the main window.
+  void Choose(const QString& shortcut);
+  /// Chooses an item of the popup menu, counted from 1, once it is open; the first one is ready.
+  void ChooseItem(int position) const;
+  /// Leaves by the menu's shortcut; returns the program's exit status.
+  int Leave();
+
+  const Window& main_window() const { return main_; }
+  const Window& login_dialog() const { return login_; }
+
+ private:
+  const User& user_;
+  Program& program_;
+  Window main_;
+  Window login_;
+};
+
+}  // namespace korvanta::process

@@ -1,0 +1,212 @@
+/// Plays a short session against the practice server on a virtual display, tells what it sees and
+/// photographs each window. The exit status is zero only when all went as it should.
+///
+/// korvanta-scripted-session [--game] FOLDER: where the pictures go. With --game there are
+/// simulated players, and a game with them is played until there is something to be seen on every
+/// window.
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <cstdlib>
+#include <iostream>
+
+#include "harness/player.h"
+#include "harness/practice_server.h"
+
+namespace korvanta::process {
+namespace {
+
+struct SideWindow {
+  const char* shortcut;
+  const char* title;
+  const char* picture;
+};
+
+constexpr SideWindow kSideWindows[] = {
+    {"ctrl+l", "Search Online User", "statistics"},
+    {"F3", "News", "news"},
+    {"ctrl+t", "Tournament Window", "tournament"},
+};
+
+void Tell(const QString& what) { std::cout << what.toStdString() << std::endl; }
+
+/// One player's session, from the splash to the end of the program.
+class Session {
+ public:
+  Session(const User& user, Program& program, const QDir& pictures)
+      : user_(user), program_(program), player_(user, program), pictures_(pictures) {}
+
+  void Visit();
+  void PlayGame();
+
+ private:
+  void Photograph(const Window& window, const QString& name) const {
+    const QString file = pictures_.filePath(name + ".png");
+    user_.Photograph(window, file);
+    Tell(QString("saw \"%1\": %2").arg(window.title, file));
+  }
+  void PhotographSideWindows() {
+    for (const SideWindow& side : kSideWindows) {
+      player_.Choose(side.shortcut);
+      Photograph(user_.WaitForWindow(program_.pid(), side.title), side.picture);
+    }
+  }
+  void LogIn(const QString& name) {
+    player_.WaitForStart();
+    Photograph(player_.login_dialog(), "login");
+    player_.Login(name, "secret1");
+    player_.WaitForState("Connected");
+    player_.WaitForMessage("Connected as " + name);
+  }
+  void Leave() {
+    if (const int status = player_.Leave(); status != 0) {
+      throw HarnessError(QString("the program ended with status %1").arg(status));
+    }
+    Tell("left in order");
+  }
+  void OpenTournament();
+  void Research();
+  /// All levels of all topics together.
+  int LevelsReached();
+
+  const User& user_;
+  Program& program_;
+  Player player_;
+  QDir pictures_;
+};
+
+void Session::Visit() {
+  Photograph(user_.WaitForWindow(program_.pid(), "*"), "splash");
+  LogIn("Marlow");
+  player_.Say("hello from the lobby");
+  const QString messages = player_.WaitForMessage("Marlow: hello from the lobby");
+  Photograph(player_.main_window(), "main");
+  Tell("the message view reads:\n" + messages);
+  PhotographSideWindows();
+  Leave();
+}
+
+/// The first player on a server is its administrator; the simulated players form teams by
+/// themselves.
+void Session::OpenTournament() {
+  player_.Choose("ctrl+t");
+  const Window window = user_.WaitForWindow(program_.pid(), "Tournament Window");
+  user_.Activate(window);
+  user_.Press({"alt+a", "alt+e"});
+  user_.Type("25");
+  user_.Press({"alt+x"});
+  user_.Type("4");
+  user_.Press({"alt+p"});
+  user_.Type("3");
+  user_.Press({"Tab", "space", "Escape"});
+  user_.WaitUntilGone(window);
+  player_.WaitForMessage("A tournament is open for 4 teams");
+}
+
+/// The simulated players do not wait for ours; a tick brings the points for about one level.
+constexpr int kPace = 6;
+constexpr std::chrono::milliseconds kTick{15000 / kPace};
+
+struct Box {
+  int row;  ///< Military, Industry, Population, Defense
+  int level;
+};
+/// Cheap levels, and Defense early: what the others destroy is not there for the picture.
+constexpr Box kResearched[] = {{3, 1}, {1, 1}, {2, 1}, {1, 2}, {0, 1},
+                               {2, 2}, {3, 2}, {1, 3}, {0, 2}};
+constexpr int kFewestLevels = 6;
+constexpr int kMostRounds = 3;
+
+QStringList Walk(const Box& from, const Box& to) {
+  const int down = to.row - from.row;
+  const int right = to.level - from.level;
+  return QStringList(std::abs(down), down > 0 ? "Down" : "Up") +
+         QStringList(std::abs(right), right > 0 ? "Right" : "Left");
+}
+
+void Session::Research() {
+  player_.Say("my move");  // which leaves the keyboard in the chat line
+  user_.Press({"shift+Tab", "shift+Tab"});
+  user_.Press(QStringList(3, "Left") + QStringList(3, "Up"));
+  Box current{0, 1};
+  for (const Box& box : kResearched) {
+    user_.Press(Walk(current, box) + QStringList("Menu"));
+    player_.ChooseItem(1);
+    current = box;
+    const QDeadlineTimer tick(kTick);
+    WaitUntil("the next tick is over", [&] { return tick.hasExpired(); });
+  }
+}
+
+int Session::LevelsReached() {
+  const QString mine = "  Rowan: ";
+  player_.Say("/game");
+  const QString messages = player_.WaitForMessage(mine);
+  const QString board = messages.mid(messages.lastIndexOf(mine)).section('\n', 0, 0);
+  Tell("reached" + board);
+  int levels = 0;
+  for (auto digits = QRegularExpression(" ([0-4])\\b").globalMatch(board); digits.hasNext();) {
+    levels += digits.next().captured(1).toInt();
+  }
+  return levels;
+}
+
+void Session::PlayGame() {
+  LogIn("Rowan");
+  player_.Choose("ctrl+e");
+  player_.WaitForMessage("You enter the game that is on");
+  player_.Choose("ctrl+m");  // the others may win before we have come far enough
+  OpenTournament();
+  int rounds = 0;
+  do {
+    if (++rounds > kMostRounds) {
+      throw HarnessError("too little was researched for a picture");
+    }
+    Research();
+    Photograph(player_.main_window(), "main-window");
+  } while (LevelsReached() < kFewestLevels);
+  PhotographSideWindows();
+  Leave();
+}
+
+int Run(bool is_game, const QDir& pictures) {
+  const QString failure = pictures.filePath("failure.png");
+  QFile::remove(failure);
+  try {
+    const VirtualDisplay display;
+    const User user(display);
+    const PracticeServer server(
+        is_game ? QStringList{"--players", "6", "--seed", "7", "--pace", QString::number(kPace)}
+                : QStringList());
+    const Installation installation(server.address());
+    Program program(installation, display);
+    try {
+      Session session(user, program, pictures);
+      is_game ? session.PlayGame() : session.Visit();
+    } catch (const HarnessError&) {
+      user.PhotographScreen(failure);
+      Tell("the screen as it was: " + failure);
+      throw;
+    }
+  } catch (const HarnessError& error) {
+    std::cerr << "korvanta-scripted-session: " << error.what() << "\n";
+    return 1;
+  }
+  return 0;
+}
+
+}  // namespace
+}  // namespace korvanta::process
+
+int main(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  QStringList arguments = QCoreApplication::arguments().mid(1);
+  const bool is_game = arguments.removeAll("--game") > 0;
+  if (arguments.size() != 1) {
+    std::cerr << "usage: korvanta-scripted-session [--game] FOLDER\n";
+    return 2;
+  }
+  return korvanta::process::Run(is_game, QDir(arguments.front()));
+}

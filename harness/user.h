@@ -1,0 +1,53 @@
+/// A person at a virtual display: eyes that see windows, hands on keyboard and mouse.
+#pragma once
+
+#include <QList>
+#include <QPointF>
+#include <QString>
+
+#include "harness/host.h"
+#include "harness/virtual_display.h"
+
+namespace korvanta::process {
+
+struct Window {
+  QString id;
+  QString title;
+};
+
+/// Every call throws HarnessError when the display does not do what a person could expect.
+class User {
+ public:
+  explicit User(const VirtualDisplay& display) : environment_(display.environment()) {}
+
+  /// The visible windows of a process.
+  QList<Window> Windows(qint64 pid) const;
+  /// Waits for a window whose title is `title`, or begins with it when it ends in "*".
+  Window WaitForWindow(qint64 pid, const QString& title) const;
+
+  void WaitUntilGone(const Window& window) const;
+
+  /// Raises the window and waits until it has the keyboard.
+  void Activate(const Window& window) const;
+  /// Keys go to whatever has the keyboard. Characters of the US layout only.
+  void Type(const QString& text) const;
+  /// One chord after the other, in X names: "ctrl+a", "Return", "alt+F4".
+  void Press(const QStringList& chords) const;
+  /// `place` in parts of the window's width and height, (0, 0) at the left top.
+  void Click(const Window& window, QPointF place, int button = 1) const;
+
+  /// Copies all of the text at `place` until `text` is in it, and returns it. The keyboard is then
+  /// there, its caret at the text's end.
+  QString WaitForText(const Window& window, QPointF place, const QString& text) const;
+  /// Saves a picture (PNG) of a window, or of the whole screen.
+  void Photograph(const Window& window, const QString& file) const;
+  void PhotographScreen(const QString& file) const;
+
+ private:
+  void Save(const QString& window_id, const QString& file) const;
+  QString Do(const QString& program, const QStringList& arguments) const;
+
+  QProcessEnvironment environment_;
+};
+
+}  // namespace korvanta::process

@@ -1,0 +1,33 @@
+/// Draws the research board; its widget is the one user.
+#pragma once
+
+#include <QColor>
+#include <QPixmap>
+#include <QRegion>
+#include <array>
+
+#include "board/research_board.h"
+#include "ui/kit/theme.h"
+
+class QPaintDevice;
+
+namespace korvanta {
+
+/// The pictures of the four topics, top to bottom, and of the Golden Knowledge.
+using BoardPictures = std::array<QPixmap, kTopicRows + 1>;
+
+/// How far a box's focus ring reaches beyond its frame, in logical pixels.
+inline constexpr int kRingReach = 6;
+
+/// Boxes count as in board_layout.h; -1 is none.
+struct BoardPointers {
+  int focused;
+  int hovered;
+};
+
+/// Draws what lies in `region`, which covers it wholly. Straight edges fall on whole device pixels
+/// at any scale.
+void PaintBoard(QPaintDevice& device, const QRegion& region, const ResearchBoard& board,
+                const BoardPictures& pictures, BoardPointers pointers);
+
+}  // namespace korvanta

@@ -1,0 +1,26 @@
+/// The frames of the side windows.
+#pragma once
+
+#include <QGroupBox>
+#include <QString>
+
+namespace korvanta {
+
+/// A group box whose caption may hold what the server sent: shown as it is, '&' included, cut to
+/// the width of the box with the whole of it in the tool tip. The caption never widens the window.
+class CaptionFrame : public QGroupBox {
+ public:
+  void SetCaption(const QString& caption);
+
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void FitTitle();
+
+  QString caption_;
+};
+
+}  // namespace korvanta

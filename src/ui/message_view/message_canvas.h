@@ -1,0 +1,87 @@
+/// Where the text of the message view stands in its widget, and the painting of it. The top of what
+/// is seen is always the start of a row, given as `top`; positions are in logical pixels of the
+/// viewport.
+#pragma once
+
+#include <QFont>
+#include <QPainter>
+#include <QPoint>
+#include <QRect>
+#include <QSize>
+#include <optional>
+#include <vector>
+
+#include "lobby/line_layout.h"
+#include "lobby/message_view.h"
+#include "ui/message_view/glyph_table.h"
+
+namespace korvanta {
+
+class MessageCanvas {
+ public:
+  MessageCanvas(const MessageView& view, const QFont& font)
+      : view_(view), glyphs_(font), rows_(view.text(), glyphs_.advances()) {}
+
+  void SetFont(const QFont& font);
+  void SetSize(QSize size);
+
+  const TextRows& rows() const { return rows_; }
+  int row_height() const { return glyphs_.row_height(); }
+
+  /// Rows that are seen whole; at least 1.
+  std::size_t WholeRows() const;
+
+  /// The top at which the end of the text is just in sight. The empty row behind the last line
+  /// break counts only while lines can go in there by the user's choice, that is with Scroll Lock.
+  std::size_t LastTop() const;
+
+  /// The top nearest to `top` at which the row of `offset` is seen whole.
+  std::size_t TopShowing(std::size_t offset, std::size_t top) const;
+
+  /// Whether the row of `offset` is seen whole.
+  bool IsInSight(std::size_t offset, std::size_t top) const {
+    return TopShowing(offset, top) == top;
+  }
+
+  /// What a position in the viewport stands for. `Caret` is the nearest place for a caret in the
+  /// row; `Edge` is the same, with the end of a wrapped row, the start of the next, within reach;
+  /// `Byte` is the byte under the point.
+  enum class Aim { Caret, Edge, Byte };
+
+  /// Above and below the rows that are seen, the first or last of them is meant.
+  std::size_t OffsetAt(QPoint point, std::size_t top, Aim aim) const;
+
+  /// The same in the row that starts at `row`.
+  std::size_t OffsetInRow(std::size_t row, float x, Aim aim) const;
+
+  /// Distance of `offset` from the left edge of the viewport, in its row.
+  float XOf(std::size_t offset) const;
+
+  /// Top left corner and height of the caret at `offset`; none when its row is out of sight.
+  std::optional<QRect> CaretRect(std::size_t offset, std::size_t top) const;
+
+  /// The byte's place in the viewport; none when its row is out of sight. A line break has the
+  /// width of a space.
+  std::optional<QRect> ByteRect(std::size_t offset, std::size_t top) const;
+
+  /// `match` is what a search has found, perhaps nothing.
+  void Paint(QPainter& painter, std::size_t top, bool focused, TextRange match = {0, 0});
+
+ private:
+  void PaintGround(QPainter& painter, const Row& row, int y, TextRange range,
+                   const QColor& colour) const;
+  void PaintText(QPainter& painter, const Row& row, int y);
+  float WidthBetween(std::size_t from, std::size_t to) const;
+
+  const MessageView& view_;
+  GlyphTable glyphs_;
+  TextRows rows_;
+  QSize size_;
+
+  // Kept between paints for their room.
+  Excerpt excerpt_;
+  std::vector<quint32> glyph_indexes_;
+  std::vector<QPointF> positions_;
+};
+
+}  // namespace korvanta

@@ -1,0 +1,137 @@
+#include "ui/online_list/online_list_view.h"
+
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+#include <optional>
+
+#include "ui/kit/theme.h"
+
+namespace korvanta {
+namespace {
+
+constexpr int kLevelColumnWidth = 84;
+
+/// Draws selected rows as the others, on the ground of what is selected.
+class OwnColourDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    QStyleOptionViewItem plain(option);
+    if (plain.state.testFlag(QStyle::State_Selected)) {
+      painter->fillRect(plain.rect, theme::kSelection);
+    }
+    plain.state &= ~(QStyle::State_Selected | QStyle::State_HasFocus);
+    QStyledItemDelegate::paint(painter, plain, index);
+  }
+};
+
+}  // namespace
+
+OnlineListView::OnlineListView(OnlineList& list, QWidget* parent)
+    : QTreeView(parent), list_(list), model_(new OnlineListModel(list, this)) {
+  setObjectName(QStringLiteral("lstOnline"));
+  setAccessibleName(QStringLiteral("Players online"));
+  verticalScrollBar()->setAccessibleName(QStringLiteral("Scroll players"));
+  setModel(model_);
+  setItemDelegate(new OwnColourDelegate(this));
+  setUniformRowHeights(true);
+  setIconSize({OnlineListModel::kMarkSize, OnlineListModel::kMarkSize});
+  setRootIsDecorated(false);
+  setItemsExpandable(false);
+  setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setSelectionMode(QAbstractItemView::SingleSelection);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setTextElideMode(Qt::ElideRight);
+  header()->setStretchLastSection(false);
+  header()->setSectionsMovable(false);
+  header()->setSectionResizeMode(OnlineListModel::Name, QHeaderView::Stretch);
+  header()->setSectionResizeMode(OnlineListModel::Level, QHeaderView::Fixed);
+  header()->resizeSection(OnlineListModel::Level, kLevelColumnWidth);
+  header()->setSortIndicatorClearable(true);
+  header()->setSortIndicator(-1, Qt::AscendingOrder);
+  setSortingEnabled(true);
+  list_.on_changed = [this] { model_->Rebuilt(); };
+}
+
+bool OnlineListView::viewportEvent(QEvent* event) {
+  switch (event->type()) {
+    case QEvent::MouseButtonPress:
+      if (const auto& mouse = *static_cast<QMouseEvent*>(event);
+          mouse.button() == Qt::RightButton) {
+        // The toolkit would take the selection away, on which the menu is to act: below the
+        // entries, and with Ctrl.
+        SelectAt(mouse.position().toPoint());
+        return true;
+      }
+      break;
+    case QEvent::MouseButtonRelease:
+      if (const auto& mouse = *static_cast<QMouseEvent*>(event);
+          mouse.button() == Qt::RightButton) {
+        AskForMenu(mouse.globalPosition().toPoint());
+        return true;
+      }
+      break;
+    case QEvent::ContextMenu:
+      return true;  // the button's release asks for the menu
+    default:
+      break;
+  }
+  return QTreeView::viewportEvent(event);
+}
+
+void OnlineListView::keyPressEvent(QKeyEvent* event) {
+  const bool shift_f10 = event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier;
+  if (event->key() == Qt::Key_Menu || shift_f10) {
+    AskForMenu(CurrentEntryPosition());
+  } else {
+    QTreeView::keyPressEvent(event);
+  }
+}
+
+/// The toolkit makes the first row the current one; without a selection the first arrow key would
+/// then skip it.
+void OnlineListView::focusInEvent(QFocusEvent* event) {
+  QTreeView::focusInEvent(event);
+  if (!selectionModel()->hasSelection()) {
+    selectionModel()->clearCurrentIndex();
+  }
+}
+
+/// The keys ask for the menu themselves; the toolkit's own request would be the second.
+void OnlineListView::contextMenuEvent(QContextMenuEvent* event) { event->accept(); }
+
+void OnlineListView::SelectAt(QPoint point) {
+  if (const QModelIndex entry = indexAt(point); entry.isValid()) {
+    selectionModel()->setCurrentIndex(
+        entry, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  }
+}
+
+void OnlineListView::AskForMenu(QPoint global_pos) const {
+  if (on_menu) {
+    on_menu(global_pos);
+  }
+}
+
+void OnlineListView::selectionChanged(const QItemSelection& selected,
+                                      const QItemSelection& deselected) {
+  QTreeView::selectionChanged(selected, deselected);
+  viewport()->update();  // rows of it would end inside device pixels at 125 and 150 %
+  const QModelIndexList rows = selectionModel()->selectedRows();
+  list_.Select(rows.isEmpty() ? std::nullopt : std::optional(model_->EntryAt(rows.first().row())));
+}
+
+QPoint OnlineListView::CurrentEntryPosition() const {
+  const QRect entry = visualRect(currentIndex());
+  const QPoint inside = entry.isValid() ? entry.bottomLeft() : viewport()->rect().topLeft();
+  return viewport()->mapToGlobal(inside);
+}
+
+}  // namespace korvanta

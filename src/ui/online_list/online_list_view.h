@@ -1,0 +1,40 @@
+/// The online list as the main window shows it: a report view that opens the player menu.
+#pragma once
+
+#include <QPoint>
+#include <QTreeView>
+#include <functional>
+
+#include "lobby/online_list.h"
+#include "ui/online_list/online_list_model.h"
+
+namespace korvanta {
+
+class OnlineListView : public QTreeView {
+ public:
+  /// Takes over the list's `on_changed`; the list outlives the view.
+  OnlineListView(OnlineList& list, QWidget* parent);
+
+  /// The player menu is asked for, at this place of the screen: by the right mouse button's release
+  /// anywhere in the list, or by the Menu key or Shift+F10 at the selected entry.
+  std::function<void(QPoint global_pos)> on_menu;
+
+ protected:
+  bool viewportEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+
+ private:
+  void SelectAt(QPoint point);
+  void AskForMenu(QPoint global_pos) const;
+
+  /// Where a menu for the current entry opens when the keyboard asks for it.
+  QPoint CurrentEntryPosition() const;
+
+  OnlineList& list_;
+  OnlineListModel* model_;
+};
+
+}  // namespace korvanta

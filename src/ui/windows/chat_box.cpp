@@ -1,0 +1,101 @@
+#include "ui/windows/chat_box.h"
+
+#include <QAbstractItemView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QSignalBlocker>
+
+#include "ui/kit/text.h"
+#include "ui/kit/theme.h"
+
+namespace korvanta {
+namespace {
+
+/// Remaining characters are shown from this many down.
+constexpr std::ptrdiff_t kShowRemainingFrom = 50;
+
+/// Room that the line keeps free for the remaining characters, shown or not.
+constexpr int kRemainingWidth = 5 * theme::kUnit;
+
+}  // namespace
+
+ChatBox::ChatBox(ChatInput& input, QWidget* parent) : ChoiceBox(parent), input_(input) {
+  setObjectName(QStringLiteral("cboSend"));
+  setAccessibleName(QStringLiteral("Chat line"));
+  lineEdit()->setAccessibleName(accessibleName());
+  view()->setAccessibleName(QStringLiteral("Earlier lines"));
+  lineEdit()->setTextMargins(0, 0, kRemainingWidth, 0);
+
+  lblRemaining = new QLabel(lineEdit());
+  lblRemaining->setObjectName(QStringLiteral("lblRemaining"));
+  lblRemaining->setTextFormat(Qt::PlainText);
+  lblRemaining->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  lblRemaining->setAttribute(Qt::WA_TransparentForMouseEvents);
+
+  connect(lineEdit(), &QLineEdit::textEdited, this,
+          [this](const QString& text) { input_.TextEdited(ToBytes(text)); });
+  connect(this, &QComboBox::activated, this, [this](int index) {
+    input_.HistoryChosen(static_cast<std::size_t>(index));
+    Refresh();
+  });
+  Refresh();
+}
+
+void ChatBox::Refresh() {
+  RefreshHistory();
+  if (ToBytes(lineEdit()->text()) != input_.text()) {
+    lineEdit()->setText(ToQString(input_.text()));
+  }
+  RefreshRemaining();
+}
+
+/// The toolkit takes the box for a choice among its items; here it is a line of its own.
+void ChatBox::RefreshHistory() {
+  const QSignalBlocker blocker(this);
+  const QString text = lineEdit()->text();
+  const int caret = lineEdit()->cursorPosition();
+  for (auto i = static_cast<std::size_t>(count()); i < input_.history().size(); ++i) {
+    addItem(ToQString(input_.history()[i]));
+  }
+  if (currentIndex() != -1) {
+    setCurrentIndex(-1);
+    lineEdit()->setText(text);
+    lineEdit()->setCursorPosition(caret);
+  }
+}
+
+void ChatBox::RefreshRemaining() {
+  const std::ptrdiff_t remaining = input_.Remaining();
+  const bool near = remaining <= kShowRemainingFrom;
+  lblRemaining->setVisible(near);
+  if (near) {
+    lblRemaining->setText(QString::number(remaining));
+    QPalette colours = lblRemaining->palette();
+    colours.setColor(QPalette::WindowText, remaining < 0 ? theme::kWarning : theme::kInkMuted);
+    lblRemaining->setPalette(colours);
+  }
+}
+
+void ChatBox::keyPressEvent(QKeyEvent* event) {
+  const int key = event->key();
+  const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
+  const bool vertical = key == Qt::Key_Up || key == Qt::Key_Down;
+  if (vertical && modifiers == Qt::NoModifier) {
+    key == Qt::Key_Up ? input_.HistoryUp() : input_.HistoryDown();
+    return;
+  }
+  // The toolkit would choose a line in place of what is being typed; with Alt it opens the list.
+  const bool chooses = key == Qt::Key_PageUp || key == Qt::Key_PageDown ||
+                       (vertical && !modifiers.testFlag(Qt::AltModifier));
+  if (!chooses) {
+    QComboBox::keyPressEvent(event);
+  }
+}
+
+void ChatBox::resizeEvent(QResizeEvent* event) {
+  QComboBox::resizeEvent(event);
+  const QRect line = lineEdit()->rect();
+  lblRemaining->setGeometry(line.right() - kRemainingWidth, 0, kRemainingWidth, line.height());
+}
+
+}  // namespace korvanta

@@ -1,0 +1,31 @@
+/// The chat line's combo box: types into and draws from the plain chat input.
+#pragma once
+
+#include "lobby/chat_input.h"
+#include "ui/kit/choice_box.h"
+
+class QLabel;
+
+namespace korvanta {
+
+class ChatBox : public ChoiceBox {
+ public:
+  /// The chat input outlives the box; its `on_changed` stays with the owner, who calls `Refresh`.
+  ChatBox(ChatInput& input, QWidget* parent);
+
+  /// Draws the input's text, history and remaining characters.
+  void Refresh();
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void RefreshHistory();
+  void RefreshRemaining();
+
+  ChatInput& input_;
+  QLabel* lblRemaining = nullptr;
+};
+
+}  // namespace korvanta

@@ -1,0 +1,95 @@
+#include "ui/windows/fitting_area.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <QScrollBar>
+
+#include "ui/kit/theme.h"
+
+namespace korvanta {
+namespace {
+
+/// Room that may be missing before scroll bars come. It lies within the content's margin, and a
+/// fractional scale can round that much away.
+constexpr int kSlack = theme::kUnit;
+
+/// What a window's frame takes of the screen, before there is one to measure.
+constexpr QSize kFrame{theme::kUnit, 5 * theme::kUnit};
+
+void ShowBar(FittingArea& area, Qt::Orientation orientation, bool shown) {
+  const auto policy = shown ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff;
+  if (orientation == Qt::Horizontal) {
+    area.setHorizontalScrollBarPolicy(policy);
+  } else {
+    area.setVerticalScrollBarPolicy(policy);
+  }
+}
+
+}  // namespace
+
+FittingArea::FittingArea(QWidget* content, bool stretches) {
+  setObjectName(QStringLiteral("fittingArea"));
+  setFrameShape(QFrame::NoFrame);
+  setFocusPolicy(Qt::NoFocus);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  horizontalScrollBar()->setAccessibleName(QStringLiteral("Scroll window sideways"));
+  verticalScrollBar()->setAccessibleName(QStringLiteral("Scroll window"));
+  for (QScrollBar* bar : {horizontalScrollBar(), verticalScrollBar()}) {
+    bar->setObjectName(QStringLiteral("windowBar"));
+  }
+  setWidgetResizable(stretches);
+  setWidget(content);
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget* /*before*/, QWidget* now) {
+    if (now != nullptr && widget() != nullptr && widget()->isAncestorOf(now)) {
+      ensureWidgetVisible(now, 2 * theme::kUnit, 2 * theme::kUnit);
+    }
+  });
+}
+
+QSize FittingArea::ContentSize() const {
+  return widget()->sizeHint().expandedTo(widget()->minimumSize());
+}
+
+bool FittingArea::MayScroll() const {
+  const QSize chrome = window()->size() - size();
+  const QSize room = screen()->availableSize() - kFrame - chrome;
+  const QSize content = ContentSize();
+  return widgetResizable() || room.width() < content.width() || room.height() < content.height();
+}
+
+void FittingArea::resizeEvent(QResizeEvent* event) {
+  const QSize content = widget()->minimumSizeHint().expandedTo(widget()->minimumSize());
+  const int bar = verticalScrollBar()->sizeHint().width();
+  const auto missing = [&](int room, bool other_bar, int needed) {
+    return room - (other_bar ? bar : 0) < needed - kSlack;
+  };
+  const bool may = MayScroll();
+  const bool wide =
+      may && missing(width(), missing(height(), false, content.height()), content.width());
+  const bool tall = may && missing(height(), wide, content.height());
+  ShowBar(*this, Qt::Horizontal, wide);
+  ShowBar(*this, Qt::Vertical, tall);
+  QScrollArea::resizeEvent(event);
+  if (!wide) {
+    horizontalScrollBar()->setRange(0, 0);
+  }
+  if (!tall) {
+    verticalScrollBar()->setRange(0, 0);
+  }
+}
+
+void FittingArea::scrollContentsBy(int dx, int dy) {
+  QScrollArea::scrollContentsBy(dx, dy);
+  viewport()->update();  // what was moved would end inside device pixels at 125 and 150 %
+}
+
+void FitToScreen(QWidget& window, QSize wanted) {
+  const QSize room = window.screen()->availableSize() - kFrame;
+  const int bar = window.findChild<FittingArea*>()->verticalScrollBar()->sizeHint().width();
+  const QSize with_bars(wanted.width() + (wanted.height() > room.height() ? bar : 0),
+                        wanted.height() + (wanted.width() > room.width() ? bar : 0));
+  window.resize(with_bars.boundedTo(room));
+}
+
+}  // namespace korvanta

@@ -1,0 +1,33 @@
+/// The statistics window on the screen.
+#pragma once
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <array>
+
+#include "lobby/statistics.h"
+#include "ui/kit/caption_frame.h"
+#include "ui/kit/plain_list.h"
+#include "ui/windows/side_window.h"
+
+namespace korvanta {
+
+class frmStats : public SideWindow {
+ public:
+  frmStats(Statistics& statistics, QWidget* owner);
+
+ private:
+  void LayOut();
+  void Refresh();
+
+  Statistics& statistics_;
+  QLineEdit* UserInput;
+  QPushButton* btnLoad;
+  CaptionFrame* frmUserData;
+  std::array<QLineEdit*, kStatisticsFields.size()> fields_{};  ///< as kStatisticsFields
+  CaptionFrame* frmAward;
+  PlainListView* lstAwards;
+};
+
+}  // namespace korvanta

@@ -1,0 +1,366 @@
+#include "ui/message_view/message_view_widget.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QScrollBar>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+#include <QWheelEvent>
+#include <gtest/gtest.h>
+
+#include "ui/kit/text.h"
+#include "ui/kit/theme.h"
+#include "ui/message_view/glyph_table.h"
+
+namespace korvanta {
+namespace {
+
+constexpr int kMargin = theme::kUnit;
+
+struct MessageViewWidgetTest : testing::Test {
+  MessageViewWidgetTest() {
+    widget.resize(420, 220);
+    widget.show();
+    widget.activateWindow();
+    widget.setFocus();
+  }
+
+  /// Lets the frame come that shows what changed.
+  void Frame() const {
+    const auto* const pending = widget.findChild<QTimer*>(QStringLiteral("frame"));
+    ASSERT_NE(pending, nullptr);
+    ASSERT_TRUE(QTest::qWaitFor([pending] { return !pending->isActive(); }));
+  }
+
+  int written = 0;
+
+  void Write(int lines) {
+    for (int line = 0; line < lines; ++line) {
+      view.AppendMessage("line " + std::to_string(written++), MessageKind::Status);
+    }
+    Frame();
+  }
+
+  void Lock(bool on) {
+    options.mnuScrollLock = on;
+    view.ScrollLockToggled();
+    Frame();
+  }
+
+  /// The line that is seen first.
+  std::string TopLine() const {
+    return view.text().Bytes(widget.top(), LineEnd(view.text(), widget.top()));
+  }
+
+  int bar() const { return widget.verticalScrollBar()->value(); }
+  int bar_end() const { return widget.verticalScrollBar()->maximum(); }
+  int whole_rows() const {
+    return (widget.viewport()->height() - 2 * kMargin) / glyphs.row_height();
+  }
+
+  void Wheel(int angle) {
+    QWidget* const port = widget.viewport();
+    const QPointF at = port->rect().center();
+    QWheelEvent event(at, port->mapToGlobal(at), {}, {0, angle}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(port, &event);
+  }
+
+  /// The middle of the byte in that row, both counted in the viewport; the row's text is `text`.
+  QPoint PointAt(int row, std::string_view text, std::size_t column) const {
+    const float x = WidthOf(text.substr(0, column), glyphs.advances());
+    return {kMargin + static_cast<int>(x) + 2,
+            kMargin + row * glyphs.row_height() + glyphs.row_height() / 2};
+  }
+
+  Options options;
+  MessageView view{options, 64};
+  MessageViewWidget widget{view};
+  GlyphTable glyphs{widget.font()};
+};
+
+TEST_F(MessageViewWidgetTest, FollowsTheEndAndThumbAndKeysReachBothEndsExactly) {
+  Write(200);
+  EXPECT_EQ(bar(), bar_end());
+  EXPECT_EQ(TopLine(), "line " + std::to_string(200 - whole_rows()));
+
+  widget.verticalScrollBar()->setValue(0);
+  EXPECT_EQ(TopLine(), "line 0");
+  widget.verticalScrollBar()->setValue(17);  // inside "line 2", which starts at 16
+  EXPECT_EQ(TopLine(), "line 2");
+  widget.verticalScrollBar()->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+  EXPECT_EQ(TopLine(), "line 3");
+  EXPECT_EQ(bar(), static_cast<int>(widget.top()));
+  widget.verticalScrollBar()->triggerAction(QAbstractSlider::SliderPageStepAdd);
+  EXPECT_EQ(TopLine(), "line " + std::to_string(3 + whole_rows() - 1));
+
+  QTest::keyClick(&widget, Qt::Key_Home, Qt::ControlModifier);
+  EXPECT_EQ(TopLine(), "line 0");
+  Write(1);
+  EXPECT_EQ(bar(), bar_end());
+  EXPECT_TRUE(view.selection().empty());
+}
+
+TEST_F(MessageViewWidgetTest, ScrollLockHoldsWhatIsSeenInPlace) {
+  Write(100);
+  Lock(true);
+  widget.verticalScrollBar()->setValue(400);
+  const std::string seen = TopLine();
+  for (const std::size_t place : {std::size_t{8}, view.size(), widget.top()}) {
+    view.MoveCaret(place, false);
+    Write(5);
+    EXPECT_EQ(TopLine(), seen) << place;
+  }
+  EXPECT_LT(bar(), bar_end());
+
+  view.Clear();
+  Frame();
+  EXPECT_EQ(bar_end(), 0);
+  view.AppendMessage("first", MessageKind::Status);
+  view.AppendMessage("second", MessageKind::Status);
+  Frame();
+  EXPECT_EQ(TopLine(), "first");
+  Write(100);
+  EXPECT_EQ(TopLine(), "first");
+}
+
+TEST_F(MessageViewWidgetTest, TheCaretOfScrollLockIsPainted) {
+  Write(2);
+  view.MoveCaret(3, false);
+  widget.clearFocus();
+  Frame();
+  const QImage without = widget.viewport()->grab().toImage();
+  Lock(true);
+  EXPECT_NE(widget.viewport()->grab().toImage(), without);
+  Lock(false);
+  EXPECT_EQ(widget.viewport()->grab().toImage(), without);
+}
+
+TEST_F(MessageViewWidgetTest, WheelTurnsThreeRowsANotchAndKeepsParts) {
+  Write(100);
+  widget.verticalScrollBar()->setValue(0);
+  Wheel(-120);
+  EXPECT_EQ(TopLine(), "line 3");
+  for (int step = 0; step < 6; ++step) {
+    Wheel(-20);
+  }
+  EXPECT_EQ(TopLine(), "line 6");
+  Wheel(120);
+  EXPECT_EQ(TopLine(), "line 3");
+}
+
+TEST_F(MessageViewWidgetTest, AFloodWaitsForTheNextFrame) {
+  Frame();
+  for (int line = 0; line < 1000; ++line) {
+    view.AppendMessage("flood", MessageKind::Status);
+  }
+  EXPECT_EQ(bar_end(), 0);
+  Frame();
+  EXPECT_GT(bar_end(), 0);
+}
+
+TEST_F(MessageViewWidgetTest, MouseSelects) {
+  const std::string line = "Aster: hello there";
+  view.AppendMessage(line, MessageKind::Chat);
+  view.AppendMessage("Brisk: second", MessageKind::Chat);
+  Frame();
+  QWidget* const port = widget.viewport();
+
+  QTest::mouseClick(port, Qt::LeftButton, {}, PointAt(0, line, 7));
+  EXPECT_EQ(view.selection(), (TextRange{7, 7}));
+  QTest::mouseClick(port, Qt::LeftButton, Qt::ShiftModifier, PointAt(0, line, 12));
+  EXPECT_EQ(view.SelectedText(), "hello");
+
+  QTest::mousePress(port, Qt::LeftButton, {}, PointAt(1, "Brisk", 5));
+  QTest::mouseMove(port, PointAt(0, line, 13));
+  QTest::mouseRelease(port, Qt::LeftButton, {}, PointAt(0, line, 13));
+  EXPECT_EQ(view.SelectedText(), "there\nBrisk");
+  EXPECT_GT(view.anchor(), view.caret());
+
+  QTest::mouseDClick(port, Qt::LeftButton, {}, PointAt(0, line, 8));
+  EXPECT_EQ(view.SelectedText(), "hello");
+  QTest::mousePress(port, Qt::LeftButton, {}, PointAt(0, line, 8));
+  EXPECT_EQ(view.SelectedText(), line + "\n");
+}
+
+TEST_F(MessageViewWidgetTest, KeysMoveAndSelect) {
+  const std::string line = "Aster: hello there";  // breaks at 18 and 35
+  view.AppendMessage(line, MessageKind::Chat);
+  view.AppendMessage("Brisk: hi there", MessageKind::Chat);
+  Frame();
+  struct Step {
+    Qt::Key key;
+    Qt::KeyboardModifiers modifiers;
+    std::size_t anchor, caret;
+  };
+  const Qt::KeyboardModifiers none;
+  const Qt::KeyboardModifiers control = Qt::ControlModifier;
+  const Qt::KeyboardModifiers shift = Qt::ShiftModifier;
+  const Step steps[] = {{Qt::Key_Home, control, 0, 0},
+                        {Qt::Key_Right, none, 1, 1},
+                        {Qt::Key_Right, shift, 1, 2},
+                        {Qt::Key_End, shift, 1, 18},
+                        {Qt::Key_Right, none, 18, 18},
+                        {Qt::Key_Right, none, 20, 20},
+                        {Qt::Key_Left, none, 18, 18},
+                        {Qt::Key_Down, none, 35, 35},
+                        {Qt::Key_Up, none, 18, 18},
+                        {Qt::Key_Home, none, 0, 0},
+                        {Qt::Key_Right, control, 5, 5},
+                        {Qt::Key_Right, control | shift, 5, 7},
+                        {Qt::Key_Left, control, 5, 5},
+                        {Qt::Key_PageDown, shift, 5, 37},
+                        {Qt::Key_End, control | shift, 5, 37},
+                        {Qt::Key_A, control, 0, 37}};
+  for (const auto& [key, modifiers, anchor, caret] : steps) {
+    QTest::keyClick(&widget, key, modifiers);
+    EXPECT_EQ((std::pair{view.anchor(), view.caret()}), (std::pair{anchor, caret}));
+  }
+}
+
+TEST_F(MessageViewWidgetTest, CopyGivesPlainTextAndTheMenuKnowsWhetherItCan) {
+  view.AppendMessage("Aster: caf\xe9", MessageKind::Chat);
+  Frame();
+  QClipboard* const clipboard = QApplication::clipboard();
+  clipboard->setText(QStringLiteral("before"));
+  QTest::keyClick(&widget, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(clipboard->text(), QStringLiteral("before"));
+
+  for (const bool can_copy : {false, true}) {
+    QTest::keyClick(&widget, Qt::Key_F10, Qt::ShiftModifier);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->actions()[0]->isEnabled(), can_copy);
+    menu->actions()[can_copy ? 0 : 1]->trigger();  // Copy, Select All
+    menu->close();
+  }
+  EXPECT_EQ(clipboard->text(), ToQString("Aster: caf\xe9\n"));
+}
+
+TEST_F(MessageViewWidgetTest, LettersGrowAndShrinkWhereTheEyeIs) {
+  Write(200);
+  Lock(true);
+  widget.verticalScrollBar()->setValue(400);
+  const std::string seen = TopLine();
+  const auto wheel = [&](int notches) {
+    const QPointF place(50, 50);
+    QWheelEvent event(place, widget.viewport()->mapToGlobal(place), {}, {0, 120 * notches}, {},
+                      Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(widget.viewport(), &event);
+  };
+  const auto key = [&](Qt::Key which) { QTest::keyClick(&widget, which, Qt::ControlModifier); };
+  const std::pair<std::function<void()>, int> steps[] = {
+      {[&] { key(Qt::Key_Plus); }, 110}, {[&] { key(Qt::Key_Equal); }, 125},
+      {[&] { wheel(50); }, 300},         {[&] { wheel(-1); }, 250},
+      {[&] { key(Qt::Key_0); }, 100},    {[&] { key(Qt::Key_Minus); }, 90},
+      {[&] { wheel(-50); }, 60},         {[&] { key(Qt::Key_0); }, 100}};
+  for (const bool at_end : {false, true}) {
+    if (at_end) {
+      widget.verticalScrollBar()->setValue(bar_end());
+    }
+    for (const auto& [step, percent] : steps) {
+      step();
+      EXPECT_EQ(widget.zoom(), percent);
+      EXPECT_NEAR(widget.canvas().row_height() - 3, (glyphs.row_height() - 3) * percent / 100.0, 3);
+      EXPECT_EQ(at_end, bar() == bar_end()) << percent;
+      EXPECT_TRUE(at_end || TopLine() == seen) << percent << TopLine();
+    }
+  }
+}
+
+TEST_F(MessageViewWidgetTest, FindShowsTheMatchAndMovesNoCaret) {
+  Write(300);
+  Lock(true);
+  view.MoveCaret(40, false);
+  QTest::keyClick(&widget, Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+  auto* const box = widget.findChild<QLineEdit*>(QStringLiteral("txtFind"));
+  auto* const outcome = widget.findChild<QLabel*>(QStringLiteral("lblOutcome"));
+  ASSERT_EQ(QApplication::focusWidget(), box);
+  EXPECT_LT(widget.viewport()->height(), box->mapTo(&widget, QPoint(0, box->height())).y());
+
+  struct Step {
+    const char* typed;
+    Qt::Key key;
+    Qt::KeyboardModifiers modifiers;
+    const char* line;  // null: none
+    const char* words;
+  };
+  const Qt::KeyboardModifiers none;
+  const Step steps[] = {{"LINE 1", Qt::Key_Shift, none, "line 199", ""},
+                        {"", Qt::Key_Return, none, "line 198", ""},
+                        {"", Qt::Key_G, Qt::ControlModifier, "line 197", ""},
+                        {"", Qt::Key_Enter, Qt::KeypadModifier | Qt::ShiftModifier, "line 198", ""},
+                        {"9", Qt::Key_PageUp, none, "line 198", ""},
+                        {"x", Qt::Key_Shift, none, nullptr, "No match"},
+                        {"", Qt::Key_Backspace, none, "line 198", ""},
+                        {"", Qt::Key_Backspace, none, "line 198", ""},
+                        {"1", Qt::Key_Return, none, "line 118", ""}};
+  for (const auto& [typed, key, modifiers, line, words] : steps) {
+    QTest::keyClicks(box, QLatin1String(typed));
+    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    const TextRange match = widget.search().match();
+    EXPECT_EQ(match.empty(), line == nullptr) << box->text().toStdString();
+    if (line != nullptr) {
+      EXPECT_EQ(view.text().Bytes(match.from, LineEnd(view.text(), match.from)), line);
+      EXPECT_TRUE(widget.canvas().IsInSight(match.from, widget.top())) << line;
+      EXPECT_EQ(box->accessibleDescription(), QLatin1String(line));
+    }
+    EXPECT_EQ(outcome->text(), QLatin1String(words));
+    EXPECT_EQ(view.insertion_point(), 40U);
+  }
+  QTest::keyClick(box, Qt::Key_Escape);
+  EXPECT_EQ(QApplication::focusWidget(), &widget);
+  EXPECT_TRUE(widget.search().match().empty());
+
+  QTest::keyClick(&widget, Qt::Key_G, Qt::ControlModifier);
+  QTest::keyClick(box, Qt::Key_Return, Qt::ControlModifier);
+  EXPECT_EQ(view.SelectedText(), "line 11");
+  EXPECT_FALSE(box->isVisible());
+}
+
+TEST_F(MessageViewWidgetTest, LinesOutOfSightAreToldOfUntilTheyAreSeen) {
+  Write(100);
+  Lock(true);
+  const std::pair<bool, const char*> places[] = {{true, "2 new lines below"},
+                                                 {false, "2 new lines above"}};
+  for (const auto& [below, caption] : places) {
+    for (const char* way : {"click", "key", "scroll", "unlock"}) {
+      Lock(true);
+      view.MoveCaret(below ? view.size() : 0, false);
+      widget.verticalScrollBar()->setValue(400);
+      Write(2);
+      auto* const mark = widget.findChild<QToolButton*>(QStringLiteral("btnNewLines"));
+      ASSERT_NE(mark, nullptr);
+      EXPECT_EQ(mark->isVisible() ? mark->text() : QString(), QLatin1String(caption)) << way;
+      EXPECT_TRUE(widget.viewport()->rect().contains(mark->geometry()));
+      const std::size_t place = view.insertion_point();
+      if (*way == 'c') {
+        QTest::mouseClick(mark, Qt::LeftButton);
+      } else if (*way == 'k') {
+        QTest::keyClick(&widget, Qt::Key_J, Qt::ControlModifier);
+      } else if (*way == 's') {
+        widget.verticalScrollBar()->setValue(below ? bar_end() : 0);
+      } else {
+        Lock(false);
+      }
+      EXPECT_FALSE(mark->isVisible()) << way << caption;
+      EXPECT_EQ(view.insertion_point(), place);
+    }
+  }
+}
+
+TEST_F(MessageViewWidgetTest, EveryByteIsSeen) {
+  for (int byte = 0; byte < 256; ++byte) {
+    const auto character = static_cast<char>(byte);
+    const bool blank = character == ' ' || character == '\t' || byte == 0xA0;
+    EXPECT_EQ(glyphs.GlyphOf(character) == 0, blank) << byte;
+    EXPECT_GE(glyphs.advances()[static_cast<std::size_t>(byte)], 1.0F) << byte;
+  }
+}
+
+}  // namespace
+}  // namespace korvanta
