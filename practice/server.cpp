@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
-#include "practice/player_text.h"
-#include "practice/server_messages.h"
+#include "practice/wire/player_text.h"
+#include "practice/wire/server_messages.h"
 
 namespace korvanta::practice {
 namespace {

@@ -11,15 +11,15 @@
 #include <string>
 #include <string_view>
 
-#include "practice/accounts.h"
-#include "practice/arena.h"
-#include "practice/client_requests.h"
-#include "practice/lobby.h"
-#include "practice/message_stream.h"
-#include "practice/players.h"
-#include "practice/simulation.h"
-#include "practice/tournament.h"
-#include "practice/transport.h"
+#include "practice/game/arena.h"
+#include "practice/lobby/lobby.h"
+#include "practice/players/accounts.h"
+#include "practice/players/players.h"
+#include "practice/simulation/simulation.h"
+#include "practice/tournament/tournament.h"
+#include "practice/wire/client_requests.h"
+#include "practice/wire/message_stream.h"
+#include "practice/wire/transport.h"
 
 namespace korvanta::practice {
 

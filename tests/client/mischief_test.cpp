@@ -1,5 +1,5 @@
 /// A client in front of a server that makes every kind of mischief.
-#include "practice/mischief.h"
+#include "practice/trouble/mischief.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

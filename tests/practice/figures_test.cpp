@@ -1,11 +1,11 @@
-#include "practice/figures.h"
+#include "practice/players/figures.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
 
-#include "practice/server_messages.h"
+#include "practice/wire/server_messages.h"
 #include "protocol/wire_format.h"
 
 namespace korvanta::practice {

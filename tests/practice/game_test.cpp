@@ -1,5 +1,5 @@
 /// The rules of a game: what moves cost and do, which are refused, and who wins.
-#include "practice/game.h"
+#include "practice/game/game.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
-#include "practice/load.h"
+#include "practice/trouble/load.h"
 
 #include <set>
 #include <vector>
 
-#include "practice/player_text.h"
+#include "practice/wire/player_text.h"
 #include "tests/practice/practice_fixture.h"
 
 namespace korvanta::practice {

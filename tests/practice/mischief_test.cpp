@@ -1,4 +1,4 @@
-#include "practice/mischief.h"
+#include "practice/trouble/mischief.h"
 
 #include <algorithm>
 #include <functional>

@@ -1,0 +1,209 @@
+#include "practice/network/network_server.h"
+
+#include <QObject>
+#include <chrono>
+#include <sys/socket.h>
+#include <utility>
+
+namespace korvanta::practice {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kTick = 100ms;
+/// How long a client may take to read its last words and hang up.
+constexpr auto kClosingTime = 5s;
+/// How long the players may take to hang up when the server ends.
+constexpr auto kFarewellTime = 2s;
+/// A connection with fewer bytes on their way has room for more of a flood.
+constexpr qint64 kLowBacklog = qint64{64} * 1024;
+constexpr int kListenBacklog = 1024;
+/// Bytes taken from one connection at a time, so that no client keeps the others waiting.
+constexpr qint64 kReadBuffer = qint64{8} * 1024;
+
+/// Ends the connection by a reset instead of an end of stream.
+void Abort(QTcpSocket& socket) {
+  const linger at_once = {1, 0};
+  ::setsockopt(static_cast<int>(socket.socketDescriptor()), SOL_SOCKET, SO_LINGER, &at_once,
+               sizeof at_once);
+  socket.abort();
+}
+
+}  // namespace
+
+NetworkServer::NetworkServer(const Options& options,
+                             std::function<void(std::string_view line)> journal)
+    : mischief_(*this, options.mischief),
+      load_(mischief_, options.load),
+      rules_(load_, options.rules, std::move(journal)) {
+  QObject::connect(&listener_, &QTcpServer::newConnection, &listener_,
+                   [this] { TakeConnections(); });
+  QObject::connect(&tick_, &QTimer::timeout, &tick_, [this] {
+    const std::chrono::milliseconds now(running_since_.elapsed());
+    rules_.Tick(now);
+    load_.Tick(now);
+    mischief_.Tick();
+    Flush();
+  });
+}
+
+NetworkServer::~NetworkServer() {
+  for (const auto& [id, connection] : connections_) {
+    connection.socket->disconnect();
+  }
+}
+
+QString NetworkServer::Listen(const QHostAddress& address, quint16 port) {
+  listener_.setListenBacklogSize(kListenBacklog);
+  if (!listener_.listen(address, port)) {
+    return listener_.errorString();
+  }
+  running_since_.start();
+  tick_.start(kTick);
+  return {};
+}
+
+void NetworkServer::End(std::function<void()> ended) {
+  listener_.close();
+  tick_.stop();
+  rules_.SayFarewell();
+  for (const auto& [id, connection] : connections_) {
+    Close(id);
+  }
+  Flush();
+  if (connections_.empty()) {
+    ended();
+    return;
+  }
+  ended_ = std::move(ended);
+  QTimer::singleShot(kFarewellTime, &tick_, ended_);
+}
+
+void NetworkServer::Send(ConnectionId id, std::string_view messages) {
+  const auto found = connections_.find(id);
+  if (found == connections_.end() || found->second.is_closing) {
+    return;
+  }
+  if (found->second.outbox.isEmpty()) {
+    unflushed_.push_back(id);
+  }
+  if (found->second.socket->bytesToWrite() + found->second.outbox.size() > kMaxBacklog) {
+    return;  // is cut off when the event is over
+  }
+  found->second.outbox.append(messages.data(), static_cast<qsizetype>(messages.size()));
+}
+
+void NetworkServer::Close(ConnectionId id) {
+  const auto found = connections_.find(id);
+  if (found == connections_.end()) {
+    return;
+  }
+  found->second.is_closing = true;
+  unflushed_.push_back(id);
+  QTcpSocket* socket = found->second.socket;
+  QTimer::singleShot(kClosingTime, socket, [socket] { socket->abort(); });
+}
+
+void NetworkServer::Reset(ConnectionId id) {
+  if (const auto found = connections_.find(id); found != connections_.end()) {
+    found->second.is_reset = true;
+    unflushed_.push_back(id);
+  }
+}
+
+void NetworkServer::TakeConnections() {
+  while (QTcpSocket* socket = listener_.nextPendingConnection()) {
+    const ConnectionId id = ++last_id_;
+    socket->setReadBufferSize(kReadBuffer);
+    socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    connections_.emplace(id, Connection{socket, {}});
+    QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, id] { Read(id); });
+    QObject::connect(socket, &QTcpSocket::bytesWritten, socket, [this, id] { Written(id); });
+    QObject::connect(socket, &QTcpSocket::disconnected, socket, [this, id] { Forget(id); });
+    mischief_.Connected(id);
+    rules_.Connected(id);
+  }
+  Flush();
+}
+
+void NetworkServer::Read(ConnectionId id) {
+  const auto found = connections_.find(id);
+  if (found == connections_.end()) {
+    return;
+  }
+  const QByteArray bytes = found->second.socket->readAll();
+  rules_.Received(id, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+  Flush();
+}
+
+void NetworkServer::Written(ConnectionId id) {
+  const auto found = connections_.find(id);
+  if (found == connections_.end()) {
+    return;
+  }
+  FinishClosing(found->second);
+  if (found->second.socket->bytesToWrite() < kLowBacklog) {
+    load_.Refill(id);
+    Flush();
+  }
+}
+
+void NetworkServer::Forget(ConnectionId id) {
+  const auto found = connections_.find(id);
+  if (found == connections_.end()) {
+    return;
+  }
+  const Connection gone = std::move(found->second);
+  connections_.erase(found);
+  gone.socket->deleteLater();
+  mischief_.Vanished(id);
+  load_.Vanished(id);
+  if (!gone.is_closing) {
+    rules_.Vanished(id);
+  }
+  Flush();
+  if (ended_ && connections_.empty()) {
+    ended_();
+  }
+}
+
+/// Clients do not join messages that arrive in two parts, so what the rules answer to one event
+/// goes out whole.
+void NetworkServer::Flush() {
+  if (is_flushing_) {
+    return;  // a connection that was cut off; the loop below goes on with what that led to
+  }
+  is_flushing_ = true;
+  while (!unflushed_.empty()) {
+    const auto found = connections_.find(unflushed_.back());
+    unflushed_.pop_back();
+    if (found == connections_.end()) {
+      continue;
+    }
+    Connection& connection = found->second;
+    if (connection.is_reset) {
+      Abort(*connection.socket);
+      continue;
+    }
+    if (connection.socket->bytesToWrite() + connection.outbox.size() > kMaxBacklog) {
+      connection.socket->abort();
+      continue;
+    }
+    if (!connection.outbox.isEmpty()) {
+      connection.socket->write(std::exchange(connection.outbox, {}));
+    }
+    FinishClosing(connection);
+  }
+  is_flushing_ = false;
+}
+
+/// Ends the server's half alone. The client's half is read and thrown away until it hangs up:
+/// closing a socket with unread bytes would reset the connection and could destroy the last words.
+void NetworkServer::FinishClosing(const Connection& connection) {
+  if (connection.is_closing && connection.outbox.isEmpty() &&
+      connection.socket->bytesToWrite() == 0) {
+    ::shutdown(static_cast<int>(connection.socket->socketDescriptor()), SHUT_WR);
+  }
+}
+
+}  // namespace korvanta::practice

@@ -1,0 +1,81 @@
+/// The practice server's sockets: hands what arrives to the rules and sends what they answer, on
+/// one thread, for thousands of connections.
+#pragma once
+
+#include <QByteArray>
+#include <QElapsedTimer>
+#include <QHostAddress>
+#include <QString>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTimer>
+#include <functional>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "practice/server.h"
+#include "practice/trouble/load.h"
+#include "practice/trouble/mischief.h"
+#include "practice/wire/transport.h"
+
+namespace korvanta::practice {
+
+class NetworkServer : private ResettableTransport {
+ public:
+  /// Bytes that may wait for a slow reader; one that falls behind further is cut off.
+  static constexpr qint64 kMaxBacklog = qint64{4} * 1024 * 1024;
+
+  struct Options {
+    ServerOptions rules;
+    LoadOptions load;
+    MischiefOptions mischief;
+  };
+
+  NetworkServer(const Options& options, std::function<void(std::string_view line)> journal);
+  /// Ends all connections at once.
+  ~NetworkServer() override;
+
+  /// Starts to take connections. Empty on success, otherwise why it failed.
+  QString Listen(const QHostAddress& address, quint16 port);
+
+  /// Tells the players and ends all connections; calls `ended` when the last has gone, or too slow
+  /// a reader has had its time.
+  void End(std::function<void()> ended);
+
+  quint16 port() const { return listener_.serverPort(); }
+
+ private:
+  struct Connection {
+    QTcpSocket* socket;
+    QByteArray outbox;        // leaves in one write when the rules have done with an event
+    bool is_closing = false;  // unknown to the rules; its words are leaving
+    bool is_reset = false;    // to be ended without a word
+  };
+
+  void Send(ConnectionId id, std::string_view messages) override;
+  void Close(ConnectionId id) override;
+  void Reset(ConnectionId id) override;
+
+  void TakeConnections();
+  void Read(ConnectionId id);
+  void Written(ConnectionId id);
+  void Forget(ConnectionId id);
+  void Flush();
+  void FinishClosing(const Connection& connection);
+
+  QElapsedTimer running_since_;
+  QTimer tick_;
+  QTcpServer listener_;
+  std::unordered_map<ConnectionId, Connection> connections_;
+  std::vector<ConnectionId> unflushed_;
+  bool is_flushing_ = false;
+  ConnectionId last_id_ = 0;
+  std::function<void()> ended_;
+  // What the rules send goes through these two on its way to a socket.
+  Mischief mischief_;
+  Load load_;
+  Server rules_;
+};
+
+}  // namespace korvanta::practice

@@ -1,0 +1,61 @@
+/// The accounts of one run of the server, in memory alone: a name belongs to the first password
+/// that it was used with.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "practice/players/figures.h"
+
+namespace korvanta::practice {
+
+/// A UserID from here on makes an administrator.
+inline constexpr std::int16_t kAdministratorId = 90;
+
+struct Account {
+  std::string name;        ///< in the letter case of its first login
+  std::string password;    ///< empty for a simulated player, so that nobody can log in as it
+  std::size_t number = 0;  ///< 1 for the first account of the run, and so on
+  /// 90 for the first account of a person; the others count from 1 and stay at 89.
+  std::int16_t user_id = 0;
+  Figures figures;
+
+  bool IsAdministrator() const { return user_id >= kAdministratorId; }
+};
+
+class Accounts {
+ public:
+  /// Accounts that one run takes in; it bounds what strangers can make the server keep.
+  static constexpr std::size_t kMost = 100'000;
+
+  enum class Verdict { Accepted, BadName, BadPassword, WrongPassword, NoRoom };
+
+  /// The account of that name, made when the name is new; null unless the verdict is Accepted. It
+  /// lives as long as this object.
+  struct Admission {
+    Verdict verdict;
+    Account* account = nullptr;
+  };
+  Admission Admit(std::string_view name, std::string_view password);
+
+  /// An account for a simulated player; null when the name is taken or no user name.
+  Account* AddSimulated(std::string_view name);
+
+  /// By name in any letter case; null when there is none.
+  const Account* Find(std::string_view name) const;
+
+  const std::map<std::string, Account>& all() const { return accounts_; }
+
+ private:
+  Account& Add(std::string_view name, std::string_view password, std::int16_t user_id);
+  std::int16_t NextUserId();
+
+  std::map<std::string, Account> accounts_;  // by NameKey
+  bool has_administrator_ = false;
+  std::int16_t last_user_id_ = 0;
+};
+
+}  // namespace korvanta::practice

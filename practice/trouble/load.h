@@ -1,0 +1,65 @@
+/// Load for measuring clients: a transport in front of another that adds invented players to every
+/// online list and floods everyone who is logged in with chat. The rules know nothing of it.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <random>
+#include <set>
+#include <string>
+#include <string_view>
+
+#include "practice/wire/transport.h"
+
+namespace korvanta::practice {
+
+struct LoadOptions {
+  std::uint64_t seed = 0;     ///< of the invented names and lines
+  int crowd = 0;              ///< invented players in each online list
+  int lines_per_second = 0;   ///< of chat, to everyone who is logged in
+  bool is_unbounded = false;  ///< chat has no rate: each connection gets as much as it takes
+};
+
+/// Lines of chat between invented players: the same seed says the same.
+class Chatter {
+ public:
+  explicit Chatter(std::uint64_t seed) : dice_(seed) {}
+
+  /// One whole message.
+  std::string NextLine();
+
+ private:
+  std::mt19937_64 dice_;
+};
+
+/// Records of an online list, a separator behind each. The names differ from one another, and from
+/// those that players can have.
+std::string CrowdRecords(int players, std::uint64_t seed);
+
+class Load : public Transport {
+ public:
+  /// Bytes, about, that one refill brings.
+  static constexpr std::size_t kRefill = std::size_t{64} * 1024;
+
+  Load(Transport& next, const LoadOptions& options);
+
+  void Send(ConnectionId connection, std::string_view messages) override;
+  void Close(ConnectionId connection) override;
+  void Vanished(ConnectionId connection) { logged_in_.erase(connection); }
+
+  /// Time goes on, as in Server::Tick().
+  void Tick(std::chrono::milliseconds now);
+  /// Little waits on the way to the connection, so that it can take more.
+  void Refill(ConnectionId connection);
+
+ private:
+  Transport& next_;
+  LoadOptions options_;
+  std::string crowd_;
+  Chatter chatter_;
+  std::set<ConnectionId> logged_in_;
+  std::chrono::milliseconds last_tick_{0};
+  double lines_due_ = 0;
+};
+
+}  // namespace korvanta::practice

@@ -1,0 +1,186 @@
+#include "practice/trouble/mischief.h"
+
+#include <utility>
+
+#include "protocol/wire_format.h"
+
+namespace korvanta::practice {
+namespace {
+
+/// Pieces that may wait for one connection; while they are so many, nothing more is cut.
+constexpr std::size_t kMostPieces = 30;
+/// Ticks from one piece to the next; some clients wait a while for the rest of a message.
+constexpr std::size_t kLongestPause = 5;
+
+}  // namespace
+
+Mischief::Mischief(ResettableTransport& network, const MischiefOptions& options)
+    : network_(network), dice_(options.seed) {
+  for (const MischiefEntry& entry : MischiefTable()) {
+    if (options.kinds.test(static_cast<std::size_t>(entry.kind))) {
+      (entry.is_of_connections ? of_connections_ : of_messages_).push_back(entry.kind);
+    }
+  }
+}
+
+void Mischief::Connected(ConnectionId connection) {
+  if (of_messages_.empty() && of_connections_.empty()) {
+    return;
+  }
+  Line& line = lines_[connection];
+  line.fate = Throw(of_connections_);
+  if (line.fate == MischiefKind::ResetAccept) {
+    line.end = End::Reset;
+    network_.Reset(connection);
+  }
+}
+
+void Mischief::Send(ConnectionId connection, std::string_view messages) {
+  const auto found = lines_.find(connection);
+  if (found == lines_.end()) {
+    network_.Send(connection, messages);
+    return;
+  }
+  for (std::string_view message : Split(messages, kMessageTerminator)) {
+    if (!message.empty()) {
+      SendMessage(connection, found->second, message);
+    }
+  }
+}
+
+void Mischief::Close(ConnectionId connection) {
+  const auto found = lines_.find(connection);
+  if (found == lines_.end()) {
+    network_.Close(connection);
+    return;
+  }
+  Line& line = found->second;
+  if (line.end == End::None) {
+    Deliver(connection, line, std::exchange(line.held, {}));
+    line.end = End::Close;
+  }
+  if (line.end == End::Close && line.later.empty()) {
+    lines_.erase(found);
+    network_.Close(connection);
+  }
+}
+
+void Mischief::Tick() {
+  for (auto next = lines_.begin(); next != lines_.end();) {
+    const ConnectionId connection = next->first;
+    Line& line = next->second;
+    ++next;
+    if (!line.later.empty()) {
+      if (!line.later.front().empty()) {
+        network_.Send(connection, line.later.front());
+      }
+      line.later.pop_front();
+    } else if (line.end == End::Reset) {
+      network_.Reset(connection);
+      continue;
+    }
+    Deliver(connection, line, std::exchange(line.held, {}));
+    if (line.end == End::Close && line.later.empty()) {
+      lines_.erase(connection);
+      network_.Close(connection);
+    }
+  }
+}
+
+void Mischief::SendMessage(ConnectionId connection, Line& line, std::string_view message) {
+  if (line.end != End::None || (line.fate && MeetsFate(connection, line, message))) {
+    return;
+  }
+  const std::string passed_by = std::exchange(line.held, {});
+  const auto kind = Throw(of_messages_);
+  const std::string bytes =
+      kind ? Changed(message, *kind) : std::string(message) + kMessageTerminator;
+  if (kind == MischiefKind::Cut) {
+    DeliverCut(connection, line, bytes);
+  } else if (kind == MischiefKind::Shuffle && passed_by.empty()) {
+    line.held = bytes;
+  } else {
+    Deliver(connection, line, bytes);
+  }
+  Deliver(connection, line, passed_by);
+}
+
+std::string Mischief::Changed(std::string_view message, MischiefKind kind) {
+  MischiefMessage changed(message);
+  if (const auto change = MischiefTable()[static_cast<std::size_t>(kind)].change) {
+    change(changed, dice_);
+  }
+  return changed.Built();
+}
+
+bool Mischief::MeetsFate(ConnectionId connection, Line& line, std::string_view message) {
+  const MessageLayout* layout = LayoutOf(message);
+  const bool is_of_game = layout != nullptr && layout->is_of_game;
+  const auto is_now = [&] {
+    switch (*line.fate) {
+      case MischiefKind::ResetLogin:
+        return message.starts_with("[con]");
+      case MischiefKind::ResetGame:
+        return is_of_game;
+      case MischiefKind::ResetMessage:
+        return dice_.OneIn(4);
+      default:
+        return true;
+    }
+  };
+  if (!is_now()) {
+    return false;
+  }
+  switch (*line.fate) {
+    case MischiefKind::Silence:
+      break;
+    case MischiefKind::ResetHandshake:
+      network_.Reset(connection);
+      line.end = End::Reset;
+      break;
+    default:
+      if (line.fate == MischiefKind::ResetMessage) {
+        message = message.substr(0, 1 + dice_.Below(message.size()));
+        Deliver(connection, line, message);
+      } else {
+        Deliver(connection, line, std::string(message) + kMessageTerminator);
+      }
+      line.end = End::Reset;  // at a tick, so that these words arrive before it
+  }
+  return true;
+}
+
+void Mischief::Deliver(ConnectionId connection, Line& line, std::string_view bytes) {
+  if (bytes.empty()) {
+    return;
+  }
+  if (line.later.empty()) {
+    network_.Send(connection, bytes);
+  } else {
+    line.later.back() += bytes;
+  }
+}
+
+void Mischief::DeliverCut(ConnectionId connection, Line& line, std::string_view bytes) {
+  for (std::size_t pieces = 2 + dice_.Below(3); pieces > 1 && bytes.size() > 1; --pieces) {
+    if (line.later.size() >= kMostPieces) {
+      break;
+    }
+    const std::size_t at = 1 + dice_.Below(bytes.size() - 1);
+    Deliver(connection, line, bytes.substr(0, at));
+    bytes.remove_prefix(at);
+    line.later.resize(line.later.size() + 1 + dice_.Below(kLongestPause));
+  }
+  Deliver(connection, line, bytes);
+}
+
+std::optional<MischiefKind> Mischief::Throw(const std::vector<MischiefKind>& kinds) {
+  if (kinds.empty()) {
+    return std::nullopt;
+  }
+  const MischiefKind kind = dice_.Pick(kinds);
+  const bool is_its_turn = dice_.OneIn(MischiefTable()[static_cast<std::size_t>(kind)].one_in);
+  return is_its_turn ? std::optional(kind) : std::nullopt;
+}
+
+}  // namespace korvanta::practice
