@@ -2,7 +2,7 @@
 
 #include "harness/host.h"
 
-namespace korvanta::process {
+namespace korvanta::harness {
 
 AccessibilityBus::AccessibilityBus(const QProcessEnvironment& environment)
     : environment_(environment) {
@@ -30,4 +30,4 @@ QStringList AccessibilityBus::ControlsOf(qint64 pid) const {
   return QString::fromUtf8(result.output).split('\n', Qt::SkipEmptyParts);
 }
 
-}  // namespace korvanta::process
+}  // namespace korvanta::harness

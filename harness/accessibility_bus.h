@@ -6,7 +6,7 @@
 #include <QProcessEnvironment>
 #include <QStringList>
 
-namespace korvanta::process {
+namespace korvanta::harness {
 
 class AccessibilityBus {
  public:
@@ -28,4 +28,4 @@ class AccessibilityBus {
   QProcess bus_;
 };
 
-}  // namespace korvanta::process
+}  // namespace korvanta::harness

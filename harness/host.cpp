@@ -7,17 +7,21 @@
 #include <sys/prctl.h>
 #include <unistd.h>
 
-namespace korvanta::process {
+namespace korvanta::harness {
+
+void HandleEvents() {
+  QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+  QThread::msleep(5);
+}
 
 void WaitUntil(const QString& what, const std::function<bool()>& holds,
-               std::chrono::milliseconds patience) {
+               std::chrono::milliseconds patience, const std::function<void()>& pause) {
   const QDeadlineTimer deadline(patience);
   while (!holds()) {
     if (deadline.hasExpired()) {
       throw HarnessError(QString("waited %1 ms in vain until %2").arg(patience.count()).arg(what));
     }
-    QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-    QThread::msleep(5);
+    pause();
   }
 }
 
@@ -79,4 +83,4 @@ QProcessEnvironment BareEnvironment() {
   return bare;
 }
 
-}  // namespace korvanta::process
+}  // namespace korvanta::harness

@@ -11,9 +11,10 @@
 #include <functional>
 #include <stdexcept>
 
-namespace korvanta::process {
+namespace korvanta::harness {
 
-/// The session cannot go on; `what()` is a sentence for the person who reads the test's output.
+/// A program or the machine does not do what it should; `what()` is a sentence for who reads the
+/// output.
 class HarnessError : public std::runtime_error {
  public:
   explicit HarnessError(const QString& sentence) : std::runtime_error(sentence.toStdString()) {}
@@ -21,9 +22,14 @@ class HarnessError : public std::runtime_error {
 
 constexpr std::chrono::milliseconds kPatience{30000};
 
-/// Handles events until `holds`; HarnessError naming `what` when the patience is over.
+/// Handles events, and rests for a moment.
+void HandleEvents();
+
+/// Pauses, which handles events unless it is told to do something else, until `holds`; HarnessError
+/// naming `what` when the patience is over.
 void WaitUntil(const QString& what, const std::function<bool()>& holds,
-               std::chrono::milliseconds patience = kPatience);
+               std::chrono::milliseconds patience = kPatience,
+               const std::function<void()>& pause = HandleEvents);
 
 struct ToolResult {
   int status;  ///< exit status, 128 when a signal ended it
@@ -49,4 +55,4 @@ QString UniqueLoopbackAddress();
 /// home.
 QProcessEnvironment BareEnvironment();
 
-}  // namespace korvanta::process
+}  // namespace korvanta::harness

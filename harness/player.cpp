@@ -1,6 +1,6 @@
 #include "harness/player.h"
 
-namespace korvanta::process {
+namespace korvanta::harness {
 namespace {
 
 constexpr const char* kTitle = "Korvanta - v1.6 - ";
@@ -45,6 +45,13 @@ void Player::Choose(const QString& shortcut) {
   user_.Press({shortcut});
 }
 
+Window Player::Open(const SideWindow& side) {
+  Choose(side.shortcut);
+  const Window window = user_.WaitForWindow(program_.pid(), side.title);
+  user_.Activate(window);
+  return window;
+}
+
 void Player::ChooseItem(int position) const {
   const Window menu = user_.WaitForWindow(program_.pid(), "Korvanta");  // no title of its own
   user_.Press(QStringList(position - 1, "Down") + QStringList("Return"));
@@ -56,4 +63,4 @@ int Player::Leave() {
   return program_.WaitForExit();
 }
 
-}  // namespace korvanta::process
+}  // namespace korvanta::harness

@@ -6,7 +6,18 @@
 #include "harness/program.h"
 #include "harness/user.h"
 
-namespace korvanta::process {
+namespace korvanta::harness {
+
+/// A window that the main window's menu opens.
+struct SideWindow {
+  const char* name;
+  const char* shortcut;
+  const char* title;
+};
+constexpr SideWindow kStatistics{"statistics", "ctrl+l", "Search Online User"};
+constexpr SideWindow kNews{"news", "F3", "News"};
+constexpr SideWindow kTournament{"tournament", "ctrl+t", "Tournament Window"};
+constexpr SideWindow kSideWindows[] = {kStatistics, kNews, kTournament};
 
 class Player {
  public:
@@ -24,6 +35,8 @@ class Player {
   QString WaitForMessage(const QString& text);
   /// Presses a shortcut of the main window.
   void Choose(const QString& shortcut);
+  /// Opens it by its shortcut, or raises it.
+  Window Open(const SideWindow& side);
   /// Chooses an item of the popup menu, counted from 1, once it is open; the first one is ready.
   void ChooseItem(int position) const;
   /// Leaves by the menu's shortcut; returns the program's exit status.
@@ -39,4 +52,4 @@ class Player {
   Window login_;
 };
 
-}  // namespace korvanta::process
+}  // namespace korvanta::harness

@@ -2,7 +2,7 @@
 
 #include "harness/host.h"
 
-namespace korvanta::process {
+namespace korvanta::harness {
 
 QString PracticeServerProgram() {
   return QString(KORVANTA_PROGRAM_FOLDER) + "/korvanta-practice-server";
@@ -35,4 +35,4 @@ int PracticeServer::WaitForExit() {
 
 PracticeServer::~PracticeServer() { EndChild(process_); }
 
-}  // namespace korvanta::process
+}  // namespace korvanta::harness

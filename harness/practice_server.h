@@ -4,7 +4,7 @@
 #include <QProcess>
 #include <QString>
 
-namespace korvanta::process {
+namespace korvanta::harness {
 
 /// The server's file name with its folder.
 QString PracticeServerProgram();
@@ -35,4 +35,4 @@ class PracticeServer {
   QProcess process_;
 };
 
-}  // namespace korvanta::process
+}  // namespace korvanta::harness

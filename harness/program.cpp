@@ -4,7 +4,7 @@
 #include <QFile>
 #include <QFileInfo>
 
-namespace korvanta::process {
+namespace korvanta::harness {
 namespace {
 
 void Write(const QString& path, const QByteArray& text) {
@@ -22,7 +22,7 @@ void Copy(const QString& from, const QString& to) {
   }
 }
 
-QString Made(const QString& folder) {
+QString PrivateFolder(const QString& folder) {
   QDir().mkpath(folder);
   QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
   return folder;
@@ -32,7 +32,7 @@ QString Made(const QString& folder) {
 
 Installation::Installation(const QString& server_address) {
   const QDir built(KORVANTA_PROGRAM_FOLDER);
-  Made(folder_.filePath("program/sounds"));
+  PrivateFolder(folder_.filePath("program/sounds"));
   Copy(built.filePath("Korvanta"), program_file());
   for (const QString& sound : QDir(built.filePath("sounds")).entryList(QDir::Files)) {
     Copy(built.filePath("sounds/" + sound), folder_.filePath("program/sounds/" + sound));
@@ -59,9 +59,9 @@ void Installation::WriteSettings(const QByteArray& text) const { Write(settings_
 
 QProcessEnvironment Installation::EnvironmentOn(const VirtualDisplay& display) const {
   QProcessEnvironment environment = display.environment();
-  environment.insert("HOME", Made(folder_.filePath("home")));
-  environment.insert("XDG_CONFIG_HOME", Made(folder_.filePath("config")));
-  environment.insert("XDG_RUNTIME_DIR", Made(folder_.filePath("runtime")));
+  environment.insert("HOME", PrivateFolder(folder_.filePath("home")));
+  environment.insert("XDG_CONFIG_HOME", PrivateFolder(folder_.filePath("config")));
+  environment.insert("XDG_RUNTIME_DIR", PrivateFolder(folder_.filePath("runtime")));
   environment.insert("QT_QPA_PLATFORM", "xcb");
   // Neither is there to be found or started.
   environment.insert("PULSE_SERVER", "unix:" + folder_.filePath("runtime/no-sound"));
@@ -99,4 +99,4 @@ QByteArray Program::Output() {
   return output_;
 }
 
-}  // namespace korvanta::process
+}  // namespace korvanta::harness

@@ -9,7 +9,7 @@
 #include "harness/host.h"
 #include "harness/virtual_display.h"
 
-namespace korvanta::process {
+namespace korvanta::harness {
 
 /// A copy of the built program with everything beside it, in a folder that goes with this object.
 /// Its player's configuration and run-time folders are in there too.
@@ -57,4 +57,4 @@ class Program {
   QByteArray output_;
 };
 
-}  // namespace korvanta::process
+}  // namespace korvanta::harness

@@ -1,76 +1,92 @@
 #include "harness/scripted_server.h"
 
-#include <QHostAddress>
+#include <array>
 
-#include "protocol/wire_format.h"
+namespace korvanta::harness {
+namespace {
 
-namespace korvanta::process {
+using namespace std::chrono_literals;
+using namespace std::string_view_literals;
 
-ScriptedServer::ScriptedServer() : address_(UniqueLoopbackAddress()) {
-  if (!server_.listen(QHostAddress(address_), kServerPort)) {
-    throw HarnessError(QString("cannot listen on %1:%2: %3")
-                           .arg(address_)
-                           .arg(kServerPort)
-                           .arg(server_.errorString()));
+}  // namespace
+
+ScriptedServer::ScriptedServer()
+    : address_(UniqueLoopbackAddress()), listener_(Socket::Listening(address_)) {}
+
+int ScriptedServer::clients() {
+  for (Socket next = listener_.Accept(0ms); next.IsOpen(); next = listener_.Accept(0ms)) {
+    client_ = std::move(next);
+    unread_.clear();
+    ++clients_;
   }
-  QObject::connect(&server_, &QTcpServer::newConnection, &server_, [this] {
-    while (QTcpSocket* client = server_.nextPendingConnection()) {
-      client_ = client;
-      unread_.clear();
-      ++clients_;
-    }
-  });
+  return clients_;
 }
 
 void ScriptedServer::WaitForClient(int known) {
-  WaitUntil("a client connects to the server", [=, this] { return clients_ > known; });
+  WaitUntil("a client connects to the server", [=, this] { return clients() > known; });
 }
 
-void ScriptedServer::Expect(const QByteArray& bytes) {
-  const auto agrees = [&] { return bytes.startsWith(unread().left(bytes.size())); };
+void ScriptedServer::LetIn(int known) {
+  WaitForClient(known);
+  ReceiveUntil("\0"sv);
+  Send("[con]Marlow\00190\0"sv);
+}
+
+void ScriptedServer::Expect(std::string_view bytes) {
+  const auto has_begun = [&] { return bytes.starts_with(unread_.substr(0, bytes.size())); };
   try {
-    WaitUntil("the client sends", [&] { return !agrees() || unread_.size() >= bytes.size(); });
+    WaitUntil(
+        "the client sends", [&] { return !has_begun() || unread_.size() >= bytes.size(); },
+        kPatience, [this] { Receive(5ms); });
   } catch (const HarnessError&) {
-    // Told below, with what did come.
+    // What did come says more.
   }
-  if (!agrees() || unread_.size() < bytes.size()) {
+  if (!has_begun() || unread_.size() < bytes.size()) {
     throw HarnessError(QString("expected from the client: %1\nreceived: %2")
                            .arg(Readable(bytes), Readable(unread_)));
   }
-  unread_.remove(0, bytes.size());
+  unread_.erase(0, bytes.size());
 }
 
-const QByteArray& ScriptedServer::unread() {
-  if (client_ != nullptr) {
-    unread_ += client_->readAll();
-  }
+void ScriptedServer::ReceiveUntil(std::string_view end) {
+  std::size_t at = unread_.find(end);
+  WaitUntil(
+      "the client sends " + Readable(end),
+      [&] {
+        at = unread_.find(end);
+        return at != std::string::npos;
+      },
+      kPatience, [this] { Receive(5ms); });
+  unread_.erase(0, at + end.size());
+}
+
+const std::string& ScriptedServer::unread() {
+  Receive(0ms);
   return unread_;
 }
 
-void ScriptedServer::Send(const QByteArray& bytes) {
-  Client().write(bytes);
-  WaitUntil("the bytes to the client are written", [this] { return Client().bytesToWrite() == 0; });
-}
-
-void ScriptedServer::WaitUntilLeft() {
-  WaitUntil("the client leaves",
-            [this] { return Client().state() == QAbstractSocket::UnconnectedState; });
-}
-
-QTcpSocket& ScriptedServer::Client() {
-  if (client_ == nullptr) {
-    throw HarnessError("no client has connected to the server yet");
+void ScriptedServer::Send(std::string_view bytes) const {
+  if (!client_.Send(bytes)) {
+    throw HarnessError("the client has gone");
   }
-  return *client_;
 }
 
-QString Readable(const QByteArray& bytes) {
+void ScriptedServer::WaitUntilLeft() const {
+  WaitUntil("the client leaves", [this] { return client_.HasEnded(); });
+}
+
+void ScriptedServer::Receive(std::chrono::milliseconds patience) {
+  std::array<char, 4096> buffer;
+  const std::size_t count = client_.Receive(buffer, patience);
+  unread_.append(buffer.data(), count);
+}
+
+QString Readable(std::string_view bytes) {
   QString text;
-  for (const char byte : bytes) {
-    const int code = static_cast<unsigned char>(byte);
-    text += code >= 32 && code < 127 ? QString(QChar(code)) : QString("<%1>").arg(code);
+  for (const unsigned char byte : bytes) {
+    text += byte >= 32 && byte < 127 ? QString(QChar(byte)) : QString("<%1>").arg(byte);
   }
   return text;
 }
 
-}  // namespace korvanta::process
+}  // namespace korvanta::harness

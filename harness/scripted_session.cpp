@@ -15,22 +15,10 @@
 #include "harness/player.h"
 #include "harness/practice_server.h"
 
-namespace korvanta::process {
+namespace korvanta::harness {
 namespace {
 
-struct SideWindow {
-  const char* shortcut;
-  const char* title;
-  const char* picture;
-};
-
-constexpr SideWindow kSideWindows[] = {
-    {"ctrl+l", "Search Online User", "statistics"},
-    {"F3", "News", "news"},
-    {"ctrl+t", "Tournament Window", "tournament"},
-};
-
-void Tell(const QString& what) { std::cout << what.toStdString() << std::endl; }
+void Report(const QString& what) { std::cout << what.toStdString() << std::endl; }
 
 /// One player's session, from the splash to the end of the program.
 class Session {
@@ -45,12 +33,11 @@ class Session {
   void Photograph(const Window& window, const QString& name) const {
     const QString file = pictures_.filePath(name + ".png");
     user_.Photograph(window, file);
-    Tell(QString("saw \"%1\": %2").arg(window.title, file));
+    Report(QString("saw \"%1\": %2").arg(window.title, file));
   }
   void PhotographSideWindows() {
     for (const SideWindow& side : kSideWindows) {
-      player_.Choose(side.shortcut);
-      Photograph(user_.WaitForWindow(program_.pid(), side.title), side.picture);
+      Photograph(player_.Open(side), side.name);
     }
   }
   void LogIn(const QString& name) {
@@ -64,7 +51,7 @@ class Session {
     if (const int status = player_.Leave(); status != 0) {
       throw HarnessError(QString("the program ended with status %1").arg(status));
     }
-    Tell("left in order");
+    Report("left in order");
   }
   void OpenTournament();
   void Research();
@@ -83,7 +70,7 @@ void Session::Visit() {
   player_.Say("hello from the lobby");
   const QString messages = player_.WaitForMessage("Marlow: hello from the lobby");
   Photograph(player_.main_window(), "main");
-  Tell("the message view reads:\n" + messages);
+  Report("the message view reads:\n" + messages);
   PhotographSideWindows();
   Leave();
 }
@@ -91,9 +78,7 @@ void Session::Visit() {
 /// The first player on a server is its administrator; the simulated players form teams by
 /// themselves.
 void Session::OpenTournament() {
-  player_.Choose("ctrl+t");
-  const Window window = user_.WaitForWindow(program_.pid(), "Tournament Window");
-  user_.Activate(window);
+  const Window window = player_.Open(kTournament);
   user_.Press({"alt+a", "alt+e"});
   user_.Type("25");
   user_.Press({"alt+x"});
@@ -145,7 +130,7 @@ int Session::LevelsReached() {
   player_.Say("/game");
   const QString messages = player_.WaitForMessage(mine);
   const QString board = messages.mid(messages.lastIndexOf(mine)).section('\n', 0, 0);
-  Tell("reached" + board);
+  Report("reached" + board);
   int levels = 0;
   for (auto digits = QRegularExpression(" ([0-4])\\b").globalMatch(board); digits.hasNext();) {
     levels += digits.next().captured(1).toInt();
@@ -187,7 +172,7 @@ int Run(bool is_game, const QDir& pictures) {
       is_game ? session.PlayGame() : session.Visit();
     } catch (const HarnessError&) {
       user.PhotographScreen(failure);
-      Tell("the screen as it was: " + failure);
+      Report("the screen as it was: " + failure);
       throw;
     }
   } catch (const HarnessError& error) {
@@ -198,7 +183,7 @@ int Run(bool is_game, const QDir& pictures) {
 }
 
 }  // namespace
-}  // namespace korvanta::process
+}  // namespace korvanta::harness
 
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
@@ -208,5 +193,5 @@ int main(int argc, char** argv) {
     std::cerr << "usage: korvanta-scripted-session [--game] FOLDER\n";
     return 2;
   }
-  return korvanta::process::Run(is_game, QDir(arguments.front()));
+  return korvanta::harness::Run(is_game, QDir(arguments.front()));
 }

@@ -5,7 +5,7 @@
 #include <QSize>
 #include <cmath>
 
-namespace korvanta::process {
+namespace korvanta::harness {
 namespace {
 
 bool Fits(const Window& window, const QString& title) {
@@ -128,4 +128,4 @@ QString User::Do(const QString& program, const QStringList& arguments) const {
   return QString::fromUtf8(result.output);
 }
 
-}  // namespace korvanta::process
+}  // namespace korvanta::harness

@@ -8,7 +8,7 @@
 #include "harness/host.h"
 #include "harness/virtual_display.h"
 
-namespace korvanta::process {
+namespace korvanta::harness {
 
 struct Window {
   QString id;
@@ -50,4 +50,4 @@ class User {
   QProcessEnvironment environment_;
 };
 
-}  // namespace korvanta::process
+}  // namespace korvanta::harness

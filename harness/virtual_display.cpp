@@ -2,7 +2,7 @@
 
 #include "harness/host.h"
 
-namespace korvanta::process {
+namespace korvanta::harness {
 
 VirtualDisplay::VirtualDisplay() : environment_(BareEnvironment()) {
   environment_.insert("HOME", home_.path());
@@ -38,4 +38,4 @@ void VirtualDisplay::StartWindowManager() {
             [this] { return RunTool("xdotool", {"get_num_desktops"}, environment_).status == 0; });
 }
 
-}  // namespace korvanta::process
+}  // namespace korvanta::harness

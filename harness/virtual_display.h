@@ -6,7 +6,7 @@
 #include <QProcessEnvironment>
 #include <QTemporaryDir>
 
-namespace korvanta::process {
+namespace korvanta::harness {
 
 class VirtualDisplay {
  public:
@@ -31,4 +31,4 @@ class VirtualDisplay {
   QProcess window_manager_;
 };
 
-}  // namespace korvanta::process
+}  // namespace korvanta::harness

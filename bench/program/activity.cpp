@@ -11,7 +11,7 @@ namespace korvanta::bench {
 QByteArray SystemFile(qint64 pid, const QString& name) {
   QFile file(QString("/proc/%1/%2").arg(pid).arg(name));
   if (!file.open(QIODevice::ReadOnly)) {
-    throw process::HarnessError(file.fileName() + " cannot be read");
+    throw harness::HarnessError(file.fileName() + " cannot be read");
   }
   return file.readAll();
 }

@@ -19,15 +19,15 @@ constexpr std::size_t kShownNotice = std::string_view("Disconnected\r\n").size()
 
 /// range(0) lines a second for a while; with 0, a million as fast as the socket takes them.
 void EventLoopHeld(benchmark::State& state) {
-  const process::VirtualDisplay display;
-  const process::Installation installation(process::UniqueLoopbackAddress());
-  GameServer server;
+  const harness::VirtualDisplay display;
+  harness::ScriptedServer server;
+  const harness::Installation installation(server.address());
   for (auto _ : state) {
-    process::Program client(KORVANTA_TIMED_CLIENT, {server.address()},
+    const int known = server.clients();
+    harness::Program client(KORVANTA_TIMED_CLIENT, {server.address()},
                             installation.EnvironmentOn(display));
-    server.Accept();
-    LetIn(server);
-    process::WaitUntil("the client is ready", [&] { return client.Output().contains("ready"); });
+    server.LetIn(known);
+    harness::WaitUntil("the client is ready", [&] { return client.Output().contains("ready"); });
     std::size_t lines = 1'000'000;
     if (state.range(0) == 0) {
       server.Send(ChatLines(lines));
@@ -36,7 +36,7 @@ void EventLoopHeld(benchmark::State& state) {
       std::this_thread::sleep_for(kFed);
       lines = feed.Stop();
     }
-    server.Close();
+    server.DropClient();
     client.WaitForExit();
     for (const char* name : {"lasted_ms", "worked_ms", "characters"}) {
       state.counters[name] = NumberIn(client.Output(), name);

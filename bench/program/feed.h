@@ -1,18 +1,35 @@
-/// Chat lines at an even pace.
+/// The chat lines that a benchmark's server sends, all at once or at an even pace.
 #pragma once
 
 #include <atomic>
+#include <string>
 #include <thread>
 
-#include "bench/program/game_server.h"
+#include "bench/program/figures.h"
+#include "harness/scripted_server.h"
 
 namespace korvanta::bench {
+
+/// As many times a chat line of 75 characters in two colours, as the server sends it, its
+/// terminator included.
+inline std::string ChatLines(std::size_t count) {
+  constexpr char kLine[] =
+      "[msg]cht\001"
+      "Marlow: keep your defense up, I go for Industry and then we both take Corin"
+      "\001False";
+  std::string lines;
+  lines.reserve(count * sizeof kLine);
+  for (std::size_t i = 0; i < count; ++i) {
+    lines.append(kLine, sizeof kLine);  // the literal's own NUL is the terminator
+  }
+  return lines;
+}
 
 /// Sends for as long as it lives; the server outlives it.
 class Feed {
  public:
   /// Whole thousands a second; 0 sends nothing.
-  Feed(const GameServer& server, std::size_t lines_a_second)
+  Feed(const harness::ScriptedServer& server, std::size_t lines_a_second)
       : thread_([this, &server, lines = ChatLines(lines_a_second / 1000)] {
           for (auto due = Clock::now(); !stop_; due += std::chrono::milliseconds(1)) {
             std::this_thread::sleep_until(due);

@@ -6,6 +6,10 @@
 
 namespace korvanta::bench {
 
+double Milliseconds(Clock::duration duration) {
+  return std::chrono::duration<double, std::milli>(duration).count();
+}
+
 double Median(std::vector<double> numbers) {
   const auto middle = numbers.begin() + static_cast<std::ptrdiff_t>(numbers.size() / 2);
   std::nth_element(numbers.begin(), middle, numbers.end());
@@ -24,7 +28,7 @@ double NumberIn(const QByteArray& text, const QByteArray& name) {
       return line.mid(name.size() + 1).simplified().split(' ').front().toDouble();
     }
   }
-  throw process::HarnessError("no line \"" + name + "\" in:\n" + text);
+  throw harness::HarnessError("no line \"" + name + "\" in:\n" + text);
 }
 
 }  // namespace korvanta::bench

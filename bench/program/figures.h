@@ -3,9 +3,14 @@
 
 #include <QByteArray>
 #include <benchmark/benchmark.h>
+#include <chrono>
 #include <vector>
 
 namespace korvanta::bench {
+
+using Clock = std::chrono::steady_clock;
+
+double Milliseconds(Clock::duration duration);
 
 /// Of at least one number.
 double Median(std::vector<double> numbers);

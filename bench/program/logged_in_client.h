@@ -1,8 +1,10 @@
 /// The built client on a display of its own, logged in at a server that the benchmark plays.
 #pragma once
 
-#include "bench/program/game_server.h"
+#include <memory>
+
 #include "harness/player.h"
+#include "harness/scripted_server.h"
 
 namespace korvanta::bench {
 
@@ -11,26 +13,25 @@ class LoggedInClient {
   /// `settings` is the text of its settings file.
   explicit LoggedInClient(const QByteArray& settings = {}) {
     installation_.WriteSettings(settings);
-    program_ = std::make_unique<process::Program>(installation_, display_);
-    process::Player player(user_, *program_);
+    program_ = std::make_unique<harness::Program>(installation_, display_);
+    harness::Player player(user_, *program_);
     player.WaitForStart();
     player.Login("Marlow", "secret1");
-    server_.Accept();
-    LetIn(server_);
+    server_.LetIn();
     player.WaitForState("Connected");
     user_.Activate(player.main_window());
   }
 
-  process::VirtualDisplay& display() { return display_; }
-  GameServer& server() { return server_; }
+  harness::VirtualDisplay& display() { return display_; }
+  harness::ScriptedServer& server() { return server_; }
   qint64 pid() const { return program_->pid(); }
 
  private:
-  process::VirtualDisplay display_;
-  process::User user_{display_};
-  GameServer server_;
-  process::Installation installation_{server_.address()};
-  std::unique_ptr<process::Program> program_;
+  harness::VirtualDisplay display_;
+  harness::User user_{display_};
+  harness::ScriptedServer server_;
+  harness::Installation installation_{server_.address()};
+  std::unique_ptr<harness::Program> program_;
 };
 
 }  // namespace korvanta::bench

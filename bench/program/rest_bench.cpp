@@ -49,10 +49,10 @@ BENCHMARK(MemoryAtRest)->Iterations(1)->UseRealTime()->Unit(benchmark::kSecond);
 
 /// The yardsticks of MemoryAtRest: windows as large as the main window.
 void MemoryOfWindow(benchmark::State& state, const char* path) {
-  const process::VirtualDisplay display;
-  const process::Installation installation(process::UniqueLoopbackAddress());
-  const process::Program program(path, {"1120", "690"}, installation.EnvironmentOn(display));
-  const process::User user(display);
+  const harness::VirtualDisplay display;
+  const harness::Installation installation(harness::UniqueLoopbackAddress());
+  const harness::Program program(path, {"1120", "690"}, installation.EnvironmentOn(display));
+  const harness::User user(display);
   user.WaitForWindow(program.pid(), "*");
   for (auto _ : state) {
     std::this_thread::sleep_for(kSettling);

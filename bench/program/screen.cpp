@@ -11,7 +11,7 @@
 namespace korvanta::bench {
 namespace {
 
-using process::HarnessError;
+using harness::HarnessError;
 
 struct Free {
   void operator()(void* reply) const { std::free(reply); }
@@ -37,7 +37,7 @@ xcb_keycode_t KeyOf(xcb_connection_t* connection, std::uint32_t symbol) {
 
 }  // namespace
 
-Screen::Screen(const process::VirtualDisplay& display)
+Screen::Screen(const harness::VirtualDisplay& display)
     : connection_(xcb_connect(display.environment().value("DISPLAY").toLatin1(), nullptr)) {
   if (xcb_connection_has_error(connection_) != 0) {
     throw HarnessError("cannot connect to the display");

@@ -1,5 +1,6 @@
-/// A benchmark's own eye and finger on a virtual display: sees at once when something is drawn, and
-/// presses keys without a program between.
+/// What a benchmark measures with on a virtual display: it sees at once when something is drawn and
+/// presses keys within microseconds, where harness::User takes a program, and milliseconds, for
+/// each.
 #pragma once
 
 #include <QRect>
@@ -7,7 +8,7 @@
 #include <vector>
 #include <xcb/damage.h>
 
-#include "bench/program/game_server.h"
+#include "bench/program/figures.h"
 #include "harness/virtual_display.h"
 
 namespace korvanta::bench {
@@ -15,7 +16,7 @@ namespace korvanta::bench {
 /// HarnessError when the display does not do its part.
 class Screen {
  public:
-  explicit Screen(const process::VirtualDisplay& display);
+  explicit Screen(const harness::VirtualDisplay& display);
   ~Screen();
   Screen(const Screen&) = delete;
   Screen& operator=(const Screen&) = delete;

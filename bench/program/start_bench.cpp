@@ -20,33 +20,28 @@ constexpr std::chrono::milliseconds kStill{500};
 std::vector<std::uint8_t> LookWhenStill(Screen& screen, const std::vector<std::uint8_t>& before) {
   std::vector<std::uint8_t> seen = before;
   auto since = Clock::now();
-  while (seen == before || Clock::now() - since < kStill) {
-    if (Clock::now() - since > process::kPatience) {
-      throw process::HarnessError("no window is painted");
-    }
-    screen.WaitForDrawing(std::chrono::milliseconds(50));
+  const auto is_still = [&] {
     if (auto now = screen.Look(kWatched); now != seen) {
       seen = std::move(now);
       since = Clock::now();
     }
-  }
+    return seen != before && Clock::now() - since >= kStill;
+  };
+  harness::WaitUntil("a window is painted", is_still, harness::kPatience,
+                     [&] { screen.WaitForDrawing(std::chrono::milliseconds(50)); });
   return seen;
 }
 
 void WaitUntilSeen(Screen& screen, const std::vector<std::uint8_t>& picture) {
-  const auto deadline = Clock::now() + process::kPatience;
-  while (screen.Look(kWatched) != picture) {
-    if (Clock::now() > deadline) {
-      throw process::HarnessError("the window looks otherwise than the first time");
-    }
-    screen.WaitForDrawing(std::chrono::milliseconds(100));
-  }
+  harness::WaitUntil(
+      "the window looks as it did the first time", [&] { return screen.Look(kWatched) == picture; },
+      harness::kPatience, [&] { screen.WaitForDrawing(std::chrono::milliseconds(100)); });
 }
 
 /// `start` starts the process and returns its owner. The first start shows what to wait for and
 /// warms the system's caches; it is not timed.
 template <typename Start>
-void StartToPainted(benchmark::State& state, const process::VirtualDisplay& display, Start start) {
+void StartToPainted(benchmark::State& state, const harness::VirtualDisplay& display, Start start) {
   Screen screen(display);
   const auto nothing = screen.Look(kWatched);
   std::vector<std::uint8_t> painted;
@@ -70,19 +65,19 @@ void StartToPainted(benchmark::State& state, const process::VirtualDisplay& disp
 }
 
 void StartToSplash(benchmark::State& state) {
-  const process::VirtualDisplay display;
-  const process::Installation installation(process::UniqueLoopbackAddress());
+  const harness::VirtualDisplay display;
+  const harness::Installation installation(harness::UniqueLoopbackAddress());
   StartToPainted(state, display,
-                 [&] { return std::make_unique<process::Program>(installation, display); });
+                 [&] { return std::make_unique<harness::Program>(installation, display); });
 }
 BENCHMARK(StartToSplash)->Iterations(15)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 /// The yardstick of StartToSplash.
 void StartToEmptyWindow(benchmark::State& state) {
-  const process::VirtualDisplay display;
-  const process::Installation installation(process::UniqueLoopbackAddress());
+  const harness::VirtualDisplay display;
+  const harness::Installation installation(harness::UniqueLoopbackAddress());
   StartToPainted(state, display, [&] {
-    return std::make_unique<process::Program>(KORVANTA_EMPTY_WINDOW, QStringList{"520", "320"},
+    return std::make_unique<harness::Program>(KORVANTA_EMPTY_WINDOW, QStringList{"520", "320"},
                                               installation.EnvironmentOn(display));
   });
 }

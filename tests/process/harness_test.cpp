@@ -1,29 +1,28 @@
-#include <QTcpSocket>
 #include <gmock/gmock.h>
 
-#include "harness/host.h"
 #include "harness/scripted_server.h"
-#include "protocol/wire_format.h"
 
-namespace korvanta::process {
+namespace korvanta::harness {
 namespace {
 
+using namespace std::string_view_literals;
 using testing::HasSubstr;
-using testing::Property;
-using testing::Throws;
 
-TEST(ScriptedServer, TakesTheExpectedBytesAndTellsOthers) {
+TEST(ScriptedServer, TakesTheExpectedBytesAndNamesOthers) {
   ScriptedServer server;
-  QTcpSocket client;
-  client.connectToHost(server.address(), kServerPort);
+  const Socket client = Socket::ConnectedTo(server.address());
   server.WaitForClient();
-  client.write(QByteArray("[ctc]c hi\0[p]", 13));
-  server.Expect(QByteArray("[ctc]c hi\0", 10));
-  EXPECT_THAT([&] { server.Expect("[dis]"); },
-              Throws<HarnessError>(Property(&HarnessError::what, HasSubstr("received: [p]"))));
+  client.Send("[ctc]c hi\0[p]"sv);
+  server.Expect("[ctc]c hi\0"sv);
+  try {
+    server.Expect("[dis]");
+    FAIL() << "other bytes pass for those expected";
+  } catch (const HarnessError& error) {
+    EXPECT_THAT(error.what(), HasSubstr("received: [p]"));
+  }
   server.Expect("[p]");
   EXPECT_EQ(server.unread(), "");
 }
 
 }  // namespace
-}  // namespace korvanta::process
+}  // namespace korvanta::harness

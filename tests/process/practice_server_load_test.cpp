@@ -3,16 +3,15 @@
 #include <QFile>
 #include <QRegularExpression>
 #include <gtest/gtest.h>
-#include <memory>
 #include <sys/resource.h>
 #include <vector>
 
-#include "tests/process/peer.h"
+#include "harness/scripted_client.h"
 
-namespace korvanta::process {
+namespace korvanta::harness {
 namespace {
 
-const std::string kAway("[ctc]away\0", 10);
+using namespace std::string_view_literals;
 
 /// A number of the server's entry in the process table.
 qint64 StatusOf(const PracticeServer& server, const QString& name) {
@@ -26,56 +25,42 @@ qint64 StatusOf(const PracticeServer& server, const QString& name) {
 }
 
 TEST(PracticeServerLoad, OneWhoDoesNotReadIsCutOffWhenTooMuchWaits) {
-  struct Case {
-    const char* what;
-    QStringList options;
-  };
-  const Case cases[] = {
-      {"a flood of a rate does not wait for readers", {"--flood", "100000"}},
+  const QStringList cases[] = {
+      {"--flood", "100000"},  // does not wait for readers
       // A flood without a rate leaves no backlog; the lists that follow from what players do can.
-      {"online lists come on top of the flood", {"--flood", "max", "--crowd", "100000"}},
+      {"--flood", "max", "--crowd", "100000"},
   };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
-    const PracticeServer server(c.options);
-    Peer deaf(server, Peer::Reads::Nothing);
+  for (const QStringList& options : cases) {
+    SCOPED_TRACE(options.join(' ').toStdString());
+    const PracticeServer server(options);
+    const ScriptedClient deaf(server);
     deaf.LogIn("Deafened");
     WaitUntil("the one who does not read is cut off", [&] {
-      deaf.Send(kAway);  // changes the online list
+      deaf.Send("[ctc]away\0"sv);  // changes the online list
       return deaf.HasEnded();
     });
-    Peer next(server);
+    ScriptedClient next(server);
     next.LogIn("Deafened");
     next.WaitFor("[con]Deafened\001");
   }
 }
 
-TEST(PracticeServerLoad, AFloodWithoutARateKeepsLittleForWhoDoesNotRead) {
-  const PracticeServer server({"--flood", "max"});
-  Peer deaf(server, Peer::Reads::Nothing);
+TEST(PracticeServerLoad, AFloodWithoutARateKeepsLittleForWhoDoesNotReadAndEndsInOrder) {
+  PracticeServer server({"--flood", "max"});
+  const ScriptedClient deaf(server);
   deaf.LogIn("Deafened");
-  Peer reader(server);
+  ScriptedClient reader(server);
   reader.LogIn("Reader");
   reader.WaitFor("[con]Reader\001");
   [[maybe_unused]] const qint64 before = StatusOf(server, "VmRSS");
-  qint64 heard = 0;
-  WaitUntil("much has been said", [&] {
-    heard += reader.TakeHeard().size();
-    return heard > qint64{50} * 1024 * 1024;
-  });
+  std::size_t received = 0;
+  WaitUntil(
+      "much has been said", [&] { return received > std::size_t{50} * 1024 * 1024; }, kPatience,
+      [&] { received += reader.Discard(); });
 #ifndef __SANITIZE_ADDRESS__  // it keeps what is freed for a while
   EXPECT_LT(StatusOf(server, "VmRSS") - before, 2 * 1024) << "kilobytes";
 #endif
   EXPECT_FALSE(deaf.HasEnded());
-}
-
-TEST(PracticeServerLoad, EndsInOrderInTheMiddleOfAFlood) {
-  PracticeServer server({"--flood", "max"});
-  Peer deaf(server, Peer::Reads::Nothing);
-  deaf.LogIn("Deafened");
-  Peer reader(server);
-  reader.LogIn("Reader");
-  reader.WaitFor("[msg]cht\001");
   server.AskToStop();
   reader.WaitFor("Goodbye!");
   reader.WaitForEnd();
@@ -83,25 +68,24 @@ TEST(PracticeServerLoad, EndsInOrderInTheMiddleOfAFlood) {
 }
 
 TEST(PracticeServerLoad, ServesTwoThousandOnOneThread) {
-  constexpr std::size_t kPeers = 2000;
+  constexpr std::size_t kClients = 2000;
   rlimit limit = {};
   ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &limit), 0);
   limit.rlim_cur = limit.rlim_max;
   ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &limit), 0);
 
   const PracticeServer server({"--quiet"});
-  std::vector<std::unique_ptr<Peer>> peers;
-  for (std::size_t i = 0; i < kPeers; ++i) {
-    peers.push_back(std::make_unique<Peer>(server));
-    peers.back()->LogIn("Peer" + std::to_string(i));
+  std::vector<ScriptedClient> clients;
+  for (std::size_t i = 0; i < kClients; ++i) {
+    clients.emplace_back(server).LogIn("Player" + std::to_string(i));
   }
-  peers.front()->WaitFor("Peer1999 logged in");
-  peers.back()->Send(std::string("[ctc]c hello to all\0", 20));
-  for (const auto& peer : peers) {
-    peer->WaitFor("[msg]cht\001Peer1999: hello to all\001");
+  clients.front().WaitFor("Player1999 logged in");
+  clients.back().Send("[ctc]c hello to all\0"sv);
+  for (ScriptedClient& client : clients) {
+    client.WaitFor("[msg]cht\001Player1999: hello to all\001");
   }
   EXPECT_EQ(StatusOf(server, "Threads"), 1);
 }
 
 }  // namespace
-}  // namespace korvanta::process
+}  // namespace korvanta::harness

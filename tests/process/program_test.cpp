@@ -1,6 +1,7 @@
+#include <QDir>
 #include <QFileInfo>
 
-#include "tests/process/story_test.h"
+#include "tests/process/process_test.h"
 
 namespace korvanta::process {
 namespace {
@@ -16,7 +17,11 @@ TEST_F(ProgramStory, LogsInChatsPlaysAndLeavesWithEveryWindow) {
   user_.Activate(player_->login_dialog());
   // "Save Password" on, then back to the user name.
   user_.Press({"Tab", "Tab", "Tab", "space", "alt+u"});
-  Login("90");
+  player_->Login("Marlow", "secret1");
+  server_.WaitForClient();
+  server_.Expect(Bytes("[con]1.6\001Marlow\001secret1\0"));
+  server_.Send(Bytes("[con]Marlow\00190\0"));
+  player_->WaitForState("Connected");
 
   server_.Send(Bytes("[msg]cht\001Aster: hail\001False\0"));
   player_->WaitForMessage("Aster: hail");
@@ -29,25 +34,22 @@ TEST_F(ProgramStory, LogsInChatsPlaysAndLeavesWithEveryWindow) {
 
   // From the chat line back to the board, to the Golden Knowledge and away again.
   user_.Press({"shift+Tab", "shift+Tab", "Right", "Right", "Right", "Right", "Menu"});
-  ChooseItem(1);
+  player_->ChooseItem(1);
   server_.Expect(Bytes("[upg]5\0015\001\0"));
   user_.Press({"Left", "Left", "Down", "Down", "shift+F10"});
-  ChooseItem(2);
+  player_->ChooseItem(2);
   server_.Expect(Bytes("[inf]3\0"));
   server_.Send(Bytes("[onl]Aster\0014\00131\0010\0[msg]cht\001Aster: here\001False\0"));
   player_->WaitForMessage("Aster: here");
   user_.Click(main_window(), kFirstPlayer, 3);
-  ChooseItem(1);
+  player_->ChooseItem(1);
   server_.Expect(Bytes("[att]Aster\0"));
 
   player_->Choose("ctrl+k");
-  for (const auto& [shortcut, title] : {std::pair{"F3", "News"},
-                                        {"ctrl+l", "Search Online User"},
-                                        {"ctrl+t", "Tournament Window"}}) {
-    player_->Choose(shortcut);
-    user_.Activate(WaitFor(title));
+  for (const SideWindow& side : kSideWindows) {
+    player_->Open(side);
   }
-  server_.Expect(Bytes("[nws]\0[bre]Marlow\0[tif]\0"));
+  server_.Expect(Bytes("[bre]Marlow\0[nws]\0[tif]\0"));
   EXPECT_EQ(user_.Windows(program_->pid()).size(), 4);
 
   EXPECT_FALSE(QFileInfo::exists(installation_.settings_file()));
@@ -56,7 +58,7 @@ TEST_F(ProgramStory, LogsInChatsPlaysAndLeavesWithEveryWindow) {
   EXPECT_EQ(program_->WaitForExit(), 0);
   server_.Expect(Bytes("[dis]\0"));
   server_.WaitUntilLeft();
-  EXPECT_EQ(Readable(server_.unread()).toStdString(), "");
+  EXPECT_EQ(server_.unread(), "");
   EXPECT_EQ(user_.Windows(pid).size(), 0);
   EXPECT_EQ(program_->Output().toStdString(), "");
   EXPECT_EQ(installation_.Settings().toStdString(),
@@ -71,8 +73,7 @@ TEST_F(ProgramStory, LogsInChatsPlaysAndLeavesWithEveryWindow) {
 TEST_F(ProgramStory, ASecondCopyIsRefusedAndWhatIsKilledSavesNothing) {
   const QByteArray settings = "[Menu]\nScrollLock=False\n[Logins]\nLast User=Corin\n";
   installation_.WriteSettings(settings);
-  Start();
-  Login("7");
+  StartLoggedIn();
   player_->Choose("ctrl+k");
 
   Program second(installation_, display_);
@@ -85,11 +86,25 @@ TEST_F(ProgramStory, ASecondCopyIsRefusedAndWhatIsKilledSavesNothing) {
 
   program_->Kill();
   server_.WaitUntilLeft();
-  EXPECT_EQ(Readable(server_.unread()).toStdString(), "");
+  EXPECT_EQ(server_.unread(), "");
   EXPECT_EQ(installation_.Settings(), settings);
   Start();
   EXPECT_EQ(player_->Leave(), 0);
   EXPECT_TRUE(installation_.Settings().contains("ScrollLock=False\n"));
+}
+
+TEST_F(ProgramStory, WithoutAPlaceToSaveThePlayerPlaysAndIsTold) {
+  QDir().mkpath(installation_.settings_file() + "/folder");
+  StartLoggedIn();
+  player_->Say("hello");
+  server_.Expect(Bytes("[ctc]c hello\0"));
+  user_.Press({"F12"});
+  server_.Expect(Bytes("[dis]\0"));
+  const Window box = WaitFor("Korvanta");
+  user_.Activate(box);
+  user_.Press({"Return"});
+  EXPECT_EQ(program_->WaitForExit(), 0);
+  EXPECT_EQ(program_->Output().toStdString(), "");
 }
 
 }  // namespace

@@ -1,17 +1,17 @@
-/// The program between a server that does its worst and ends that come at the worst moment.
+/// Ends that come at the worst moment, and a server that does its worst.
 #include <QDir>
 #include <QFileInfo>
 #include <csignal>
 
 #include "harness/practice_server.h"
-#include "tests/process/story_test.h"
+#include "tests/process/process_test.h"
 
 namespace korvanta::process {
 namespace {
 
-class HostileStory : public ProcessTest {};
+class HostileServer : public ProcessTest {};
 
-TEST_F(HostileStory, WindowsComeAndGoUnderFloodAndMischief) {
+TEST_F(HostileServer, WindowsComeAndGoUnderFloodAndMischief) {
   const PracticeServer server({"--players", "30", "--pace", "20", "--flood", "500", "--mischief",
                                "cut,numbers,tags,bytes,giant,markup,unended,twice,shuffle",
                                "--mischief-seed", "5"});
@@ -21,20 +21,16 @@ TEST_F(HostileStory, WindowsComeAndGoUnderFloodAndMischief) {
   player.WaitForStart();
   player.Login("Newcomer7", "secret1");
   player.WaitForState("Connected");
-  for (int round = 0; round < 8; ++round) {
-    for (const auto& [shortcut, title] : {std::pair{"F3", "News"},
-                                          {"ctrl+l", "Search Online User"},
-                                          {"ctrl+t", "Tournament Window"}}) {
-      player.Choose(shortcut);
-      const Window window = user_.WaitForWindow(program.pid(), title);
-      user_.Activate(window);
+  for (int round = 0; round < 4; ++round) {
+    for (const SideWindow& side : kSideWindows) {
+      const Window window = player.Open(side);
       if (round % 2 == 0) {
         user_.Press({"Escape"});
         user_.WaitUntilGone(window);
       }
     }
   }
-  // A server drops who falls too far behind; then it is the end of an evening without one.
+  // A server drops who falls too far behind; then the connection is already gone.
   player.WaitForState("*");
   player.Choose("alt+F4");
   EXPECT_EQ(program.WaitForExit(), 0);
@@ -45,7 +41,7 @@ class AbruptEnd : public StoryTest {
  protected:
   static constexpr const char* kSettings = "[Menu]\nScrollLock=False\n";
 
-  void StartWithSplash() {
+  void ShowSplash() {
     program_ = std::make_unique<Program>(installation_, display_);
     main_ = user_.WaitForWindow(program_->pid(), "Korvanta");
   }
@@ -54,22 +50,23 @@ class AbruptEnd : public StoryTest {
     Start();
     player_->Login("Marlow", "secret1");
     server_.WaitForClient(known);
-    server_.Expect(Bytes("[con]1.6\001Marlow\001secret1\0"));
+    server_.ReceiveUntil("secret1");
     main_ = main_window();
   }
   void Flood() {
-    WaitForAnswer();
-    server_.Send(Bytes("[con]Marlow\0017\0"));
-    player_->WaitForState("Connected");
+    StartLoggedIn();
     main_ = main_window();
-    server_.Send(Bytes("[msg]cht\001Aster: hail\001False\0[nws]news\0[tif]1\0012\0013\0014\0")
-                     .repeated(50'000));
+    const std::string_view lines =
+        Bytes("[msg]cht\001Aster: hail\001False\0[nws]news\0[tif]1\0012\0013\0014\0");
+    for (int i = 0; i < 50'000; ++i) {
+      server_.Send(lines);
+    }
   }
-  void MessageBox() {
+  void ShowMessageBox() {
     Start();
     user_.Activate(player_->login_dialog());
     user_.Press({"Return"});
-    main_ = user_.WaitForWindow(program_->pid(), "Invalid Character Length");
+    main_ = WaitFor("Invalid Character Length");
   }
 
   Window main_;
@@ -88,14 +85,14 @@ TEST_F(AbruptEnd, IsAnEndWhateverGoesOn) {
     int exit_status;
     bool saves;
   } cases[] = {
-      {"splash, signal", [this] { StartWithSplash(); }, signal, 0, false},
-      {"splash, display gone", [this] { StartWithSplash(); }, display, 1, false},
+      {"splash, signal", [this] { ShowSplash(); }, signal, 0, false},
+      {"splash, display gone", [this] { ShowSplash(); }, display, 1, false},
       {"login not answered, frame", [this] { WaitForAnswer(); }, frame, 0, true},
       {"flood, frame", [this] { Flood(); }, frame, 0, true},
       {"flood, signal", [this] { Flood(); }, signal, 0, true},
       {"flood, display gone", [this] { Flood(); }, display, 1, false},
-      {"message box, signal", [this] { MessageBox(); }, signal, 0, true},
-      {"message box, display gone", [this] { MessageBox(); }, display, 1, false},
+      {"message box, signal", [this] { ShowMessageBox(); }, signal, 0, true},
+      {"message box, display gone", [this] { ShowMessageBox(); }, display, 1, false},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
