@@ -10,7 +10,7 @@
 
 #include "chat_lines.h"
 #include "client/client.h"
-#include "protocol/wire_format.h"
+#include "protocol/message_table.h"
 #include "tests/fakes/fake_platform.h"
 #include "ui/kit/text.h"
 #include "ui/online_list/online_list_view.h"
@@ -22,7 +22,7 @@ constexpr std::size_t kPlayers = 50'000;
 
 std::string ListMessage() {
   std::mt19937 random;
-  std::string message = "[onl]";
+  std::string message(TagOf(ServerMessage::OnlineList));
   for (std::size_t i = 0; i < kPlayers; ++i) {
     if (i > 0) {
       message += kRecordSeparator;

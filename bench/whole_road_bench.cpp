@@ -11,7 +11,7 @@
 
 #include "chat_lines.h"
 #include "client/client.h"
-#include "protocol/wire_format.h"
+#include "protocol/message_table.h"
 #include "tests/fakes/fake_platform.h"
 #include "ui/kit/text.h"
 
@@ -23,11 +23,11 @@ constexpr std::size_t kDifferentLines = 4096;
 /// A block is never longer as the socket hands it over.
 constexpr std::size_t kBlockLimit = std::size_t{64} * 1024;
 
-/// Blocks of as many "[msg]" messages as go into each.
+/// Blocks of as many chat lines as go into each.
 std::vector<std::string> Blocks(const std::vector<std::string>& lines) {
   std::vector<std::string> blocks(1);
   for (const std::string& line : lines) {
-    const std::string message = BuildMessage("[msg]", {"cht", line, "False"});
+    const std::string message = BuildMessage<ServerMessage::ChatLine>("cht", line, "False");
     if (blocks.back().size() + message.size() > kBlockLimit) {
       blocks.emplace_back();
     }

@@ -1,5 +1,6 @@
 /// make_seeds FOLDER: writes the inputs that the fuzzing starts from, in one folder for each
-/// target. They come from the catalogue, in the letters of each target's events.
+/// target, and the words of the protocol as a dictionary. They come from the table of messages, in
+/// the letters of each target's events.
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -10,7 +11,8 @@
 #include "fuzz/input.h"
 #include "practice/server.h"
 #include "protocol/message_catalogue.h"
-#include "protocol/wire_format.h"
+#include "protocol/message_kind.h"
+#include "protocol/message_table.h"
 
 namespace korvanta::fuzz {
 namespace {
@@ -96,30 +98,31 @@ std::map<std::string, Inputs> Answers() {
 
 /// Messages of the catalogue that need a game, and some in forms that no server should send.
 Inputs OtherMessages() {
-  const auto with = [](std::string_view tag, std::initializer_list<std::string_view> fields) {
-    std::string message = BuildMessage(tag, fields);
+  using enum ServerMessage;
+  const auto with = [](ServerMessage kind, std::initializer_list<std::string_view> fields) {
+    std::string message = BuildMessage(TagOf(kind), fields);
     message.pop_back();
     return message;
   };
   return {
-      with("[cap]", {"none"}),
-      with("[tim]", {"90"}),
-      with("[sou]", {"3"}),
-      with("[end]", {"30abc"}),
-      with("[upg]", {"1", "2"}),
-      with("[clr]", {}),
-      with("[clt]", {"x"}),
-      with("[poi]", {"2.50"}),
-      with("[att]", {"4", "1"}),
-      with("[tim]", {"1e999"}),
-      with("[upg]", {"3", "5"}),
-      with("[con]", {"A", "90"}),
-      with("[msg]", {"cht", "a"}),
-      with("[msg]", {"cht", "", "True"}),
-      with("[msg]", {"cht", "Zo\xfe\xff: \xff\xfe", "False"}),
-      with("[log]", {"[nws][onl]x"}),
-      with("[onl]", {"A", "9", "x", "1\x02\x02 B", "1", "2", "0x1"}),
-      with("[con]", {"Marlow", "32768"}),
+      with(Caption, {"none"}),
+      with(GameClock, {"90"}),
+      with(Sound, {"3"}),
+      with(GamePause, {"30abc"}),
+      with(TopicResearched, {"1", "2"}),
+      with(BoardCleared, {}),
+      with(TournamentBoardCleared, {"x"}),
+      with(ResearchPoints, {"2.50"}),
+      with(TopicAttacked, {"4", "1"}),
+      with(GameClock, {"1e999"}),
+      with(TopicResearched, {"3", "5"}),
+      with(LoginAccepted, {"A", "90"}),
+      with(ChatLine, {"cht", "a"}),
+      with(ChatLine, {"cht", "", "True"}),
+      with(ChatLine, {"cht", "Zo\xfe\xff: \xff\xfe", "False"}),
+      with(LoginNotice, {"[nws][onl]x"}),
+      with(OnlineList, {"A", "9", "x", "1\x02\x02 B", "1", "2", "0x1"}),
+      with(LoginAccepted, {"Marlow", "32768"}),
   };
 }
 
@@ -226,6 +229,21 @@ void Write(const std::filesystem::path& folder, const Inputs& inputs) {
   }
 }
 
+void WriteDictionary(const std::filesystem::path& path) {
+  std::ofstream file(path);
+  for (const auto& row : kClientMessages) {
+    file << '"' << row.tag << "\"\n";
+  }
+  for (const auto& row : kServerMessages) {
+    file << '"' << row.tag << "\"\n";
+  }
+  for (std::string_view code : kMessageKindCodes) {
+    file << '"' << code << "\\x01\"\n";
+  }
+  file.close();
+  Check(file.good(), "the dictionary can be written");
+}
+
 }  // namespace
 }  // namespace korvanta::fuzz
 
@@ -238,4 +256,5 @@ int main(int count, char** words) {
   Write(folder / "message_view", MessageViewInputs());
   Write(folder / "practice", PracticeInputs());
   Write(folder / "settings", SettingsInputs());
+  WriteDictionary(folder / "protocol.dict");
 }

@@ -24,7 +24,7 @@ struct ListedPlayer {
 /// the block may hold a second one of that tag.
 std::optional<std::string_view> OnlyPayload(std::string_view block, std::string_view tag);
 
-/// What "[onl]", "[ttm]" and "[tdd]" list behind their tags.
+/// What the online list, the team list and the team names hold behind their tags.
 std::vector<ListedPlayer> PlayersIn(std::string_view payload);
 std::vector<TeamListEntry> TeamsIn(std::string_view payload);
 std::vector<std::string> TeamNamesIn(std::string_view payload);

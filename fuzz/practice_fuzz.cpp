@@ -8,7 +8,9 @@
 #include "fuzz/input.h"
 #include "practice/server.h"
 #include "protocol/field_reading.h"
-#include "protocol/wire_format.h"
+#include "protocol/message_catalogue.h"
+#include "protocol/message_kind.h"
+#include "protocol/message_table.h"
 
 namespace korvanta::fuzz {
 namespace {
@@ -17,90 +19,63 @@ using practice::ConnectionId;
 
 constexpr std::chrono::milliseconds kLongestEvening = std::chrono::hours(1);
 
-enum class Shape { Fields, Records, FreeText };
-
-/// What clients understand. Each field has a letter: 'i' a 16-bit number, 'n' a number, 'b' a
-/// Boolean, 'k' a line kind, 't' text. Of records, each has these fields.
-struct Layout {
-  std::string_view tag;
-  std::string_view fields;
-  Shape shape = Shape::Fields;
-};
-
-constexpr Layout kCatalogue[] = {
-    {"[con]", "ti"},
-    {"[log]", "", Shape::FreeText},
-    {"[cap]", "", Shape::FreeText},
-    {"[tim]", "i"},
-    {"[sou]", "i"},
-    {"[bre]", "ttttttttttttt"},
-    {"[end]", "i"},
-    {"[upg]", "ii"},
-    {"[clr]", "", Shape::FreeText},
-    {"[clt]", "", Shape::FreeText},
-    {"[poi]", "n"},
-    {"[att]", "ii"},
-    {"[msg]", "ktb"},
-    {"[nws]", "", Shape::FreeText},
-    {"[onl]", "tntn", Shape::Records},
-    {"[tif]", "tttt"},
-    {"[ttm]", "t", Shape::Records},
-    {"[tdd]", "", Shape::FreeText},
-};
-
-bool IsKind(std::string_view code) {
-  constexpr std::string_view kKinds[] = {"cht", "ann", "adm", "blk", "tel", "tem", "pln"};
-  return std::ranges::find(kKinds, code) != std::end(kKinds);
-}
-
-void CheckField(char letter, std::string_view field) {
-  switch (letter) {
-    case 'i':
+void CheckField(FieldRole role, std::string_view field) {
+  switch (role) {
+    case FieldRole::Integer:
       ToInt16(ReadNumber(field));
       break;
-    case 'n':
+    case FieldRole::Number:
       ReadNumber(field);
       break;
-    case 'b':
+    case FieldRole::Numbers:
+      for (std::string_view number : Split(field, kRecordSeparator)) {
+        ReadNumber(number);
+      }
+      break;
+    case FieldRole::Boolean:
       ReadBoolean(field);
       break;
-    case 'k':
-      Check(IsKind(field), "a line has a known kind");
+    case FieldRole::Code:
+      Check(std::ranges::count(kMessageKindCodes, field) == 1, "a line has a known kind");
       break;
-    default:
+    case FieldRole::Text:
+      Check(field.find(kRecordSeparator) == std::string_view::npos, "a text is one text");
       break;
   }
 }
 
-void CheckFields(std::string_view letters, std::string_view payload) {
-  const Split fields(payload, kFieldSeparator);
+void CheckFields(const FieldRoles& roles, std::string_view payload) {
   std::size_t count = 0;
-  for (std::string_view field : fields) {
-    Check(count < letters.size(), "a message has no fields beyond its own");
-    CheckField(letters[count++], field);
+  for (std::string_view field : Split(payload, kFieldSeparator)) {
+    Check(count < roles.size(), "a message has no fields beyond its own");
+    CheckField(roles[count++], field);
   }
-  Check(count == letters.size(), "a message has all its fields");
+  Check(count == roles.size() || (roles.size() == 1 && payload.empty()),
+        "a message has all its fields");
 }
 
 void CheckMessage(std::string_view message) {
-  const auto layout = std::ranges::find_if(
-      kCatalogue, [&](const Layout& known) { return message.starts_with(known.tag); });
-  Check(layout != std::end(kCatalogue), "only messages of the catalogue go out");
-  const std::string_view payload = message.substr(layout->tag.size());
+  const auto* row = FindRow(kServerMessages, message);
+  Check(row != nullptr, "only messages of a server go out");
+  const std::string_view payload = message.substr(row->tag.size());
   // A client tests a payload for the tags that come later, too.
-  Check(std::none_of(layout + 1, std::end(kCatalogue),
-                     [&](const Layout& later) { return payload.starts_with(later.tag); }),
+  Check(std::none_of(row + 1, kServerMessages.data() + kServerMessages.size(),
+                     [&](const auto& later) { return payload.starts_with(later.tag); }),
         "no message goes out that a client takes for two");
-  switch (layout->shape) {
-    case Shape::Fields:
-      return CheckFields(layout->fields, payload);
-    case Shape::Records:
-      for (std::string_view record : Split(payload, kRecordSeparator)) {
-        CheckFields(layout->fields, record);
+  switch (row->layout) {
+    case Layout::Fields:
+    case Layout::FieldsAndEmptyOne:
+    case Layout::Ignored:
+      return CheckFields(row->fields, payload);
+    case Layout::Repeated:
+      for (std::string_view field : Split(payload, kFieldSeparator)) {
+        CheckFields(row->fields, field);
       }
       return;
-    case Shape::FreeText:
-      Check(payload.find(kRecordSeparator) == std::string_view::npos, "free text is text");
+    case Layout::Records:
+      for (std::string_view record : Split(payload, kRecordSeparator)) {
+        CheckFields(row->fields, record);
+      }
       return;
   }
 }
@@ -115,7 +90,7 @@ class CheckingTransport : public practice::Transport {
     for (std::size_t at = 0; at <= messages.size();) {
       const std::size_t end = std::min(messages.find(kMessageTerminator, at), messages.size());
       CheckMessage(messages.substr(at, end - at));
-      if (messages.substr(at).starts_with("[con]")) {
+      if (messages.substr(at).starts_with(TagOf(ServerMessage::LoginAccepted))) {
         logged_in.insert(connection);
       }
       at = end + 1;
@@ -168,7 +143,7 @@ class Evening {
 
   void LogIn(Event event) {
     Connect();
-    Receive(last_, BuildMessage("[con]", {"1.6", event.text, "secret"}));
+    Receive(last_, outbound::Login("1.6", event.text, "secret"));
   }
 
   /// One of those that are open; 0 when none is.
@@ -187,8 +162,8 @@ class Evening {
     }
     const bool is_one_message =
         !cut_.contains(connection) && bytes.find(kMessageTerminator) + 1 == bytes.size();
-    const bool is_answered =
-        is_one_message && transport_.logged_in.contains(connection) && !bytes.starts_with("[p]");
+    const bool is_answered = is_one_message && transport_.logged_in.contains(connection) &&
+                             !bytes.starts_with(TagOf(ClientMessage::KeepAlive));
     transport_.heard.clear();
     server_.Received(connection, bytes);
     Check(!is_answered || transport_.heard.contains(connection), "every request is answered");

@@ -5,25 +5,42 @@
 #include <utility>
 
 #include "fuzz/input.h"
-#include "protocol/wire_format.h"
+#include "protocol/message_table.h"
 
 namespace korvanta::fuzz {
 namespace {
 
 enum class Needs { Accepting, LoggedIn, Connected, Either };
 
-/// The catalogue of what the client sends, with the condition of each message.
-constexpr struct {
-  std::string_view tag;
-  Needs needs;
-} kCatalogue[] = {
-    {"[con]", Needs::Accepting}, {"[dis]", Needs::LoggedIn},  {"[ctc]", Needs::LoggedIn},
-    {"[aly]", Needs::Connected}, {"[att]", Needs::Connected}, {"[bre]", Needs::Either},
-    {"[jon]", Needs::Connected}, {"[inf]", Needs::Connected}, {"[upg]", Needs::Connected},
-    {"[nws]", Needs::LoggedIn},  {"[tif]", Needs::Connected}, {"[ttm]", Needs::Connected},
-    {"[tcr]", Needs::Connected}, {"[tst]", Needs::Connected}, {"[ted]", Needs::Connected},
-    {"[tjo]", Needs::Connected}, {"[tdb]", Needs::Connected}, {"[tkp]", Needs::Connected},
-};
+/// The condition under which a client sends each message.
+Needs NeedsOf(ClientMessage message) {
+  switch (message) {
+    case ClientMessage::Login:
+      return Needs::Accepting;
+    case ClientMessage::Disconnect:
+    case ClientMessage::KeepAlive:
+    case ClientMessage::ChatLine:
+    case ClientMessage::RequestNews:
+      return Needs::LoggedIn;
+    case ClientMessage::LookUpStatistics:
+      return Needs::Either;
+    case ClientMessage::FormAlliance:
+    case ClientMessage::AttackPlayer:
+    case ClientMessage::EnterGame:
+    case ClientMessage::TopicInformation:
+    case ClientMessage::ResearchTopic:
+    case ClientMessage::RequestTournamentInfo:
+    case ClientMessage::RequestTeamList:
+    case ClientMessage::StartTournament:
+    case ClientMessage::SetTournamentGame:
+    case ClientMessage::EndTournament:
+    case ClientMessage::JoinTeam:
+    case ClientMessage::DisbandTeam:
+    case ClientMessage::KickPlayer:
+      break;
+  }
+  return Needs::Connected;
+}
 
 constexpr std::chrono::milliseconds kSplashTime{4000};
 
@@ -132,9 +149,9 @@ void WatchedClient::Receive(std::string_view block) {
   }
   const auto before = Players();
   socket_.Receive(block);
-  if (block.find("[onl]") == std::string_view::npos) {
+  if (block.find(TagOf(ServerMessage::OnlineList)) == std::string_view::npos) {
     Check(Players() == before, "the online list changes with its own message alone");
-  } else if (const auto payload = OnlyPayload(block, "[onl]")) {
+  } else if (const auto payload = OnlyPayload(block, TagOf(ServerMessage::OnlineList))) {
     Check(Players() == PlayersIn(*payload), "the online list is what its message says");
     Check(!client_.online_list.selected(), "a new list has nobody selected");
   }
@@ -157,11 +174,10 @@ void WatchedClient::Close() {
 
 void WatchedClient::CheckSent(std::string_view message) const {
   Check(message.ends_with(kMessageTerminator), "a message goes out with its terminator");
-  const auto row = std::find_if(std::begin(kCatalogue), std::end(kCatalogue),
-                                [&](const auto& known) { return message.starts_with(known.tag); });
-  Check(row != std::end(kCatalogue), "only messages of the catalogue go out");
+  const auto* row = FindRow(kClientMessages, message);
+  Check(row != nullptr, "only messages of the catalogue go out");
   const bool is_logged_in = client_.values.IsConnected;
-  switch (row->needs) {
+  switch (NeedsOf(row->message)) {
     case Needs::Accepting:
       Check(is_accepting_, "the login goes out when the socket connects, at no other time");
       break;
@@ -274,12 +290,12 @@ void WatchedClient::CheckDrawn() const {
 
 void WatchedClient::CheckTeams(std::string_view block) {
   const TournamentState& state = client_.tournament.state();
-  if (const auto payload = OnlyPayload(block, "[ttm]")) {
+  if (const auto payload = OnlyPayload(block, TagOf(ServerMessage::TeamList))) {
     Check(state.lstTeams == TeamsIn(*payload), "the team list is what its message says");
     Check(!state.selected_team, "a new list has no team selected");
-  } else if (const auto names = OnlyPayload(block, "[tdd]")) {
+  } else if (const auto names = OnlyPayload(block, TagOf(ServerMessage::TeamNames))) {
     Check(state.team_names == TeamNamesIn(*names), "the team names are what their message says");
-  } else if (const auto news = OnlyPayload(block, "[nws]")) {
+  } else if (const auto news = OnlyPayload(block, TagOf(ServerMessage::News))) {
     Check(news->starts_with('[') || client_.news.rbNews() == *news,
           "the news is what its message says");
   }

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "protocol/message_table.h"
+
 namespace korvanta::harness {
 namespace {
 
@@ -29,7 +31,7 @@ void ScriptedServer::WaitForClient(int known) {
 void ScriptedServer::LetIn(int known) {
   WaitForClient(known);
   ReceiveUntil("\0"sv);
-  Send("[con]Marlow\00190\0"sv);
+  Send(BuildMessage<ServerMessage::LoginAccepted>("Marlow", "90"));
 }
 
 void ScriptedServer::Expect(std::string_view bytes) {

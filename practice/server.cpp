@@ -102,16 +102,16 @@ void Server::SayFarewell() { players_.AnnounceToAll("The server is being stopped
 void Server::Handle(ConnectionId connection, Session& session, std::string_view message) {
   const auto request = ReadRequest(message);
   if (session.player == nullptr) {
-    if (request && request->kind == RequestKind::Login) {
+    if (request && request->kind == ClientMessage::Login) {
       LogIn(connection, session, *request);
     }
   } else if (!request) {
     players_.Refuse(*session.player, "Your client sent something that this server does not know.");
-  } else if (request->kind == RequestKind::Login) {
+  } else if (request->kind == ClientMessage::Login) {
     players_.Refuse(*session.player, "You are logged in already.");
-  } else if (request->kind == RequestKind::Disconnect) {
+  } else if (request->kind == ClientMessage::Disconnect) {
     End(connection, {});
-  } else if (request->kind != RequestKind::KeepAlive) {
+  } else if (request->kind != ClientMessage::KeepAlive) {
     lobby_.Handle(*session.player, *request);
   }
 }

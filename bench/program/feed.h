@@ -7,20 +7,20 @@
 
 #include "bench/program/figures.h"
 #include "harness/scripted_server.h"
+#include "protocol/message_table.h"
 
 namespace korvanta::bench {
 
 /// As many times a chat line of 75 characters in two colours, as the server sends it, its
 /// terminator included.
 inline std::string ChatLines(std::size_t count) {
-  constexpr char kLine[] =
-      "[msg]cht\001"
-      "Marlow: keep your defense up, I go for Industry and then we both take Corin"
-      "\001False";
+  const std::string line = BuildMessage<ServerMessage::ChatLine>(
+      "cht", "Marlow: keep your defense up, I go for Industry and then we both take Corin",
+      "False");
   std::string lines;
-  lines.reserve(count * sizeof kLine);
+  lines.reserve(count * line.size());
   for (std::size_t i = 0; i < count; ++i) {
-    lines.append(kLine, sizeof kLine);  // the literal's own NUL is the terminator
+    lines += line;
   }
   return lines;
 }

@@ -6,22 +6,21 @@
 #include "bench/program/activity.h"
 #include "bench/program/feed.h"
 #include "bench/program/logged_in_client.h"
+#include "protocol/message_catalogue.h"
+#include "protocol/message_table.h"
 
 namespace korvanta::bench {
 namespace {
 
-constexpr std::string_view kBoardCleared{"[clr]\0", 6};
-constexpr std::string_view kGameEntered{"[jon]\0", 6};
-
 void Flood(benchmark::State& state) {
   const auto lines = static_cast<std::size_t>(state.range(0));
   LoggedInClient client("[Menu]\nAuto Ready=True\n");
-  const std::string flood = ChatLines(lines).append(kBoardCleared);
+  const std::string flood = ChatLines(lines).append(BuildMessage<ServerMessage::BoardCleared>());
   double cpu_seconds = 0;
   for (auto _ : state) {
     const double cpu_before = ActivityOf(client.pid()).cpu_seconds;
     std::thread sender([&] { client.server().Send(flood); });
-    client.server().ReceiveUntil(kGameEntered);
+    client.server().ReceiveUntil(outbound::EnterGame());
     cpu_seconds = ActivityOf(client.pid()).cpu_seconds - cpu_before;
     sender.join();
   }
@@ -38,7 +37,7 @@ void FloodDiscarded(benchmark::State& state) {
   harness::ScriptedServer server;
   const harness::Socket client = harness::Socket::ConnectedTo(server.address());
   server.WaitForClient();
-  const std::string flood = ChatLines(lines).append(kBoardCleared);
+  const std::string flood = ChatLines(lines).append(BuildMessage<ServerMessage::BoardCleared>());
   for (auto _ : state) {
     std::thread sender([&] { server.Send(flood); });
     std::array<char, std::size_t{256} * 1024> buffer;

@@ -5,6 +5,7 @@
 #include "bench/program/figures.h"
 #include "bench/program/logged_in_client.h"
 #include "bench/program/screen.h"
+#include "protocol/message_catalogue.h"
 
 namespace korvanta::bench {
 namespace {
@@ -23,7 +24,7 @@ void KeyToLine(benchmark::State& state) {
       screen.Press('h');
       std::this_thread::sleep_for(kPause + std::chrono::milliseconds(i * 7 % 17));
       const Clock::time_point pressed = screen.Press(Screen::kReturn);
-      client.server().ReceiveUntil({"[ctc]c h\0", 9});
+      client.server().ReceiveUntil(outbound::ChatLine("c h"));
       measured.push_back(Milliseconds(Clock::now() - pressed));
     }
   }

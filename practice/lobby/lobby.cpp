@@ -19,49 +19,54 @@ constexpr milliseconds kOnlineListPausePerThousand{1};
 }  // namespace
 
 const std::array<Lobby::Reaction, 16> Lobby::kReactions = {{
-    {RequestKind::Line,
+    {ClientMessage::ChatLine,
      [](Lobby& lobby, Player& player, const Fields& fields) { lobby.Line(player, fields[0]); }},
-    {RequestKind::FormAlliance, [](Lobby& lobby, Player& player,
-                                   const Fields& fields) { lobby.arena_.Ally(player, fields[0]); }},
-    {RequestKind::Attack, [](Lobby& lobby, Player& player,
-                             const Fields& fields) { lobby.arena_.Attack(player, fields[0]); }},
-    {RequestKind::Statistics,
+    {ClientMessage::FormAlliance,
+     [](Lobby& lobby, Player& player, const Fields& fields) {
+       lobby.arena_.Ally(player, fields[0]);
+     }},
+    {ClientMessage::AttackPlayer,
+     [](Lobby& lobby, Player& player, const Fields& fields) {
+       lobby.arena_.Attack(player, fields[0]);
+     }},
+    {ClientMessage::LookUpStatistics,
      [](Lobby& lobby, Player& player, const Fields& fields) {
        lobby.SendStatistics(player, fields[0]);
      }},
-    {RequestKind::EnterGame,
+    {ClientMessage::EnterGame,
      [](Lobby& lobby, Player& player, const Fields&) { lobby.arena_.Enter(player); }},
-    {RequestKind::TopicInformation,
+    {ClientMessage::TopicInformation,
      [](Lobby& lobby, Player& player, const Fields& fields) {
        lobby.arena_.Explain(player, fields[0]);
      }},
-    {RequestKind::Research,
+    {ClientMessage::ResearchTopic,
      [](Lobby& lobby, Player& player, const Fields& fields) {
        lobby.arena_.Research(player, fields[0], fields[1]);
      }},
-    {RequestKind::News,
+    {ClientMessage::RequestNews,
      [](Lobby& lobby, Player& player, const Fields&) {
        lobby.players_.Send(player, messages::News(kNewsText));
      }},
-    {RequestKind::TournamentInfo,
+    {ClientMessage::RequestTournamentInfo,
      [](Lobby& lobby, Player& player, const Fields&) { lobby.SendTournamentInfo(player); }},
-    {RequestKind::TeamList,
+    {ClientMessage::RequestTeamList,
      [](Lobby& lobby, Player& player, const Fields&) { lobby.SendTeamList(player); }},
-    {RequestKind::StartTournament,
+    {ClientMessage::StartTournament,
      [](Lobby& lobby, Player& player, const Fields& fields) {
        lobby.StartTournament(player, fields);
      }},
-    {RequestKind::SetTournamentGame,
+    {ClientMessage::SetTournamentGame,
      [](Lobby& lobby, Player& player, const Fields&) { lobby.SetTournamentGame(player); }},
-    {RequestKind::EndTournament,
+    {ClientMessage::EndTournament,
      [](Lobby& lobby, Player& player, const Fields&) { lobby.EndTournament(player); }},
-    {RequestKind::JoinTeam,
+    {ClientMessage::JoinTeam,
      [](Lobby& lobby, Player& player,
         const Fields& fields) { lobby.JoinTeam(player, fields[0], fields[1]); }},
-    {RequestKind::DisbandTeam,
+    {ClientMessage::DisbandTeam,
      [](Lobby& lobby, Player& player, const Fields&) { lobby.DisbandTeam(player); }},
-    {RequestKind::KickPlayer, [](Lobby& lobby, Player& player,
-                                 const Fields& fields) { lobby.KickFromTeam(player, fields[0]); }},
+    {ClientMessage::KickPlayer,
+     [](Lobby& lobby, Player& player,
+        const Fields& fields) { lobby.KickFromTeam(player, fields[0]); }},
 }};
 
 Lobby::Lobby(Players& players, Tournament& tournament, Arena& arena, const Accounts& accounts,

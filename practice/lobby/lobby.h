@@ -51,7 +51,7 @@ class Lobby {
  private:
   using Fields = std::vector<std::string>;
   struct Reaction {
-    RequestKind kind;
+    ClientMessage kind;
     void (*react)(Lobby&, Player&, const Fields&);
   };
   struct Command {

@@ -229,7 +229,7 @@ void Simulation::FormTeam() {
     const Team* team = tournament_.teams.Find(name);
     if (team == nullptr || (team->members.size() < kTeamSize && team->password.starts_with('\t'))) {
       // Nobody can type a tab, so that the team stays among simulated players.
-      lobby_.Handle(*character->player, {RequestKind::JoinTeam, {name, "\tsimulated"}});
+      lobby_.Handle(*character->player, {ClientMessage::JoinTeam, {name, "\tsimulated"}});
       return;
     }
   }
@@ -249,7 +249,7 @@ void Simulation::Move(Character& self) {
       characters_.begin(), characters_.end(),
       [](const Character& other) { return other.player != nullptr && other.player->is_ready; });
   if (is_wanted || ready < kMostSimulatedSeats) {
-    lobby_.Handle(*self.player, {RequestKind::EnterGame, {}});
+    lobby_.Handle(*self.player, {ClientMessage::EnterGame, {}});
   }
 }
 
@@ -297,7 +297,7 @@ bool Simulation::Attack(Character& self, const Contender& seat, const Contender*
   if (target->was_set_back || Progress(*target) == 0) {
     return false;
   }
-  lobby_.Handle(*self.player, {RequestKind::Attack, {target->name()}});
+  lobby_.Handle(*self.player, {ClientMessage::AttackPlayer, {target->name()}});
   return true;
 }
 
@@ -321,7 +321,7 @@ bool Simulation::MakeFriends(Character& self, const Contender& seat) {
   if (friendly == nullptr) {
     return false;
   }
-  lobby_.Handle(*self.player, {RequestKind::FormAlliance, {friendly->name()}});
+  lobby_.Handle(*self.player, {ClientMessage::FormAlliance, {friendly->name()}});
   return true;
 }
 
@@ -346,12 +346,12 @@ void Simulation::DoResearch(Character& self, const Contender& seat, Topic topic)
     return;
   }
   const int level = topic == Topic::GoldenKnowledge ? kGoldenLevel : seat.LevelOf(topic) + 1;
-  lobby_.Handle(*self.player, {RequestKind::Research,
+  lobby_.Handle(*self.player, {ClientMessage::ResearchTopic,
                                {std::to_string(static_cast<int>(topic)), std::to_string(level)}});
 }
 
 void Simulation::Type(Player& player, const std::string& line) {
-  lobby_.Handle(player, {RequestKind::Line, {line}});
+  lobby_.Handle(player, {ClientMessage::ChatLine, {line}});
 }
 
 /// Null when none is online.

@@ -4,12 +4,12 @@
 #include <array>
 
 #include "practice/wire/server_messages.h"
-#include "protocol/wire_format.h"
+#include "protocol/message_table.h"
 
 namespace korvanta::practice {
 namespace {
 
-constexpr std::string_view kListTag = "[onl]";
+constexpr std::string_view kListTag = TagOf(ServerMessage::OnlineList);
 
 constexpr auto kSyllables = std::to_array<std::string_view>(
     {"ba", "den", "fir", "gol", "hun", "ka", "lor", "mi", "nor", "pel", "ros", "tav", "ul", "vin"});
@@ -83,7 +83,7 @@ void Load::Send(ConnectionId connection, std::string_view messages) {
   bool is_login = false;
   std::string with_crowd;
   for (std::string_view message : Split(messages, kMessageTerminator)) {
-    is_login |= message.starts_with("[con]");
+    is_login |= message.starts_with(TagOf(ServerMessage::LoginAccepted));
     if (crowd_.empty() || message.empty()) {
       continue;
     }

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "protocol/wire_format.h"
+#include "protocol/message_table.h"
 
 namespace korvanta::practice {
 namespace {
@@ -11,6 +11,13 @@ namespace {
 constexpr std::size_t kMostPieces = 30;
 /// Ticks from one piece to the next; some clients wait a while for the rest of a message.
 constexpr std::size_t kLongestPause = 5;
+
+/// Only a game that runs brings it.
+bool IsOfGame(ServerMessage message) {
+  using enum ServerMessage;
+  return message == GameClock || message == TopicResearched || message == TopicAttacked ||
+         message == ResearchPoints;
+}
 
 }  // namespace
 
@@ -114,14 +121,13 @@ std::string Mischief::Changed(std::string_view message, MischiefKind kind) {
 }
 
 bool Mischief::MeetsFate(ConnectionId connection, Line& line, std::string_view message) {
-  const MessageLayout* layout = LayoutOf(message);
-  const bool is_of_game = layout != nullptr && layout->is_of_game;
+  const auto* row = FindRow(kServerMessages, message);
   const auto is_now = [&] {
     switch (*line.fate) {
       case MischiefKind::ResetLogin:
-        return message.starts_with("[con]");
+        return row != nullptr && row->message == ServerMessage::LoginAccepted;
       case MischiefKind::ResetGame:
-        return is_of_game;
+        return row != nullptr && IsOfGame(row->message);
       case MischiefKind::ResetMessage:
         return dice_.OneIn(4);
       default:

@@ -4,6 +4,8 @@
 #include <array>
 #include <numeric>
 
+#include "protocol/message_table.h"
+
 namespace korvanta::practice {
 namespace {
 
@@ -123,10 +125,10 @@ void ChangeTag(MischiefMessage& message, MischiefDice& dice) {
       tag.resize(dice.Below(tag.size() + 1));
       return;
     case 3:
-      tag = dice.Pick(MessageLayouts()).tag;
+      tag = dice.Pick(kServerMessages).tag;
       return;
     case 4:  // a payload that begins with a tag
-      tag.insert(0, dice.Pick(MessageLayouts()).tag);
+      tag.insert(0, dice.Pick(kServerMessages).tag);
       return;
     default:
       tag.insert(0, " ");

@@ -3,61 +3,38 @@
 #include <algorithm>
 #include <array>
 
-#include "protocol/wire_format.h"
+#include "protocol/message_table.h"
 
 namespace korvanta::practice {
 namespace {
 
 using Role = MischiefMessage::Role;
 
-constexpr auto kLayouts = std::to_array<MessageLayout>({
-    {"[con]", "tn"},
-    {"[log]", "t"},
-    {"[cap]", "t"},
-    {"[tim]", "n", false, true},
-    {"[sou]", "n"},
-    {"[bre]", "ttn"},
-    {"[end]", "n"},
-    {"[upg]", "n", false, true},
-    {"[clr]", "t"},
-    {"[clt]", "t"},
-    {"[poi]", "n", false, true},
-    {"[att]", "n", false, true},
-    {"[msg]", "ctc"},
-    {"[nws]", "t"},
-    {"[onl]", "tn", true},
-    {"[tif]", "n"},
-    {"[ttm]", "t", true},
-    {"[tdd]", "t"},
-});
-
-Role RoleAt(const MessageLayout& layout, std::size_t index) {
-  switch (layout.fields[std::min(index, layout.fields.size() - 1)]) {
-    case 'n':
-      return Role::Number;
-    case 'c':
-      return Role::Code;
-    default:
-      return Role::Text;
+/// The last field stands for all that follow.
+Role RoleAt(const MessageRow<ServerMessage>* row, std::size_t index) {
+  if (row == nullptr || row->fields.size() == 0) {
+    return Role::Text;
   }
+  switch (row->fields[std::min(index, row->fields.size() - 1)]) {
+    case FieldRole::Number:
+    case FieldRole::Integer:
+    case FieldRole::Numbers:
+      return Role::Number;
+    case FieldRole::Boolean:
+    case FieldRole::Code:
+      return Role::Code;
+    case FieldRole::Text:
+      break;
+  }
+  return Role::Text;
 }
 
 }  // namespace
 
-std::span<const MessageLayout> MessageLayouts() { return kLayouts; }
-
-const MessageLayout* LayoutOf(std::string_view message) {
-  const auto found =
-      std::find_if(kLayouts.begin(), kLayouts.end(),
-                   [&](const MessageLayout& layout) { return message.starts_with(layout.tag); });
-  return found == kLayouts.end() ? nullptr : &*found;
-}
-
 MischiefMessage::MischiefMessage(std::string_view message) : tag(message.substr(0, kTagLength)) {
   constexpr std::array<char, 2> kSeparators = {kFieldSeparator, kRecordSeparator};
-  static constexpr MessageLayout kUnknown{"", "t"};
-  const MessageLayout* known = LayoutOf(message);
-  const MessageLayout& layout = known == nullptr ? kUnknown : *known;
+  const auto* row = FindRow(kServerMessages, message);
+  const bool has_records = row != nullptr && row->layout == Layout::Records;
   std::string_view payload = message.substr(tag.size());
   if (payload.empty()) {
     return;
@@ -65,12 +42,12 @@ MischiefMessage::MischiefMessage(std::string_view message) : tag(message.substr(
   std::size_t index = 0;
   for (char separator = kFieldSeparator;;) {
     const std::size_t end = payload.find_first_of({kSeparators.data(), kSeparators.size()});
-    fields.push_back({std::string(payload.substr(0, end)), RoleAt(layout, index), separator});
+    fields.push_back({std::string(payload.substr(0, end)), RoleAt(row, index), separator});
     if (end == std::string_view::npos) {
       return;
     }
     separator = payload[end];
-    index = separator == kRecordSeparator && layout.has_records ? 0 : index + 1;
+    index = separator == kRecordSeparator && has_records ? 0 : index + 1;
     payload.remove_prefix(end + 1);
   }
 }

@@ -6,32 +6,12 @@
 #include <string_view>
 #include <vector>
 
+#include "protocol/message_table.h"
+
 namespace korvanta::practice {
 
-enum class RequestKind {
-  Login,              // [con] version, user name, password
-  Disconnect,         // [dis]
-  KeepAlive,          // [p]
-  Line,               // [ctc] a chat or command line
-  FormAlliance,       // [aly] player
-  Attack,             // [att] player
-  Statistics,         // [bre] player
-  EnterGame,          // [jon]
-  TopicInformation,   // [inf] topic
-  Research,           // [upg] topic, level
-  News,               // [nws]
-  TournamentInfo,     // [tif]
-  TeamList,           // [ttm]
-  StartTournament,    // [tcr] entry fee, most teams, most players
-  SetTournamentGame,  // [tst]
-  EndTournament,      // [ted]
-  JoinTeam,           // [tjo] team name, team password
-  DisbandTeam,        // [tdb]
-  KickPlayer,         // [tkp] entry of the team list
-};
-
 struct ClientRequest {
-  RequestKind kind;
+  ClientMessage kind;
   /// As many as belong to the kind, control characters removed. Empty when the message had too few.
   std::vector<std::string> fields;
   bool is_complete = true;  ///< the message had all its fields

@@ -50,31 +50,31 @@ struct TournamentFigures {
 
 namespace messages {
 
-std::string LoginAccepted(std::string_view user_name, std::int16_t user_id);  // [con]
-std::string Notice(std::string_view text);                                    // [log]
-std::string Statistics(const PlayerRecord& record);                           // [bre]
+std::string LoginAccepted(std::string_view user_name, std::int16_t user_id);
+std::string Notice(std::string_view text);
+std::string Statistics(const PlayerRecord& record);
 
 /// A line that the view shows in two colours, parted at the colon behind the speaker, whose name
 /// holds none: "speaker: words".
-std::string ChatLine(MessageKind kind, std::string_view speaker, std::string_view words);  // [msg]
+std::string ChatLine(MessageKind kind, std::string_view speaker, std::string_view words);
 /// A line in black.
-std::string StatusLine(std::string_view text);  // [msg]
+std::string StatusLine(std::string_view text);
 
-std::string Caption(std::string_view text);       // [cap]
-std::string Clock(std::int64_t seconds);          // [tim]
-std::string Pause(std::int64_t seconds);          // [end]
-std::string PlaySound(Sound sound);               // [sou]
-std::string Researched(int topic, int level);     // [upg]
-std::string Attacked(int topic, int level);       // [att]
-std::string ClearBoard();                         // [clr]
-std::string ClearTournamentBoard();               // [clt]
-std::string ResearchPoints(std::int64_t points);  // [poi]
+std::string Caption(std::string_view text);
+std::string Clock(std::int64_t seconds);
+std::string Pause(std::int64_t seconds);
+std::string PlaySound(Sound sound);
+std::string Researched(int topic, int level);
+std::string Attacked(int topic, int level);
+std::string ClearBoard();
+std::string ClearTournamentBoard();
+std::string ResearchPoints(std::int64_t points);
 
-std::string News(std::string_view text);                         // [nws]
-std::string OnlineList(std::span<const OnlineEntry> entries);    // [onl]
-std::string TournamentInfo(const TournamentFigures& figures);    // [tif]
-std::string TeamList(std::span<const std::string> lines);        // [ttm]
-std::string TeamNames(std::span<const std::string_view> names);  // [tdd]
+std::string News(std::string_view text);
+std::string OnlineList(std::span<const OnlineEntry> entries);
+std::string TournamentInfo(const TournamentFigures& figures);
+std::string TeamList(std::span<const std::string> lines);
+std::string TeamNames(std::span<const std::string_view> names);
 
 }  // namespace messages
 

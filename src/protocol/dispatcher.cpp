@@ -1,61 +1,61 @@
 #include "protocol/dispatcher.h"
 
-#include <algorithm>
-#include <array>
 #include <exception>
 
+#include "protocol/message_table.h"
 #include "protocol/wire_format.h"
 
 namespace korvanta {
 namespace {
 
-enum class Tag { Removed, Kept };
-
-struct TagTest {
-  std::string_view tag;
-  void (*handler)(InboundTargets& targets, std::string_view message);
-  Tag treatment = Tag::Removed;
-
-  /// Every tag has the same length; saying so spares a call for each test of each message.
-  bool Matches(std::string_view message) const {
-    return message.starts_with(std::string_view(tag.data(), kTagLength));
+void Handle(InboundTargets& targets, ServerMessage message, std::string_view payload) {
+  switch (message) {
+    case ServerMessage::LoginAccepted:
+      return inbound::LoginAccepted(targets, payload);
+    case ServerMessage::LoginNotice:
+      return inbound::LoginNotice(targets, payload);
+    case ServerMessage::Caption:
+      return;
+    case ServerMessage::GameClock:
+    case ServerMessage::GamePause:
+      return inbound::GameClock(targets, payload);
+    case ServerMessage::Sound:
+      return inbound::Sound(targets, payload);
+    case ServerMessage::Statistics:
+      return inbound::Statistics(targets, payload);
+    case ServerMessage::TopicResearched:
+    case ServerMessage::TopicAttacked:
+      return inbound::TopicLevel(targets, payload);
+    case ServerMessage::BoardCleared:
+    case ServerMessage::TournamentBoardCleared:
+      return inbound::BoardCleared(targets);
+    case ServerMessage::ResearchPoints:
+      return inbound::ResearchPoints(targets, payload);
+    case ServerMessage::ChatLine:
+      return inbound::ChatLine(targets, payload);
+    case ServerMessage::News:
+      return inbound::News(targets, payload);
+    case ServerMessage::OnlineList:
+      return inbound::OnlineList(targets, payload);
+    case ServerMessage::TournamentInfo:
+      return inbound::TournamentInfo(targets, payload);
+    case ServerMessage::TeamList:
+      return inbound::TeamList(targets, payload);
+    case ServerMessage::TeamNames:
+      return inbound::TeamNames(targets, payload);
   }
-};
+}
 
-/// In test order. Every piece goes through all of it: the tests go on after a match, on what the
-/// handler left.
-constexpr std::array<TagTest, 18> kTagTests = {{
-    {"[con]", inbound::LoginAccepted},
-    {"[log]", inbound::LoginNotice},
-    {"[cap]", inbound::Caption},
-    {"[tim]", inbound::GameClock},
-    {"[sou]", inbound::Sound},
-    {"[bre]", inbound::Statistics},
-    {"[end]", inbound::GameClock},
-    {"[upg]", inbound::TopicLevel},
-    {"[clr]", inbound::BoardCleared, Tag::Kept},
-    {"[clt]", inbound::BoardCleared, Tag::Kept},
-    {"[poi]", inbound::ResearchPoints},
-    {"[att]", inbound::TopicLevel},
-    {"[msg]", inbound::ChatLine},
-    {"[nws]", inbound::News},
-    {"[onl]", inbound::OnlineList},
-    {"[tif]", inbound::TournamentInfo},
-    {"[ttm]", inbound::TeamList},
-    {"[tdd]", inbound::TeamNames},
-}};
-static_assert(std::all_of(kTagTests.begin(), kTagTests.end(),
-                          [](const TagTest& test) { return test.tag.size() == kTagLength; }));
-
+/// Every piece goes through all tests: they go on after a match, on what the handler left.
 void HandlePiece(InboundTargets& targets, std::string_view message) {
-  for (const TagTest& test : kTagTests) {
-    if (!test.Matches(message)) {
-      continue;
+  for (const auto& row : kServerMessages) {
+    // Every tag of a server has the same length; saying so spares a call for each test.
+    if (message.starts_with(std::string_view(row.tag.data(), kTagLength))) {
+      if (row.layout != Layout::Ignored) {
+        message.remove_prefix(kTagLength);
+      }
+      Handle(targets, row.message, message);
     }
-    if (test.treatment == Tag::Removed) {
-      message.remove_prefix(kTagLength);
-    }
-    test.handler(targets, message);
   }
 }
 

@@ -15,7 +15,7 @@ void TopicLevel(InboundTargets& targets, std::string_view payload) {
   targets.game.LightTopic(topic, level);
 }
 
-void BoardCleared(InboundTargets& targets, std::string_view /*message*/) {
+void BoardCleared(InboundTargets& targets) {
   targets.game.ResetBoard();
   if (targets.options.mAuto) {
     targets.connection.TrySend(outbound::EnterGame());

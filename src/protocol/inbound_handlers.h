@@ -1,4 +1,4 @@
-/// The handlers of inbound messages, one a tag; the dispatcher's table names them in test order.
+/// The handlers of inbound messages; the dispatcher calls them.
 #pragma once
 
 #include <string_view>
@@ -21,25 +21,24 @@ struct InboundTargets {
   LobbyDisplay& lobby;
 };
 
-/// Each takes the payload (for "[clr]" and "[clt]" the message with its tag) and raises
-/// MessageError when it is broken; what was done before stays done.
+/// Each takes the payload and raises MessageError when it is broken; what was done before stays
+/// done.
 namespace inbound {
 
-void LoginAccepted(InboundTargets& targets, std::string_view payload);   // [con]
-void LoginNotice(InboundTargets& targets, std::string_view payload);     // [log]
-void Caption(InboundTargets& targets, std::string_view payload);         // [cap]
-void GameClock(InboundTargets& targets, std::string_view payload);       // [tim] [end]
-void Sound(InboundTargets& targets, std::string_view payload);           // [sou]
-void Statistics(InboundTargets& targets, std::string_view payload);      // [bre]
-void TopicLevel(InboundTargets& targets, std::string_view payload);      // [upg] [att]
-void BoardCleared(InboundTargets& targets, std::string_view message);    // [clr] [clt]
-void ResearchPoints(InboundTargets& targets, std::string_view payload);  // [poi]
-void ChatLine(InboundTargets& targets, std::string_view payload);        // [msg]
-void News(InboundTargets& targets, std::string_view payload);            // [nws]
-void OnlineList(InboundTargets& targets, std::string_view payload);      // [onl]
-void TournamentInfo(InboundTargets& targets, std::string_view payload);  // [tif]
-void TeamList(InboundTargets& targets, std::string_view payload);        // [ttm]
-void TeamNames(InboundTargets& targets, std::string_view payload);       // [tdd]
+void LoginAccepted(InboundTargets& targets, std::string_view payload);
+void LoginNotice(InboundTargets& targets, std::string_view payload);
+void GameClock(InboundTargets& targets, std::string_view payload);
+void Sound(InboundTargets& targets, std::string_view payload);
+void Statistics(InboundTargets& targets, std::string_view payload);
+void TopicLevel(InboundTargets& targets, std::string_view payload);
+void BoardCleared(InboundTargets& targets);
+void ResearchPoints(InboundTargets& targets, std::string_view payload);
+void ChatLine(InboundTargets& targets, std::string_view payload);
+void News(InboundTargets& targets, std::string_view payload);
+void OnlineList(InboundTargets& targets, std::string_view payload);
+void TournamentInfo(InboundTargets& targets, std::string_view payload);
+void TeamList(InboundTargets& targets, std::string_view payload);
+void TeamNames(InboundTargets& targets, std::string_view payload);
 
 }  // namespace inbound
 

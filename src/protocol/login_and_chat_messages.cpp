@@ -15,21 +15,6 @@ constexpr std::array<std::string_view, 6> kSoundFiles = {
     "sounds/attacked.wav",  "sounds/research.wav", "sounds/wingame.wav",
 };
 
-struct KindCode {
-  std::string_view code;
-  MessageKind kind;
-};
-
-constexpr std::array<KindCode, 7> kKindCodes = {{
-    {"cht", MessageKind::Chat},
-    {"ann", MessageKind::Announcement},
-    {"adm", MessageKind::Admin},
-    {"blk", MessageKind::Status},
-    {"tel", MessageKind::Tell},
-    {"tem", MessageKind::Team},
-    {"pln", MessageKind::Plain},
-}};
-
 }  // namespace
 
 void LoginAccepted(InboundTargets& targets, std::string_view payload) {
@@ -41,8 +26,6 @@ void LoginNotice(InboundTargets& targets, std::string_view payload) {
     targets.chat.AppendMessage(payload, MessageKind::Status);
   }
 }
-
-void Caption(InboundTargets& /*targets*/, std::string_view /*payload*/) {}
 
 void Sound(InboundTargets& targets, std::string_view payload) {
   if (!targets.options.mSounds) {
@@ -62,10 +45,9 @@ void ChatLine(InboundTargets& targets, std::string_view payload) {
   if (targets.options.mnuFilter) {
     text = targets.filter.FilterLanguage(text, masked);
   }
-  const auto match = std::find_if(kKindCodes.begin(), kKindCodes.end(),
-                                  [&](const KindCode& known) { return known.code == code; });
-  if (match != kKindCodes.end()) {
-    targets.chat.AppendMessage(text, match->kind);
+  const auto match = std::ranges::find(kMessageKindCodes, code);
+  if (match != kMessageKindCodes.end()) {
+    targets.chat.AppendMessage(text, static_cast<MessageKind>(match - kMessageKindCodes.begin()));
   }
 }
 

@@ -1,7 +1,9 @@
 /// The kinds of lines in the message view.
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <string_view>
 
 namespace korvanta {
 
@@ -15,5 +17,9 @@ enum class MessageKind : std::int32_t {
   Team = 5,
   Plain = 6,
 };
+
+/// The code word of each kind in a message, by kind.
+inline constexpr auto kMessageKindCodes =
+    std::to_array<std::string_view>({"cht", "ann", "adm", "blk", "tel", "tem", "pln"});
 
 }  // namespace korvanta
