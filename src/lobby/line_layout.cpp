@@ -131,4 +131,17 @@ std::size_t TextRows::Down(std::size_t start, std::size_t count) const {
   return start;
 }
 
+std::size_t TextRows::OffsetInRow(std::size_t start, float x, Aim aim) const {
+  const Row row = At(start);
+  const float share = aim == Aim::Byte ? 1.0F : 0.5F;
+  const std::size_t offset =
+      start + BytesLeftOf(x, text_.Bytes(row.start, row.end), advances_, share);
+  const bool on_next_row = offset == row.next && !IsLast(row);
+  return on_next_row && aim != Aim::Edge ? PreviousCaretPlace(text_, offset) : offset;
+}
+
+float TextRows::XOf(std::size_t offset) const {
+  return WidthOf(text_.Bytes(StartOf(offset), offset), advances_);
+}
+
 }  // namespace korvanta

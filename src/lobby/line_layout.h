@@ -34,6 +34,11 @@ struct Row {
 /// not fit hangs over the edge, one a row.
 Row WrapRow(std::string_view bytes, const Advances& advances, float width);
 
+/// What a distance in a row stands for. `Caret` is the nearest place for a caret in the row; `Edge`
+/// is the same, with the end of a wrapped row, the start of the next, within reach; `Byte` is the
+/// byte that is there.
+enum class Aim { Caret, Edge, Byte };
+
 /// The rows of a text at one width. Only what is asked for is laid out; finding the start of a row
 /// looks back to the start of its line and no further.
 class TextRows {
@@ -58,6 +63,13 @@ class TextRows {
   /// Start of the row `count` rows up or down, or of the first or last row.
   std::size_t Up(std::size_t start, std::size_t count) const;
   std::size_t Down(std::size_t start, std::size_t count) const;
+
+  /// What is at that distance from the left edge of the row that starts at `start`; beyond an end
+  /// of the row, the end is meant.
+  std::size_t OffsetInRow(std::size_t start, float x, Aim aim) const;
+
+  /// Distance of `offset` from the left edge of its row.
+  float XOf(std::size_t offset) const;
 
   /// No row follows it. Behind a final line break stands an empty row.
   bool IsLast(const Row& row) const { return row.next == text_.size() && !row.EndsLine(); }

@@ -6,17 +6,17 @@
 
 namespace korvanta {
 
-void modData::AppendMessage(MessageView& view, std::string_view text, MessageKind kind) {
-  if (!view.IsScrollLocked()) {
-    view.anchor_ = view.caret_ = view.size();
+void MessageView::AppendMessage(std::string_view text, MessageKind kind) {
+  if (!IsScrollLocked()) {
+    anchor_ = caret_ = size();
   }
-  const std::size_t place = view.insertion_point();
+  const std::size_t place = insertion_point();
   const auto [first, second] = ColoursOf(kind);
   const std::size_t head = text.find(':') + 1;  // 0 without a colon
-  view.Insert(text.substr(0, head), first);
-  view.Insert(text.substr(head), second);
-  view.Insert("\r\n", second);
-  Tell(view.on_changed, {MessageView::Change::What::Inserted, place, view.caret_ - place});
+  Insert(text.substr(0, head), first);
+  Insert(text.substr(head), second);
+  Insert("\r\n", second);
+  Tell(on_changed, {Change::What::Inserted, place, caret_ - place});
 }
 
 void MessageView::Clear() {

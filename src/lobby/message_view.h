@@ -16,21 +16,9 @@
 
 namespace korvanta {
 
-class MessageView;
-
-namespace modData {
-
-/// Writes one line and its "\r\n". Without Scroll Lock it goes to the end and cancels the
-/// selection. With it, it goes directly behind the selection, which stays and takes the line's
-/// first colour; the next line then follows this one. A two-colour text is split behind its first
-/// colon; without a colon all of it has the second colour.
-void AppendMessage(MessageView& view, std::string_view text, MessageKind kind);
-
-}  // namespace modData
-
 class MessageView final : public ChatOutput {
  public:
-  /// What the listener is told. The text from `offset` on is new for `length` bytes; colours
+  /// The text from `offset` on is new for `length` bytes; colours
   /// directly before it may have changed too.
   struct Change {
     enum class What { Inserted, Cleared, Selection, ScrollLock };
@@ -47,9 +35,11 @@ class MessageView final : public ChatOutput {
   MessageView(const MessageView&) = delete;
   MessageView& operator=(const MessageView&) = delete;
 
-  void AppendMessage(std::string_view text, MessageKind kind) override {
-    modData::AppendMessage(*this, text, kind);
-  }
+  /// Writes one line and its "\r\n". Without Scroll Lock it goes to the end and cancels the
+  /// selection. With it, it goes directly behind the selection, which stays and takes the line's
+  /// first colour; the next line then follows this one. A two-colour text is split behind its first
+  /// colon; without a colon all of it has the second colour.
+  void AppendMessage(std::string_view text, MessageKind kind) override;
 
   /// "Clear Window": the view is empty again.
   void Clear();
@@ -62,7 +52,7 @@ class MessageView final : public ChatOutput {
 
   bool IsScrollLocked() const { return options_.mnuScrollLock; }
 
-  /// The option was switched: tells the listener. It has no effect on the text.
+  /// Comes when the option has been switched; it has no effect on the text.
   void ScrollLockToggled() const { Tell(on_changed, {Change::What::ScrollLock}); }
 
   /// The ends of the selection: `anchor` stays where `caret` is moved with extension. Both are
@@ -86,8 +76,6 @@ class MessageView final : public ChatOutput {
   std::function<void(const Change&)> on_changed;
 
  private:
-  friend void modData::AppendMessage(MessageView& view, std::string_view text, MessageKind kind);
-
   void Insert(std::string_view text, ColourRole role);
 
   const Options& options_;

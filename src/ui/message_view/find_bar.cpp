@@ -86,12 +86,12 @@ FindBar::FindBar(QWidget* parent) : QWidget(parent) {
   }
 }
 
-void FindBar::Begin() {
+void FindBar::StartTyping() {
   txtFind->setFocus(Qt::ShortcutFocusReason);
   txtFind->selectAll();
 }
 
-void FindBar::Tell(Outcome outcome, const QString& line) {
+void FindBar::ShowOutcome(Outcome outcome, const QString& line) {
   const QString words = InWords(outcome);
   lblOutcome->setText(words);
   lblOutcome->setAccessibleName(words);

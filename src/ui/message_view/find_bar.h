@@ -17,11 +17,11 @@ class FindBar : public QWidget {
   /// The Tab key comes to it from `parent`.
   explicit FindBar(QWidget* parent);
 
-  /// Ready for typing, what was sought before selected.
-  void Begin();
+  /// Takes the focus, with what was sought before selected.
+  void StartTyping();
 
   /// Says in words how the last search went; `line`, the one that was found, is for screen readers.
-  void Tell(MessageSearch::Outcome outcome, const QString& line);
+  void ShowOutcome(MessageSearch::Outcome outcome, const QString& line);
 
   std::function<void(const QString& text)> on_typed;
   std::function<void(MessageSearch::Direction)> on_next;

@@ -28,36 +28,10 @@ std::size_t MessageCanvas::WholeRows() const {
   return static_cast<std::size_t>(std::max(1, (size_.height() - 2 * kMargin) / row_height()));
 }
 
-std::size_t MessageCanvas::LastTop() const {
-  const std::size_t last = rows_.StartOf(view_.size());
-  const bool is_left_out = last == view_.size() && !view_.IsScrollLocked();
-  return rows_.Up(last, is_left_out ? WholeRows() : WholeRows() - 1);
-}
-
-std::size_t MessageCanvas::TopShowing(std::size_t offset, std::size_t top) const {
-  const std::size_t row = rows_.StartOf(offset);
-  return row < top ? row : std::max(top, rows_.Up(row, WholeRows() - 1));
-}
-
-std::size_t MessageCanvas::OffsetAt(QPoint point, std::size_t top, Aim aim) const {
+ScreenPlace MessageCanvas::PlaceAt(QPoint point) const {
   const int down =
       std::clamp((point.y() - kMargin) / row_height(), 0, static_cast<int>(WholeRows()));
-  return OffsetInRow(rows_.Down(top, static_cast<std::size_t>(down)), static_cast<float>(point.x()),
-                     aim);
-}
-
-std::size_t MessageCanvas::OffsetInRow(std::size_t row, float x, Aim aim) const {
-  const Row found = rows_.At(row);
-  const std::string bytes = view_.text().Bytes(found.start, found.end);
-  const float share = aim == Aim::Byte ? 1.0F : 0.5F;
-  const std::size_t offset =
-      found.start + BytesLeftOf(x - kMargin, bytes, glyphs_.advances(), share);
-  const bool on_next_row = offset == found.next && !rows_.IsLast(found);
-  return on_next_row && aim != Aim::Edge ? PreviousCaretPlace(view_.text(), offset) : offset;
-}
-
-float MessageCanvas::XOf(std::size_t offset) const {
-  return kMargin + WidthBetween(rows_.StartOf(offset), offset);
+  return {static_cast<std::size_t>(down), static_cast<float>(point.x() - kMargin)};
 }
 
 std::optional<QRect> MessageCanvas::CaretRect(std::size_t offset, std::size_t top) const {

@@ -13,6 +13,7 @@
 
 #include "lobby/line_layout.h"
 #include "lobby/message_view.h"
+#include "lobby/scroll_position.h"
 #include "ui/message_view/glyph_table.h"
 
 namespace korvanta {
@@ -31,31 +32,8 @@ class MessageCanvas {
   /// Rows that are seen whole; at least 1.
   std::size_t WholeRows() const;
 
-  /// The top at which the end of the text is just in sight. The empty row behind the last line
-  /// break counts only while lines can go in there by the user's choice, that is with Scroll Lock.
-  std::size_t LastTop() const;
-
-  /// The top nearest to `top` at which the row of `offset` is seen whole.
-  std::size_t TopShowing(std::size_t offset, std::size_t top) const;
-
-  /// Whether the row of `offset` is seen whole.
-  bool IsInSight(std::size_t offset, std::size_t top) const {
-    return TopShowing(offset, top) == top;
-  }
-
-  /// What a position in the viewport stands for. `Caret` is the nearest place for a caret in the
-  /// row; `Edge` is the same, with the end of a wrapped row, the start of the next, within reach;
-  /// `Byte` is the byte under the point.
-  enum class Aim { Caret, Edge, Byte };
-
-  /// Above and below the rows that are seen, the first or last of them is meant.
-  std::size_t OffsetAt(QPoint point, std::size_t top, Aim aim) const;
-
-  /// The same in the row that starts at `row`.
-  std::size_t OffsetInRow(std::size_t row, float x, Aim aim) const;
-
-  /// Distance of `offset` from the left edge of the viewport, in its row.
-  float XOf(std::size_t offset) const;
+  /// Above and below the rows in sight, the first or last of them is meant.
+  ScreenPlace PlaceAt(QPoint point) const;
 
   /// Top left corner and height of the caret at `offset`; none when its row is out of sight.
   std::optional<QRect> CaretRect(std::size_t offset, std::size_t top) const;

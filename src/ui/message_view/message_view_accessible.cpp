@@ -41,7 +41,7 @@ class MessageViewAccessible : public QAccessibleWidget, public QAccessibleTextIn
   int cursorPosition() const override { return ToInt(Model().caret()); }
   void setCursorPosition(int position) override {
     Model().MoveCaret(Offset(position), false);
-    view_.ShowOffset(Model().caret());
+    view_.position().Show(Model().caret());
   }
 
   int selectionCount() const override { return Model().selection().empty() ? 0 : 1; }
@@ -69,33 +69,33 @@ class MessageViewAccessible : public QAccessibleWidget, public QAccessibleTextIn
   }
   QString textAtOffset(int offset, QAccessible::TextBoundaryType unit, int* from,
                        int* to) const override {
-    return Give(UnitAt(Offset(offset), unit), from, to);
+    return Answer(UnitAt(Offset(offset), unit), from, to);
   }
   QString textBeforeOffset(int offset, QAccessible::TextBoundaryType unit, int* from,
                            int* to) const override {
     const TextRange here = UnitAt(Offset(offset), unit);
-    return Give(here.from == 0 ? TextRange{0, 0} : UnitAt(here.from - 1, unit), from, to);
+    return Answer(here.from == 0 ? TextRange{0, 0} : UnitAt(here.from - 1, unit), from, to);
   }
   QString textAfterOffset(int offset, QAccessible::TextBoundaryType unit, int* from,
                           int* to) const override {
     const TextRange here = UnitAt(Offset(offset), unit);
     const bool last = here.to == Model().size();
-    return Give(last ? TextRange{here.to, here.to} : UnitAt(here.to, unit), from, to);
+    return Answer(last ? TextRange{here.to, here.to} : UnitAt(here.to, unit), from, to);
   }
 
   QRect characterRect(int offset) const override {
-    const auto rect = view_.canvas().ByteRect(Offset(offset), view_.top());
+    const auto rect = view_.canvas().ByteRect(Offset(offset), view_.position().top());
     return rect ? QRect(view_.viewport()->mapToGlobal(rect->topLeft()), rect->size()) : QRect();
   }
   int offsetAtPoint(const QPoint& point) const override {
     const QPoint place = view_.viewport()->mapFromGlobal(point);
     return view_.viewport()->rect().contains(place)
-               ? ToInt(view_.canvas().OffsetAt(place, view_.top(), MessageCanvas::Aim::Byte))
+               ? ToInt(view_.position().OffsetAt(view_.canvas().PlaceAt(place), Aim::Byte))
                : -1;
   }
   void scrollToSubstring(int from, int to) override {
-    view_.ShowOffset(Offset(to));
-    view_.ShowOffset(Offset(from));
+    view_.position().Show(Offset(to));
+    view_.position().Show(Offset(from));
   }
 
   /// The colour, and how far it reaches within the line.
@@ -133,7 +133,7 @@ class MessageViewAccessible : public QAccessibleWidget, public QAccessibleTextIn
   /// Nothing longer than a line is ever a unit.
   TextRange UnitAt(std::size_t offset, QAccessible::TextBoundaryType unit) const {
     const ColouredText& text = Model().text();
-    const TextRows& rows = view_.canvas().rows();
+    const TextRows& rows = view_.position().rows();
     switch (unit) {
       case QAccessible::CharBoundary:
         return {CaretPlace(text, offset), NextCaretPlace(text, CaretPlace(text, offset))};
@@ -153,7 +153,7 @@ class MessageViewAccessible : public QAccessibleWidget, public QAccessibleTextIn
     return LineAt(text, offset);
   }
 
-  QString Give(TextRange range, int* from, int* to) const {
+  QString Answer(TextRange range, int* from, int* to) const {
     *from = ToInt(range.from);
     *to = ToInt(range.to);
     return ToQString(Model().text().Bytes(range.from, range.to));
@@ -171,7 +171,7 @@ QAccessibleInterface* MakeAccessible(const QString& /*class_name*/, QObject* obj
 
 void InstallMessageViewAccessibility() { QAccessible::installFactory(MakeAccessible); }
 
-void TellAccessibility(MessageViewWidget& widget, const MessageView::Change& change) {
+void NotifyAccessibility(MessageViewWidget& widget, const MessageView::Change& change) {
   using What = MessageView::Change::What;
   if (!QAccessible::isActive() || change.what == What::ScrollLock) {
     return;

@@ -1,4 +1,4 @@
-/// The message view as screen readers meet it: a read-only text of which they ask for a line, a
+/// The message view as screen readers find it: a read-only text of which they ask for a line, a
 /// word or a character at a time.
 #pragma once
 
@@ -13,6 +13,6 @@ class MessageViewWidget;
 void InstallMessageViewAccessibility();
 
 /// Tells screen readers, if any listens, what has changed in the view's text.
-void TellAccessibility(MessageViewWidget& widget, const MessageView::Change& change);
+void NotifyAccessibility(MessageViewWidget& widget, const MessageView::Change& change);
 
 }  // namespace korvanta

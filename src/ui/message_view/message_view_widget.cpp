@@ -1,6 +1,8 @@
 #include "ui/message_view/message_view_widget.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QWheelEvent>
@@ -9,11 +11,12 @@
 
 #include "ui/kit/theme.h"
 #include "ui/message_view/message_view_accessible.h"
+#include "ui/message_view/message_view_menu.h"
+#include "ui/message_view/motion_keys.h"
+#include "ui/message_view/new_lines_mark.h"
 
 namespace korvanta {
 namespace {
-
-constexpr int kFrameMilliseconds = 16;
 
 /// Bytes of text that one step of the scroll bar stands for: 1 until the text outgrows an int.
 std::size_t BytesPerStep(std::size_t size) {
@@ -23,7 +26,10 @@ std::size_t BytesPerStep(std::size_t size) {
 }  // namespace
 
 MessageViewWidget::MessageViewWidget(MessageView& view, QWidget* parent)
-    : QAbstractScrollArea(parent), view_(view), canvas_(view, font()) {
+    : QAbstractScrollArea(parent),
+      view_(view),
+      canvas_(view, font()),
+      frames_(this, [this] { position_.Settle(); }) {
   InstallMessageViewAccessibility();
   setObjectName(QStringLiteral("rbMessages"));
   setAccessibleName(QStringLiteral("Messages"));
@@ -36,145 +42,107 @@ MessageViewWidget::MessageViewWidget(MessageView& view, QWidget* parent)
   verticalScrollBar()->installEventFilter(this);
   connect(verticalScrollBar(), &QScrollBar::actionTriggered, this,
           &MessageViewWidget::OnScrollAction);
-
-  frame_timer_.setObjectName(QStringLiteral("frame"));
-  frame_timer_.setSingleShot(true);
-  frame_timer_.setTimerType(Qt::PreciseTimer);
-  connect(&frame_timer_, &QTimer::timeout, this, [this] {
-    last_frame_.restart();
-    Settle();
-    viewport()->update();
-  });
-  connect(&drag_timer_, &QTimer::timeout, this, [this] { DragTo(pointer_); });
-  view_.on_changed = [this](const MessageView::Change& change) { OnChanged(change); };
-  follow_ = IsAtEnd();
   MakeActions();
+
+  view_.on_changed = [this](const MessageView::Change& change) { TextChanged(change); };
+  position_.on_changed = [this] { ShowPosition(); };
+  finder_.on_changed = [this] {
+    setViewportMargins(0, 0, 0, finder_.height());
+    finder_.PlaceBelow(viewport()->geometry());
+    viewport()->update();
+  };
+  mouse_.on_released = [this] { CopySelection(view_, QClipboard::Selection); };
 }
 
 MessageViewWidget::~MessageViewWidget() { view_.on_changed = nullptr; }
 
-void MessageViewWidget::OnChanged(const MessageView::Change& change) {
-  using What = MessageView::Change::What;
-  if (change.what == What::Cleared) {
-    top_ = anchor_ = 0;
-  } else if (change.what == What::Inserted) {
-    if (!view_.IsScrollLocked()) {
-      follow_ = IsAtEnd();
-    }
-    // Text that comes in above, or right at the top, pushes nothing that is seen away; the first
-    // text of an empty view is seen.
-    if (change.offset <= top_ && change.offset + change.length < view_.size()) {
-      top_ += change.length;
-      wrap_changed_ = true;
-      anchor_ = top_;
-    } else if (change.offset <= anchor_) {
-      anchor_ = top_;
-    }
+/// The keys hold in the whole window, so that nobody has to leave the chat line for them. The main
+/// menu has Ctrl+F and F3 for uses of its own.
+void MessageViewWidget::MakeActions() {
+  using Direction = MessageSearch::Direction;
+  struct Entry {
+    const char* name;
+    const char* caption;
+    const char* keys;
+    std::function<void()> act;
+  };
+  const Entry entries[] = {
+      {"mnuFind", "&Find", "Ctrl+Shift+F", [this] { finder_.Open(); }},
+      {"mnuFindOlder", "Find &Older", "Ctrl+G", [this] { finder_.Next(Direction::Older); }},
+      {"mnuFindNewer", "Find &Newer", "Ctrl+Shift+G", [this] { finder_.Next(Direction::Newer); }},
+      {"mnuNewLines", "&Show New Lines", "Ctrl+J", [this] { position_.ShowUnseen(); }},
+      {"mnuLarger", "&Larger Text", "Ctrl++; Ctrl+=", [this] { SetZoom(zoom_.By(1)); }},
+      {"mnuSmaller", "S&maller Text", "Ctrl+-", [this] { SetZoom(zoom_.By(-1)); }},
+      {"mnuNormalSize", "Normal Si&ze", "Ctrl+0", [this] { SetZoom({}); }},
+  };
+  for (const auto& [name, caption, keys, act] : entries) {
+    auto* action = new QAction(QLatin1String(caption), this);
+    action->setObjectName(QLatin1String(name));
+    action->setShortcuts(
+        QKeySequence::listFromString(QLatin1String(keys), QKeySequence::PortableText));
+    connect(action, &QAction::triggered, this, act);
+    addAction(action);
   }
-  if (change.what == What::Inserted || change.what == What::Cleared) {
-    column_ = -1;
-  }
-  end_changed_ = end_changed_ || change.what != What::Selection;
-  search_.TextChanged(change);
-  unseen_.TextChanged(change, view_.IsScrollLocked());
-  TellAccessibility(*this, change);
-  ScheduleFrame();
-}
-
-/// Whether the next line goes in at the end and is to be seen there.
-bool MessageViewWidget::IsAtEnd() const {
-  return !view_.IsScrollLocked() && view_.caret() == view_.size();
-}
-
-/// Whether the end is in sight, and not only because all of the text is.
-bool MessageViewWidget::IsEndLookedAt() const {
-  return !end_changed_ && top_ >= last_top_ && (last_top_ > 0 || IsAtEnd());
+  mnuNewLines = findChild<QAction*>(QStringLiteral("mnuNewLines"));
+  mnuNewLines->setEnabled(false);
 }
 
 /// However many changes come in, they are drawn together and at most once a frame.
-void MessageViewWidget::ScheduleFrame() {
-  if (isVisible() && !frame_timer_.isActive()) {
-    const qint64 since = last_frame_.isValid() ? last_frame_.elapsed() : kFrameMilliseconds;
-    frame_timer_.start(static_cast<int>(std::max<qint64>(0, kFrameMilliseconds - since)));
+void MessageViewWidget::TextChanged(const MessageView::Change& change) {
+  position_.TextChanged(change);
+  caret_.TextChanged(change);
+  finder_.TextChanged(change);
+  NotifyAccessibility(*this, change);
+  if (isVisible()) {
+    frames_.Schedule();
   }
 }
 
-/// Brings what is seen in line with the text, and the scroll bar with it.
-void MessageViewWidget::Settle() {
-  if (end_changed_) {
-    last_top_ = canvas_.LastTop();
-  }
-  if (wrap_changed_ && !follow_) {
-    top_ = canvas_.rows().StartOf(anchor_);
-  }
-  if (follow_ || top_ > last_top_) {
-    top_ = anchor_ = last_top_;
-  }
-  follow_ = wrap_changed_ = end_changed_ = false;
-  ShowTop();
-  RefreshNewLines();
-}
-
-/// What came in since the last frame takes its effect before the user's next move takes its own.
-void MessageViewWidget::SettleChanges() {
-  if (end_changed_) {
-    Settle();
-  }
-}
-
-void MessageViewWidget::ShowTop() {
+void MessageViewWidget::ShowPosition() {
   QScrollBar* const bar = verticalScrollBar();
   const QSignalBlocker quiet(bar);
+  const std::size_t top = position_.top();
+  const std::size_t last = position_.last_top();
   const std::size_t step = BytesPerStep(view_.size());
-  bar->setRange(0, static_cast<int>(last_top_ / step));
-  bar->setEnabled(last_top_ > 0);  // always there, but no thumb to see when all of the text is
-  bar->setPageStep(std::max(1, static_cast<int>((view_.size() - last_top_) / step)));
-  if (!bar->isSliderDown() || top_ == last_top_) {
-    bar->setValue(static_cast<int>(top_ / step));
+  bar->setRange(0, static_cast<int>(last / step));
+  bar->setEnabled(last > 0);  // always there, but no thumb to see when all of the text is
+  bar->setPageStep(std::max(1, static_cast<int>((view_.size() - last) / step)));
+  if (!bar->isSliderDown() || top == last) {
+    bar->setValue(static_cast<int>(top / step));
   }
-}
 
-void MessageViewWidget::ScrollTo(std::size_t top) {
-  follow_ = false;
-  wrap_changed_ = false;
-  top_ = anchor_ = top;
-  Settle();
+  const UnseenLines& unseen = position_.unseen();
+  mnuNewLines->setEnabled(unseen.count() > 0);
+  if (btnNewLines == nullptr && unseen.count() > 0) {
+    btnNewLines = new NewLinesMark(viewport());
+    connect(btnNewLines, &QToolButton::clicked, mnuNewLines, &QAction::trigger);
+  }
+  if (btnNewLines != nullptr) {
+    btnNewLines->Show(unseen, unseen.newest() < top);
+  }
   viewport()->update();
-}
-
-void MessageViewWidget::ShowOffset(std::size_t offset) {
-  SettleChanges();
-  ScrollTo(canvas_.TopShowing(offset, top_));
-}
-
-void MessageViewWidget::ScrollRows(int rows) {
-  SettleChanges();
-  const TextRows& text_rows = canvas_.rows();
-  ScrollTo(rows < 0 ? text_rows.Up(top_, static_cast<std::size_t>(-rows))
-                    : text_rows.Down(top_, static_cast<std::size_t>(rows)));
 }
 
 /// Steps of the bar are rows and pages of rows; it takes the new position from here.
 void MessageViewWidget::OnScrollAction(int action) {
-  const int page = static_cast<int>(std::max<std::size_t>(2, canvas_.WholeRows())) - 1;
   switch (action) {
     case QAbstractSlider::SliderSingleStepAdd:
-      ScrollRows(1);
+      position_.ScrollRows(1);
       break;
     case QAbstractSlider::SliderSingleStepSub:
-      ScrollRows(-1);
+      position_.ScrollRows(-1);
       break;
     case QAbstractSlider::SliderPageStepAdd:
-      ScrollRows(page);
+      position_.ScrollRows(position_.page());
       break;
     case QAbstractSlider::SliderPageStepSub:
-      ScrollRows(-page);
+      position_.ScrollRows(-position_.page());
       break;
     case QAbstractSlider::SliderToMinimum:
-      ScrollTo(0);
+      position_.ScrollTo(0);
       break;
     case QAbstractSlider::SliderToMaximum:
-      ScrollTo(view_.size());
+      position_.ScrollTo(view_.size());
       break;
     default:
       return;  // the thumb is being dragged
@@ -185,9 +153,9 @@ void MessageViewWidget::OnScrollAction(int action) {
 /// Reached only by the thumb: every other way sets the bar quietly.
 void MessageViewWidget::scrollContentsBy(int /*dx*/, int /*dy*/) {
   const QScrollBar* const bar = verticalScrollBar();
-  const auto offset = static_cast<std::size_t>(bar->value()) * BytesPerStep(view_.size());
-  ScrollTo(bar->value() == bar->maximum() ? last_top_
-                                          : canvas_.rows().StartOf(std::min(offset, view_.size())));
+  const bool to_end = bar->value() == bar->maximum();
+  position_.ScrollTo(to_end ? view_.size()
+                            : static_cast<std::size_t>(bar->value()) * BytesPerStep(view_.size()));
 }
 
 /// The wheel over the scroll bar turns rows like anywhere else, not bytes.
@@ -200,11 +168,11 @@ bool MessageViewWidget::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void MessageViewWidget::wheelEvent(QWheelEvent* event) {
+  event->accept();
   if (event->modifiers().testFlag(Qt::ControlModifier)) {
     zoom_wheel_ += event->angleDelta().y();
-    Zoom(zoom_wheel_ / QWheelEvent::DefaultDeltasPerStep);
+    SetZoom(zoom_.By(zoom_wheel_ / QWheelEvent::DefaultDeltasPerStep));
     zoom_wheel_ %= QWheelEvent::DefaultDeltasPerStep;
-    event->accept();
     return;
   }
   // Touch pads send many small steps; what is less than a row is kept for the next one.
@@ -217,17 +185,82 @@ void MessageViewWidget::wheelEvent(QWheelEvent* event) {
   const int whole = static_cast<int>(wheel_rows_);
   wheel_rows_ -= static_cast<float>(whole);
   if (whole != 0) {
-    ScrollRows(-whole);
+    position_.ScrollRows(-whole);
   }
-  event->accept();
+}
+
+/// The keys of the text come before the same keys of the window's menus.
+bool MessageViewWidget::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) {
+    auto* const key = static_cast<QKeyEvent*>(event);
+    if (key->matches(QKeySequence::Copy) || key->matches(QKeySequence::SelectAll) ||
+        MotionOf(*key)) {
+      event->accept();
+      return true;
+    }
+  } else if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+    viewport()->update();  // the caret comes or goes
+  }
+  return QAbstractScrollArea::event(event);
+}
+
+void MessageViewWidget::keyPressEvent(QKeyEvent* event) {
+  const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
+  if (event->matches(QKeySequence::Copy)) {
+    CopySelection(view_, QClipboard::Clipboard);
+  } else if (event->matches(QKeySequence::SelectAll)) {
+    view_.SelectAll();
+  } else if (event->key() == Qt::Key_F10 && modifiers == Qt::ShiftModifier) {
+    OpenMenuAtCaret();
+  } else if (modifiers == Qt::ControlModifier && event->key() == Qt::Key_Up) {
+    position_.ScrollRows(-1);
+  } else if (modifiers == Qt::ControlModifier && event->key() == Qt::Key_Down) {
+    position_.ScrollRows(1);
+  } else if (const auto move = MotionOf(*event)) {
+    caret_.Move(move->motion, move->extend);
+  } else {
+    event->ignore();
+  }
+}
+
+void MessageViewWidget::contextMenuEvent(QContextMenuEvent* event) {
+  if (event->reason() == QContextMenuEvent::Keyboard) {
+    OpenMenuAtCaret();
+  } else {
+    OpenMessageMenu(*this, view_, event->globalPos());
+  }
+}
+
+void MessageViewWidget::OpenMenuAtCaret() {
+  const auto caret = canvas_.CaretRect(view_.caret(), position_.top());
+  const QPoint place = caret ? caret->bottomLeft() : viewport()->rect().center();
+  OpenMessageMenu(*this, view_, viewport()->mapToGlobal(place));
+}
+
+void MessageViewWidget::SetZoom(TextZoom zoom) {
+  if (zoom != zoom_) {
+    position_.HoldEnd();
+    zoom_ = zoom;
+    ApplyFont();
+  }
+}
+
+void MessageViewWidget::ApplyFont() {
+  QFont scaled = font();
+  const double factor = zoom_.percent() / 100.0;
+  if (scaled.pixelSize() > 0) {
+    scaled.setPixelSize(qRound(scaled.pixelSize() * factor));
+  } else {
+    scaled.setPointSizeF(scaled.pointSizeF() * factor);
+  }
+  canvas_.SetFont(scaled);
+  position_.Rewrap(canvas_.WholeRows());
 }
 
 void MessageViewWidget::resizeEvent(QResizeEvent* /*event*/) {
-  follow_ = follow_ || (IsEndLookedAt() && !view_.IsScrollLocked());
-  wrap_changed_ = end_changed_ = true;
+  finder_.PlaceBelow(viewport()->geometry());
   canvas_.SetSize(viewport()->size());
-  PlaceTools();
-  Settle();
+  position_.Rewrap(canvas_.WholeRows());
 }
 
 void MessageViewWidget::changeEvent(QEvent* event) {
@@ -239,23 +272,13 @@ void MessageViewWidget::changeEvent(QEvent* event) {
 
 void MessageViewWidget::showEvent(QShowEvent* event) {
   QAbstractScrollArea::showEvent(event);
-  Settle();
+  position_.Settle();
 }
 
 void MessageViewWidget::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   painter.fillRect(event->rect(), theme::kPaper);
-  canvas_.Paint(painter, top_, hasFocus(), search_.match());
-}
-
-void MessageViewWidget::focusInEvent(QFocusEvent* event) {
-  QAbstractScrollArea::focusInEvent(event);
-  viewport()->update();
-}
-
-void MessageViewWidget::focusOutEvent(QFocusEvent* event) {
-  QAbstractScrollArea::focusOutEvent(event);
-  viewport()->update();
+  canvas_.Paint(painter, position_.top(), hasFocus(), finder_.match());
 }
 
 }  // namespace korvanta
