@@ -14,7 +14,7 @@
 namespace korvanta {
 namespace {
 
-/// A signal writes one byte into the first; the event loop hears it at the second. Global, for a
+/// A signal writes one byte into the first; the event loop watches the second. Global, for a
 /// signal's handler is given nothing else.
 std::array<int, 2> sockets;
 

@@ -3,27 +3,25 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
 #include <QStandardPaths>
+#include <cerrno>
 #include <filesystem>
 #include <system_error>
-#include <utility>
-
-#ifdef Q_OS_UNIX
-#include <cerrno>
 #include <unistd.h>
-#endif
+#include <utility>
 
 #include "ui/kit/text.h"
 
 namespace korvanta {
 namespace {
 
-/// Far above what a thousand saved logins need; more is not a file of ours.
+/// Far above what a thousand saved logins need. A longer file was not written by this program.
 constexpr qint64 kLongestFile = qint64{4} * 1024 * 1024;
 
 constexpr QFileDevice::Permissions kUserOnly = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
 
-QString FreeNameAside(const QString& file) {
+QString FreeBackupName(const QString& file) {
   QString name = file + QStringLiteral(".bak");
   for (int number = 2; QFileInfo::exists(name); ++number) {
     name = file + QStringLiteral(".bak%1").arg(number);
@@ -31,67 +29,30 @@ QString FreeNameAside(const QString& file) {
   return name;
 }
 
-/// Gives the file a second name, under which it stays when the first is replaced, for its user
-/// only.
-bool KeepAside(const QString& file) {
-  const QString aside = FreeNameAside(file);
-  if (QFile::setPermissions(file, kUserOnly)) {
-    std::error_code error;
-    std::filesystem::create_hard_link(file.toStdU16String(), aside.toStdU16String(), error);
-    if (!error) {
-      return true;
-    }
-  }
-  if (!QFile::copy(file, aside)) {
+/// Gives the file a second name, under which it stays when the first is replaced; copies it where
+/// the file system knows only one name for a file.
+bool BackUp(const QString& file) {
+  const QString backup = FreeBackupName(file);
+  std::error_code error;
+  std::filesystem::create_hard_link(file.toStdU16String(), backup.toStdU16String(), error);
+  return !error || QFile::copy(file, backup);
+}
+
+/// The temporary file of a save, and later the file itself, has the permissions of the file that it
+/// replaces. So there is one before the first save, and no other user may read it.
+bool MakePrivateFile(QFile& file) {
+  if (!file.open(QIODevice::ReadWrite, kUserOnly)) {
     return false;
   }
   // In vain only where the file system knows no permissions.
-  QFile::setPermissions(aside, kUserOnly);
+  file.setPermissions(kUserOnly);
+  file.close();
   return true;
 }
 
-/// The name under which the new file grows. Whatever has it is replaced, but a folder that holds
-/// something stays and the name gets a number.
-QString NameToGrow(const QString& file) {
-  QString name = file + QStringLiteral(".unsaved");
-  for (int number = 2; QFileInfo(name).isDir() && !QFileInfo(name).isSymLink(); ++number) {
-    if (QDir().rmdir(name)) {
-      break;
-    }
-    name = file + QStringLiteral(".unsaved%1").arg(number);
-  }
-  return name;
-}
-
-/// Whether what was written is on the disk, as far as the file system can tell.
-bool Sync(const QFile& file) {
-#ifdef Q_OS_UNIX
-  return fsync(file.handle()) == 0 || errno == EINVAL;
-#else
-  return true;
-#endif
-}
-
-/// Writes the text into a file of that name, in place of any that is there, which only the user can
-/// ever read. Returns why it could not, an empty text when it could.
-QString WriteAnew(const QString& name, const std::string& text) {
-  const auto size = static_cast<qint64>(text.size());
-  QFile::remove(name);
-  QFile file(name);
-  if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly, kUserOnly)) {
-    return file.errorString();
-  }
-  QString reason;
-  if (file.write(text.data(), size) != size || !file.flush()) {
-    reason = file.errorString();
-  } else if (!Sync(file)) {
-    reason = qt_error_string();
-  }
-  if (!reason.isEmpty()) {
-    file.remove();
-  }
-  return reason;
-}
+/// Whether what was written is on the disk, as far as the file system can tell. Committing a save
+/// synchronizes as well, but ignores a failure and replaces the good file.
+bool Sync(const QFileDevice& file) { return fsync(file.handle()) == 0 || errno == EINVAL; }
 
 std::string Failure(const QString& file, const QString& reason) {
   return ToBytes(
@@ -123,25 +84,34 @@ std::string IniSettingsStore::Commit() {
   if (!read_failure_.empty()) {
     return read_failure_;
   }
+  const std::string text = entries_.Text();
+  const auto size = static_cast<qint64>(text.size());
+  if (size > kLongestFile) {
+    return Failure(file_, QStringLiteral("they would take %1 bytes, and no more than %2 can be "
+                                         "read back")
+                              .arg(size)
+                              .arg(kLongestFile));
+  }
+  // Behind a symbolic link it is the file that is replaced, not the link.
   const QFileInfo info(file_);
   QDir().mkpath(info.path());
-  // Behind a symbolic link it is the file that is replaced, not the link; a link that leads to no
-  // file is replaced itself.
-  const QString target = info.exists() ? info.canonicalFilePath() : file_;
-  // A save that was killed leaves at most this one file, and the next save replaces it.
-  const QString unsaved = NameToGrow(target);
-  if (const QString reason = WriteAnew(unsaved, entries_.Text()); !reason.isEmpty()) {
-    return Failure(file_, reason);
+  QFile old_file(file_);
+  if (!MakePrivateFile(old_file)) {
+    return Failure(file_, old_file.errorString());
   }
-  std::error_code error;
-  if (is_damaged_ && !KeepAside(target)) {
-    QFile::remove(unsaved);
-    return Failure(file_, QStringLiteral("the damaged file there cannot be kept aside"));
+  QSaveFile new_file(file_);
+  if (!new_file.open(QIODevice::WriteOnly) || new_file.write(text.data(), size) != size ||
+      !new_file.flush()) {
+    return Failure(file_, new_file.errorString());
   }
-  std::filesystem::rename(unsaved.toStdU16String(), target.toStdU16String(), error);
-  if (error) {
-    QFile::remove(unsaved);
-    return Failure(file_, QString::fromStdString(error.message()));
+  if (!Sync(new_file)) {
+    return Failure(file_, qt_error_string());
+  }
+  if (is_damaged_ && !BackUp(info.canonicalFilePath())) {
+    return Failure(file_, QStringLiteral("the damaged file there cannot be backed up"));
+  }
+  if (!new_file.commit()) {
+    return Failure(file_, new_file.errorString());
   }
   is_damaged_ = false;
   return {};

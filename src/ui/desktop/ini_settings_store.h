@@ -11,10 +11,10 @@
 namespace korvanta {
 
 /// The file is read once, with the first call that needs it, and replaced as a whole by `Commit`;
-/// it is at every instant the old one or the new one, readable by its user only. The new one grows
-/// beside it under its name with ".unsaved" added, and a number where a folder has that name.
+/// it is at every instant the old one or the new one, readable by its user only. What could not be
+/// read back, because it is longer than 4 MiB, is not written: `Commit` fails.
 ///
-/// A file that is damaged or that cannot be one of settings is not lost: `Commit` puts it aside
+/// A file that is damaged, or too long to be one of settings, is not lost: `Commit` backs it up
 /// under its name with ".bak" added, and a number where that is taken. What could be read of it is
 /// kept. A file that cannot be read at all is left alone; `Commit` then fails.
 class IniSettingsStore final : public SettingsStore {
@@ -34,7 +34,7 @@ class IniSettingsStore final : public SettingsStore {
 
   QString file_;
   bool is_loaded_ = false;
-  bool is_damaged_ = false;   ///< the file is to be put aside
+  bool is_damaged_ = false;   ///< the file is to be backed up
   std::string read_failure_;  ///< why the file could not be read; empty when it could
   SettingsText entries_;
 };

@@ -1,17 +1,24 @@
 #include "ui/desktop/qt_message_box.h"
 
 #include <QApplication>
+#include <QFontMetrics>
 #include <QMessageBox>
 #include <QPointer>
+#include <QScreen>
+#include <algorithm>
+#include <numeric>
 
 #include "ui/kit/text.h"
 
 namespace korvanta {
 namespace {
 
-constexpr int kMostLines = 24;
-constexpr int kLineLength = 40;  ///< in characters
-constexpr int kTabWidth = 8;
+/// What a box has around its text: frame, icon and buttons.
+constexpr QSize kAroundText{160, 200};
+
+/// The toolkit breaks lines at this width, or at half the screen's where that is less.
+constexpr int kLineWidth = 500;
+
 constexpr QChar kBreakPlace{0x200B};
 constexpr QChar kEllipsis{0x2026};
 
@@ -27,6 +34,22 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
   return QMessageBox::NoIcon;
 }
 
+/// The text with invisible places to break in the words that are wider than `width`.
+QString WithBreakPlaces(const QString& text, const QFontMetrics& font, int width) {
+  QString broken;
+  int word_width = 0;
+  for (const QChar character : text) {
+    const int advance = font.horizontalAdvance(character);
+    word_width = character.isSpace() ? 0 : word_width + advance;
+    if (word_width > width) {
+      broken += kBreakPlace;
+      word_width = advance;
+    }
+    broken += character;
+  }
+  return broken;
+}
+
 /// Shows the box above the active window and gives the keyboard back to that window afterwards.
 int Execute(std::string_view text, std::string_view title, QMessageBox::Icon icon,
             QMessageBox::StandardButtons buttons) {
@@ -36,7 +59,9 @@ int Execute(std::string_view text, std::string_view title, QMessageBox::Icon ico
   box->setWindowTitle(ToQString(title));
   box->setAccessibleName(ToQString(title));
   box->setTextFormat(Qt::PlainText);
-  box->setText(QtMessageBox::Fit(ToQString(text)));
+  box->ensurePolished();
+  box->setText(QtMessageBox::Fit(ToQString(text), box->fontMetrics(),
+                                 box->screen()->availableSize() - kAroundText));
   box->setIcon(icon);
   box->setStandardButtons(buttons);
   if (buttons.testFlag(QMessageBox::No)) {
@@ -62,27 +87,28 @@ bool QtMessageBox::Ask(std::string_view text, std::string_view title) {
          QMessageBox::Yes;
 }
 
-QString QtMessageBox::Fit(const QString& text) {
-  QString fitted;
-  int line = 1;
-  int column = 0;
-  int word = 0;
-  for (const QChar character : text) {
-    column += character == QLatin1Char('\t') ? kTabWidth : 1;
-    word = character.isSpace() ? 0 : word + 1;
-    if (character == QLatin1Char('\n') || column > kLineLength) {
-      column = 0;
-      if (++line > kMostLines) {
-        return fitted + kEllipsis;
-      }
-    }
-    if (word > kLineLength) {
-      fitted += kBreakPlace;
-      word = 1;
-    }
-    fitted += character;
+QString QtMessageBox::Fit(const QString& text, const QFontMetrics& font, QSize room) {
+  const int line_width = std::min(kLineWidth, room.width() / 2);
+  const auto shown = [&](qsizetype kept) {
+    const qsizetype half = kept / 2;
+    return WithBreakPlaces(
+        kept == text.size() ? text : text.first(kept - half) + kEllipsis + text.last(half), font,
+        room.width());
+  };
+  const auto fits = [&](qsizetype kept) {
+    const QRect line(0, 0, line_width, 0);
+    return font.boundingRect(line, Qt::TextWordWrap | Qt::TextExpandTabs, shown(kept)).height() <=
+           room.height();
+  };
+  if (fits(text.size())) {
+    return shown(text.size());
   }
-  return fitted;
+  qsizetype kept = 0;
+  for (qsizetype too_many = text.size(); too_many - kept > 1;) {
+    const qsizetype middle = std::midpoint(kept, too_many);
+    (fits(middle) ? kept : too_many) = middle;
+  }
+  return shown(kept);
 }
 
 }  // namespace korvanta

@@ -58,7 +58,8 @@ void WithNextBox(Act act) {
   });
 }
 
-TEST(QtMessageBoxTest, ShowsItsIconAndOneButton) {
+TEST(QtMessageBoxTest, ShowsItsTextItsIconAndOneButton) {
+  const std::string path = "/home/" + std::string(94, 'x');
   const struct {
     MessageIcon icon;
     QMessageBox::Icon shown;
@@ -66,16 +67,50 @@ TEST(QtMessageBoxTest, ShowsItsIconAndOneButton) {
                {MessageIcon::Exclamation, QMessageBox::Warning},
                {MessageIcon::Critical, QMessageBox::Critical}};
   for (const auto& c : icons) {
-    int shown_count = 0;
+    QString text;
     WithNextBox([&](QMessageBox& box) {
-      ++shown_count;
+      text = box.text();
       EXPECT_EQ(box.windowTitle(), QStringLiteral("Korvanta"));
       EXPECT_EQ(box.icon(), c.shown);
       EXPECT_EQ(box.windowModality(), Qt::ApplicationModal);
       EXPECT_EQ(box.standardButtons(), QMessageBox::Ok);
     });
-    QtMessageBox().Show("Mind this.", "Korvanta", c.icon);
-    EXPECT_EQ(shown_count, 1);
+    QtMessageBox().Show(path, "Korvanta", c.icon);
+    EXPECT_EQ(text.toStdString(), path);
+  }
+}
+
+TEST(QtMessageBoxTest, TextsAreWholeUnlessTheyOutgrowTheScreen) {
+  const QFontMetrics font((QFont()));
+  const QSize room(1000, 500);
+  const QString end = QStringLiteral(" (ShellExecute code 5).");
+  const QString widest(room.width() / font.horizontalAdvance(QLatin1Char('w')), QLatin1Char('w'));
+  const QString many_lines = QStringLiteral("two\nlines\n").repeated(5000);
+  const struct {
+    QString text;
+    bool is_whole;
+    bool has_break_places;
+  } cases[] = {
+      {QStringLiteral(""), true, false},
+      {QStringLiteral("\t one \xe9 ").repeated(20) + end, true, false},
+      {widest + end, true, false},
+      {widest + QLatin1Char('w') + end, true, true},
+      {many_lines + end, false, false},
+      {widest.repeated(5000) + end, false, true},
+  };
+  for (const auto& c : cases) {
+    QString shown = QtMessageBox::Fit(c.text, font, room);
+    EXPECT_EQ(shown.contains(QChar(0x200B)), c.has_break_places);
+    EXPECT_LE(font.boundingRect(QRect(0, 0, 500, 0), Qt::TextWordWrap, shown).height(), 500);
+    for (const QString& word : shown.split(QChar(0x200B))) {
+      EXPECT_LE(font.horizontalAdvance(word.section(QLatin1Char(' '), 0, 0)), 1000 + 1);
+    }
+    shown.remove(QChar(0x200B));
+    const QStringList parts = shown.split(QChar(0x2026));
+    EXPECT_EQ(parts.size(), c.is_whole ? 1 : 2);
+    EXPECT_TRUE(c.text.startsWith(parts.first()) && c.text.endsWith(parts.last()));
+    EXPECT_TRUE(shown.endsWith(c.text.isEmpty() ? QString() : end));
+    EXPECT_TRUE(c.is_whole ? shown == c.text : parts.first().size() > 50);
   }
 }
 

@@ -5,15 +5,13 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <QThread>
-#include <gmock/gmock.h>
-
-#ifdef Q_OS_UNIX
 #include <csignal>
+#include <gmock/gmock.h>
+#include <set>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
-#endif
 
 namespace korvanta {
 namespace {
@@ -21,151 +19,112 @@ namespace {
 using testing::HasSubstr;
 using testing::StartsWith;
 
+constexpr std::size_t kLongestFile = std::size_t{4} << 20;
+
 class IniSettingsStoreTest : public testing::Test {
  protected:
-  void Write(const QByteArray& bytes) const {
+  void Write(const QByteArray& bytes, mode_t mode = 0644) const {
     QDir().mkpath(QFileInfo(path).path());
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(bytes);
+    ASSERT_EQ(fchmod(file.handle(), mode), 0);
   }
 
   static QByteArray Read(const QString& name) {
     QFile file(name);
-    file.open(QIODevice::ReadOnly);
-    return file.readAll();
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
   }
 
-  static std::string Stored(const QString& file, std::string_view section, std::string_view key) {
-    return IniSettingsStore(file).Get(section, key, "(default)");
+  static mode_t Mode(const QString& file) {
+    struct stat status {};
+    return stat(file.toStdString().c_str(), &status) == 0 ? status.st_mode & 0777U : 0;
   }
 
-  /// The names in the folder of the settings.
-  QStringList Files() const { return QFileInfo(path).dir().entryList(QDir::Files); }
+  std::string Stored(std::string_view section, std::string_view key) const {
+    return IniSettingsStore(path).Get(section, key, "(default)");
+  }
 
-  void SaveOne() const {
+  /// What a commit says of a file that has one entry more.
+  std::string SaveOne() const {
     IniSettingsStore store(path);
     store.Save("Menu", "Sounds", "False");
-    EXPECT_EQ(store.Commit(), "");
-    EXPECT_EQ(Stored(path, "Menu", "Sounds"), "False");
+    return store.Commit();
   }
 
   QTemporaryDir folder;
   QString path = folder.filePath(QStringLiteral("config/Korvanta/Korvanta.ini"));
 };
 
-TEST_F(IniSettingsStoreTest, EntriesComeBackUnchangedAndApart) {
-  std::string all_bytes;
-  for (int byte = 0; byte < 256; ++byte) {
-    all_bytes += static_cast<char>(byte);
-  }
-  const struct {
-    std::string section, key, text;
-  } entries[] = {
-      {"Logins", "User/Password", "\xc9\xc7,\xc5;a,b;"},
-      {"Logins/User", "Password", "another entry"},
-      {"Client Data", "Time", "1"},
-      {"Client%20Data", "Time", "2"},
-      {"Logins", "Last User", all_bytes},
-      {"Menu", "Empty", ""},
-      {"Menu", "Blanks", "  two on each side  "},
-      {"Menu", " edge=[;#]%41", "%41 %zz %"},
-      {"A]\nb", "c\nd", "e\r\nf=g"},
-      {"Menu", "empty", "its letters differ in case"},
-  };
-  IniSettingsStore store(path);
-  for (const auto& [section, key, text] : entries) {
-    store.Save(section, key, "to be replaced");
-    store.Save(section, key, text);
-  }
-  EXPECT_EQ(store.Commit(), "");
-  for (const auto& [section, key, text] : entries) {
-    EXPECT_EQ(store.Get(section, key, "(default)"), text) << section << " > " << key;
-    EXPECT_EQ(Stored(path, section, key), text) << section << " > " << key;
-  }
-  EXPECT_THAT(Read(path).toStdString(), HasSubstr("\nUser/Password=%C9%C7,%C5;a,b;\n"));
-}
-
-TEST_F(IniSettingsStoreTest, NothingIsStoredBeforeCommitAndReadingWritesNothing) {
+TEST_F(IniSettingsStoreTest, CommitAloneWritesAFileForTheUserAlone) {
   IniSettingsStore store(path);
   store.Save("Menu", "Sounds", "False");
   EXPECT_EQ(store.Get("Menu", "Sounds", "True"), "False");
   EXPECT_EQ(store.Get("Menu", "ScrollLock", "True"), "True");
   EXPECT_FALSE(QFileInfo::exists(QFileInfo(path).path()));
-}
-
-TEST_F(IniSettingsStoreTest, ForeignLinesStayInTheirPlaces) {
-  Write("; mine\n\n[Menu]\nSounds=True\nColour = \"dark\"\n\n[Other]\r\nx=1, 2\n#end\n");
-  IniSettingsStore store(path);
-  store.Save("Menu", "Sounds", "False");
-  store.Save("Menu", "ScrollLock", "True");
-  store.Save("Settings", "Login", "False");
   EXPECT_EQ(store.Commit(), "");
-  EXPECT_EQ(Read(path),
-            "; mine\n\n[Menu]\nSounds=False\nColour = \"dark\"\nScrollLock=True\n\n"
-            "[Other]\nx=1, 2\n#end\n[Settings]\nLogin=False\n");
+  EXPECT_EQ(Read(path), "[Menu]\nSounds=False\n");
+  EXPECT_EQ(Mode(path), 0600U);
+  Write("[Other]\nx=1\n", 0664);
+  EXPECT_EQ(SaveOne(), "");
+  EXPECT_EQ(Read(path), "[Other]\nx=1\n[Menu]\nSounds=False\n");
+  EXPECT_EQ(Mode(path), 0600U);
 }
 
-TEST_F(IniSettingsStoreTest, AByteOrderMarkNeverBecomesPartOfAName) {
-  const QByteArray mark = "\xef\xbb\xbf";
-  for (const QByteArray& start : {mark, mark + mark, "\x01\n" + mark, "\x01\n " + mark + mark}) {
-    Write(start + "[Menu]\nSounds=False\n");
-    EXPECT_EQ(Stored(path, "Menu", "Sounds"), "False");
-    SaveOne();
-    EXPECT_EQ(Read(path), "[Menu]\nSounds=False\n");
-  }
-  Write("; mine\n" + mark + "x=1\n" + mark + "[Menu]\n" + mark + "Sounds=True\n" + mark + "y=2\n");
-  SaveOne();
-  EXPECT_EQ(Read(path),
-            "; mine\n" + mark + "x=1\n" + mark + "[Menu]\nSounds=False\n" + mark + "y=2\n");
-}
-
-TEST_F(IniSettingsStoreTest, DamagedFilesGiveWhatTheyCanAndArePutAside) {
-  QByteArray binary;
-  for (int i = 0; i < 100'000; ++i) {
-    binary += static_cast<char>(i * 7 ^ i >> 5);
-  }
+TEST_F(IniSettingsStoreTest, DamagedFilesGiveWhatTheyCanAndAreBackedUp) {
   const struct {
     const char* name;
     QByteArray bytes;
     std::string last_user;
   } cases[] = {
       {"cut", "[Logins]\nLast User=Ann\nUser/Passw", "Ann"},
-      {"binary", binary, "(default)"},
-      {"too long", QByteArray("[Logins]\nLast User=Ann\n") + QByteArray(100 << 20, '\n'),
-       "(default)"},
-      {"zeros", QByteArray(4096, '\0'), "(default)"},
+      {"binary", QByteArray("\x01\xff\0[\n]=\r;", 9).repeated(10'000), "(default)"},
+      {"too long", "[Logins]\nLast User=Ann\n" + QByteArray(kLongestFile, '\n'), "(default)"},
   };
-  QString aside = path + QStringLiteral(".bak");
+  QString backup = path + QStringLiteral(".bak");
   int number = 1;
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     Write(c.bytes);
-    EXPECT_EQ(Stored(path, "Logins", "Last User"), c.last_user);
-    SaveOne();
-    EXPECT_EQ(Stored(path, "Logins", "Last User"), c.last_user);
-    EXPECT_TRUE(Read(aside) == c.bytes);
-    aside = path + QStringLiteral(".bak%1").arg(++number);
-    SaveOne();
-    EXPECT_FALSE(QFileInfo::exists(aside)) << "a whole file is not put aside";
+    EXPECT_EQ(Stored("Logins", "Last User"), c.last_user);
+    EXPECT_EQ(SaveOne(), "");
+    EXPECT_EQ(Stored("Logins", "Last User"), c.last_user);
+    EXPECT_EQ(Stored("Menu", "Sounds"), "False");
+    EXPECT_TRUE(Read(backup) == c.bytes);
+    EXPECT_EQ(Mode(backup), 0600U);
+    backup = path + QStringLiteral(".bak%1").arg(++number);
+    EXPECT_EQ(SaveOne(), "");
+    EXPECT_FALSE(QFileInfo::exists(backup)) << "a whole file needs no backup";
   }
 }
 
-TEST_F(IniSettingsStoreTest, WhatCannotBeWrittenIsToldInOneSentenceWithTheFile) {
+TEST_F(IniSettingsStoreTest, WhatCouldNotBeReadBackIsNotSaved) {
+  const std::string around = "[A]\nb=\n";
+  const std::string longest(kLongestFile - around.size(), 'x');
+  IniSettingsStore store(path);
+  store.Save("A", "b", longest);
+  EXPECT_EQ(store.Commit(), "");
+  EXPECT_TRUE(Stored("A", "b") == longest);
+  store.Save("A", "b", longest + "x");
+  EXPECT_THAT(store.Commit(), HasSubstr(" 4194305 bytes"));
+  EXPECT_TRUE(Stored("A", "b") == longest);
+}
+
+TEST_F(IniSettingsStoreTest, WhatCannotBeWrittenIsReportedInOneSentenceWithTheFile) {
   Write("in the way");
-  const QString below_a_file = path + QStringLiteral("/Korvanta.ini");
+  const QString in_the_way = path;
   QDir().mkpath(folder.filePath(QStringLiteral("folder.ini")));
-  for (const QString& file : {below_a_file, folder.filePath(QStringLiteral("folder.ini")),
-                              QStringLiteral("/proc/Korvanta.ini"), QStringLiteral("/dev/zero")}) {
-    IniSettingsStore store(file);
-    EXPECT_EQ(store.Get("Menu", "Sounds", "True"), "True");
-    store.Save("Menu", "Sounds", "False");
-    const std::string sentence = store.Commit();
+  for (const QString& file :
+       {in_the_way + QStringLiteral("/Korvanta.ini"), folder.filePath(QStringLiteral("folder.ini")),
+        QStringLiteral("/proc/Korvanta.ini"), QStringLiteral("/dev/zero")}) {
+    path = file;
+    EXPECT_EQ(Stored("Menu", "Sounds"), "(default)");
+    const std::string sentence = SaveOne();
     EXPECT_THAT(sentence,
                 StartsWith("The settings could not be saved in \"" + file.toStdString() + "\": "));
-    EXPECT_EQ(sentence.find("\n"), std::string::npos);
+    EXPECT_EQ(sentence.find('\n'), std::string::npos);
   }
-  EXPECT_EQ(Read(path), "in the way");
+  EXPECT_EQ(Read(in_the_way), "in the way");
 }
 
 TEST_F(IniSettingsStoreTest, FileIsNamedAfterTheProgramUnderTheUsersConfiguration) {
@@ -176,65 +135,23 @@ TEST_F(IniSettingsStoreTest, FileIsNamedAfterTheProgramUnderTheUsersConfiguratio
   qputenv("XDG_CONFIG_HOME", before);
 }
 
-#ifdef Q_OS_UNIX
-
-QFileDevice::Permissions Mode(const QString& file) {
-  return QFileInfo(file).permissions() &
-         (QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup |
-          QFileDevice::WriteGroup | QFileDevice::ReadOther | QFileDevice::WriteOther);
-}
-
-constexpr auto kUserOnly = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
-
-TEST_F(IniSettingsStoreTest, OnlyTheUserMayReadTheFile) {
-  SaveOne();
-  EXPECT_EQ(Mode(path), kUserOnly);
-  QFile::setPermissions(path, kUserOnly | QFileDevice::ReadGroup | QFileDevice::ReadOther);
-  SaveOne();
-  EXPECT_EQ(Mode(path), kUserOnly);
-
-  Write("damaged");
-  QFile::setPermissions(path, kUserOnly | QFileDevice::ReadGroup | QFileDevice::ReadOther);
-  SaveOne();
-  EXPECT_EQ(Mode(path + QStringLiteral(".bak")), kUserOnly);
-}
-
-TEST_F(IniSettingsStoreTest, BehindALinkTheFileIsReplacedAndKeptAside) {
+TEST_F(IniSettingsStoreTest, BehindALinkTheFileIsReplacedAndBackedUp) {
   const QString elsewhere = folder.filePath(QStringLiteral("elsewhere.ini"));
-  Write("");
-  ASSERT_TRUE(QFile::rename(path, elsewhere) && QFile::link(elsewhere, path));
-  SaveOne();
-  EXPECT_TRUE(QFileInfo(path).isSymLink());
-  EXPECT_EQ(Read(elsewhere), "[Menu]\nSounds=False\n");
-
-  Write("damaged");
-  SaveOne();
-  EXPECT_TRUE(QFileInfo(path).isSymLink());
-  EXPECT_EQ(Read(elsewhere + QStringLiteral(".bak")), "damaged");
-}
-
-TEST_F(IniSettingsStoreTest, WhatStandsWhereTheNewFileGrowsIsInNobodysWay) {
-  const QString unsaved = path + QStringLiteral(".unsaved");
-  const QString precious = folder.filePath(QStringLiteral("precious"));
-  Write("precious");
-  ASSERT_TRUE(QFile::rename(path, precious) && QFile::link(precious, unsaved));
-  SaveOne();
-  EXPECT_EQ(Read(precious), "precious") << "no link is followed";
-  EXPECT_EQ(Files(), QStringList(QFileInfo(path).fileName()));
-
-  ASSERT_TRUE(QDir().mkpath(unsaved));
-  SaveOne();
-  EXPECT_FALSE(QFileInfo::exists(unsaved)) << "an empty folder is replaced";
-  ASSERT_TRUE(QDir().mkpath(unsaved + QStringLiteral("/with a folder in it")));
-  SaveOne();
-  SaveOne();
-  EXPECT_EQ(Files(), QStringList(QFileInfo(path).fileName()));
+  QDir().mkpath(QFileInfo(path).path());
+  ASSERT_TRUE(QFile::link(elsewhere, path));
+  for (const char* before : {"", "damaged"}) {  // at first the link leads nowhere
+    if (*before != '\0') {
+      Write(before);
+    }
+    EXPECT_EQ(SaveOne(), "");
+    EXPECT_TRUE(QFileInfo(path).isSymLink());
+    EXPECT_EQ(Read(elsewhere), "[Menu]\nSounds=False\n");
+    EXPECT_EQ(Read(elsewhere + QStringLiteral(".bak")), before);
+  }
 }
 
 TEST_F(IniSettingsStoreTest, FullDiskLeavesTheOldFile) {
-  SaveOne();
-  const QByteArray before = Read(path);
-  Write(before + "damaged\n");
+  Write("[Menu]\nSounds=True\ndamaged\n");
   IniSettingsStore store(path);
   store.Save("Logins", "User/Password", std::string(100'000, 'x'));
   // A limit on the size of files fails a write half-way, as a full disk does.
@@ -247,14 +164,14 @@ TEST_F(IniSettingsStoreTest, FullDiskLeavesTheOldFile) {
   setrlimit(RLIMIT_FSIZE, &old_limit);
   std::signal(SIGXFSZ, old_handler);
   EXPECT_THAT(sentence, HasSubstr(path.toStdString()));
-  EXPECT_EQ(Read(path), before + "damaged\n");
-  EXPECT_EQ(Files(), QStringList(QFileInfo(path).fileName()));
+  EXPECT_EQ(Read(path), "[Menu]\nSounds=True\ndamaged\n");
+  EXPECT_EQ(QFileInfo(path).dir().entryList(QDir::Files).size(), 1);
   EXPECT_EQ(store.Commit(), "") << "room again";
-  EXPECT_EQ(Stored(path, "Menu", "Sounds"), "False");
+  EXPECT_EQ(Stored("Menu", "Sounds"), "True");
 }
 
 TEST_F(IniSettingsStoreTest, ReadOnlyFolderAndUnreadableFileAreLeftAsTheyAre) {
-  SaveOne();
+  EXPECT_EQ(SaveOne(), "");
   const QByteArray before = Read(path);
   const std::string file = path.toStdString();
   const std::string above = QFileInfo(path).path().toStdString();
@@ -270,10 +187,8 @@ TEST_F(IniSettingsStoreTest, ReadOnlyFolderAndUnreadableFileAreLeftAsTheyAre) {
   for (const bool can_read : {true, false}) {
     chmod(file.c_str(), can_read ? 0600 : 0);
     chmod(above.c_str(), can_read ? 0500 : 0700);
-    IniSettingsStore store(path);
-    EXPECT_EQ(store.Get("Menu", "Sounds", "True"), can_read ? "False" : "True");
-    store.Save("Menu", "Sounds", "True");
-    EXPECT_THAT(store.Commit(), HasSubstr(file));
+    EXPECT_EQ(Stored("Menu", "Sounds"), can_read ? "False" : "(default)");
+    EXPECT_THAT(SaveOne(), HasSubstr(file));
   }
   chmod(file.c_str(), 0600);
   if (is_superuser) {
@@ -283,11 +198,9 @@ TEST_F(IniSettingsStoreTest, ReadOnlyFolderAndUnreadableFileAreLeftAsTheyAre) {
 }
 
 TEST_F(IniSettingsStoreTest, KilledAtAnyInstantItIsTheOldFileOrTheNewWhole) {
-  constexpr int kKeys = 200;
-  const auto value = [](int generation) { return std::string(200, static_cast<char>(generation)); };
-  SaveOne();
-  int seen_changes = 0;
-  char last = 0;
+  const auto value = [](char letter) { return std::string(40'000, letter); };
+  EXPECT_EQ(SaveOne(), "");
+  std::set<std::string> seen;
   for (int kill_count = 0; kill_count < 150; ++kill_count) {
     int committed[2];
     ASSERT_EQ(pipe(committed), 0);
@@ -295,13 +208,11 @@ TEST_F(IniSettingsStoreTest, KilledAtAnyInstantItIsTheOldFileOrTheNewWhole) {
     ASSERT_GE(child, 0);
     if (child == 0) {
       IniSettingsStore store(path);
-      for (int generation = 'A' + kill_count % 13;;
-           generation = generation == 'Z' ? 'A' : generation + 1) {
-        for (int i = 0; i < kKeys; ++i) {
-          store.Save("Logins", std::to_string(i), value(generation));
-        }
-        store.Commit();
-        if (write(committed[1], "c", 1) != 1) {
+      for (int save = kill_count;; ++save) {
+        const std::string text = value(static_cast<char>('A' + save % 26));
+        store.Save("Logins", "first", text);
+        store.Save("Logins", "last", text);
+        if (!store.Commit().empty() || write(committed[1], "c", 1) != 1) {
           _exit(1);
         }
       }
@@ -316,27 +227,18 @@ TEST_F(IniSettingsStoreTest, KilledAtAnyInstantItIsTheOldFileOrTheNewWhole) {
     close(committed[1]);
 
     IniSettingsStore store(path);
-    const std::string first = store.Get("Logins", "0", "");
-    for (int i = 0; i < kKeys; ++i) {
-      ASSERT_EQ(store.Get("Logins", std::to_string(i), ""), first);
-    }
+    const std::string first = store.Get("Logins", "first", "?");
+    ASSERT_EQ(first, value(first.front()));
+    ASSERT_EQ(store.Get("Logins", "last", ""), first);
     ASSERT_EQ(store.Get("Menu", "Sounds", "True"), "False");
-    if (!first.empty()) {
-      ASSERT_EQ(first, value(first.front()));
-      seen_changes += first.front() == last ? 0 : 1;
-      last = first.front();
-    }
-    // Unfinished copies too are for the user's eyes only.
+    seen.insert(first);
+    // A temporary file that a kill left behind is for the user alone, too.
     for (const QFileInfo& file : QFileInfo(path).dir().entryInfoList(QDir::Files)) {
-      ASSERT_EQ(Mode(file.filePath()), kUserOnly) << file.filePath().toStdString();
+      ASSERT_EQ(Mode(file.filePath()), 0600U) << file.filePath().toStdString();
     }
   }
-  EXPECT_GT(seen_changes, 20) << "the kills came too early to mean anything";
-  SaveOne();
-  EXPECT_EQ(Files(), QStringList(QFileInfo(path).fileName())) << "the next save clears up";
+  EXPECT_GT(seen.size(), 10U) << "the kills came too early to mean anything";
 }
-
-#endif
 
 }  // namespace
 }  // namespace korvanta
