@@ -1,8 +1,10 @@
 /// Fuzz target: a whole client, fed any blocks between any clicks, ticks and socket events.
 #include <memory>
+#include <numeric>
 
 #include "fuzz/input.h"
 #include "fuzz/watched_client.h"
+#include "tests/fakes/menu_items.h"
 
 namespace korvanta::fuzz {
 namespace {
@@ -20,16 +22,20 @@ struct Action {
 
 bool IsShown(WindowLife& window) { return window.state() == WindowLife::State::Shown; }
 
-const MenuItem& AnyItem(std::size_t number) {
+/// The item that has this name; for other texts any one, always the same.
+const MenuItem& ItemFor(std::string_view name) {
   std::vector<const MenuItem*> items;
-  for (const Menu& menu : MenuBar()) {
+  for (const Menu& menu : fakes::AllMenus()) {
     for (const MenuItem& item : menu.items) {
+      if (item.name == name && !item.IsSeparator()) {
+        return item;
+      }
       if (!item.IsSeparator()) {
         items.push_back(&item);
       }
     }
   }
-  return *items[number % items.size()];
+  return *items[std::accumulate(name.begin(), name.end(), std::size_t{0}) % items.size()];
 }
 
 void UseLoginDialog(WatchedClient& watched, Event event) {
@@ -92,18 +98,14 @@ void SayLine(WatchedClient& watched, Event event) {
   watched.client().chat_input.SendChatLine();
 }
 
-void UseMenu(WatchedClient& watched, Event event) {
-  watched.client().main_window.menus.Click(AnyItem(event.TakeNumber()));
-}
+void UseMenu(WatchedClient& watched, Event event) { ItemFor(event.text).click(watched.client()); }
 
 void UseBoard(WatchedClient& watched, Event event) {
-  const auto box = static_cast<std::int16_t>(event.TakeNumber() % 17);
-  const bool is_goal = box == 16;
-  watched.client().board_actions.BoxRightClicked(
-      is_goal ? kGoldenKnowledge : static_cast<std::int16_t>(box / 4 + 1),
-      is_goal ? kGoldenKnowledge : static_cast<std::int16_t>(box % 4 + 1));
-  const auto items = PopMenu().items;
-  watched.client().main_window.menus.Click(items[event.TakeNumber() % items.size()]);
+  const std::size_t topic = event.TakeNumber() % 5 + 1;
+  const std::size_t level = event.TakeNumber() % 5 + 1;
+  watched.client().board_actions.BoxRightClicked(static_cast<TopicCode>(topic),
+                                                 static_cast<std::int16_t>(level));
+  ItemFor(event.text).click(watched.client());
 }
 
 void UseOnlineList(WatchedClient& watched, Event event) {
@@ -111,8 +113,7 @@ void UseOnlineList(WatchedClient& watched, Event event) {
   const std::size_t index = event.TakeNumber();
   list.Select(index < list.entries().size() ? std::optional(index) : std::nullopt);
   if (watched.client().board_actions.PlayerRightClicked()) {
-    const auto items = WarMenu().items;
-    watched.client().main_window.menus.Click(items[event.TakeNumber() % items.size()]);
+    ItemFor(event.text).click(watched.client());
   }
 }
 

@@ -10,9 +10,11 @@
 
 #include "fuzz/input.h"
 #include "practice/server.h"
+#include "protocol/block_assembler.h"
 #include "protocol/message_catalogue.h"
 #include "protocol/message_kind.h"
 #include "protocol/message_table.h"
+#include "tests/fakes/menu_items.h"
 
 namespace korvanta::fuzz {
 namespace {
@@ -39,8 +41,8 @@ Inputs Requests() {
       AttackPlayer("Marlow"),
       EnterGame(),
       LookUpStatistics("Admin"),
-      TopicInformation(1),
-      ResearchTopic(2, 1),
+      TopicInformation(TopicCode::Military),
+      ResearchTopic(TopicCode::Industry, 1),
       RequestNews(),
       RequestTournamentInfo(),
       RequestTeamList(),
@@ -50,7 +52,7 @@ Inputs Requests() {
       SetTournamentGame(),
       StartTournament("10", "4", "8"),
       EndTournament(),
-      ResearchTopic(5, 5),
+      ResearchTopic(TopicCode::GoldenKnowledge, 5),
   };
   for (const std::string_view line :
        {"c hello", "/c hello", "help", "who", "tell Marlow good evening", "reply yes", "team now",
@@ -126,13 +128,27 @@ Inputs OtherMessages() {
   };
 }
 
+/// The names of all menu items.
+Inputs MenuItems() {
+  Inputs names;
+  for (const Menu& menu : fakes::AllMenus()) {
+    for (const MenuItem& item : menu.items) {
+      if (!item.IsSeparator()) {
+        names.emplace_back(item.name);
+      }
+    }
+  }
+  return names;
+}
+
 /// What a player does in an evening, window by window; the events are parted at '|'.
 constexpr std::string_view kDoings =
     "shello|s/who|c\0|c\1/"
-    "tell|c\2|c\3|c\4\0|m\14|W\37|Y\0|o\0\0|o\0\1|o\1\2|Y\1|B[onl]A|b\0\0|b\20\1|"
-    "v\0\20\177|m\7|v\1\40\1|v\2|v\3|T|"
+    "tell|c\2|c\3|c\4\0|mmnuScrollLock|W\37|Y\0|o\0mnuAttack|o\0mInfo|o\1mAlliance|Y\1|B[onl]A|"
+    "b\0\0mResearch|b\4\4mnuInfo|v\0\20\177|mmnuLogins|v\1\40\1|v\2|v\3|T|mmnuTournament|"
     "t\0\3Foxes|t\0\5secret|t\3\0|t\2\0|t\3\1|Y\1|t\3\2|Y\1|t\3\3|t\3\4|t\3\5|t\1\1|"
-    "t\1\2|t\4|m\5|u\0Admin|u\1|u\2|m\15|n|m\0|H|m\0|d\5|Y\1|d\3\0|d\4\1|d\6|d\10|m\0"sv;
+    "t\1\2|t\4|mmnuLookup|u\0Admin|u\1|u\2|mmnuNews|n|mmnuDisCon|H|mmnuDisCon|d\5|Y\1|d\3\0|d\4\1|"
+    "d\6|d\10|mmnuHomepage"sv;
 
 Inputs ClientInputs() {
   const Inputs login = {"LMarlow,secret", "A", "B[con]Marlow\00199"};
@@ -151,13 +167,13 @@ Inputs ClientInputs() {
     add(message);
   }
   Inputs evening = login;
-  evening.push_back("m\x04");
+  evening.emplace_back("mmnuTournament");
   evening.insert(evening.end(), everything.begin(), everything.end());
   for (std::string_view event : Split(kDoings, '|')) {
     evening.emplace_back(event);
   }
-  for (char item = 0; item < 15; ++item) {
-    inputs.push_back(Join({login[0], login[1], login[2], std::string("m") + item, "H"}));
+  for (const std::string& item : MenuItems()) {
+    inputs.push_back(Join({login[0], login[1], login[2], "m" + item, "H"}));
   }
   inputs.push_back(Join(everything));
   inputs.push_back(Join(evening));
@@ -190,9 +206,11 @@ Inputs PracticeInputs() {
 }
 
 Inputs BlockAssemblerInputs() {
-  return {Join({"A[con]Ann\0[msg]hel"s, "T\x10", "Alo\0"s, "T\xfa", "Arest", "T\xfa", "E"}),
+  const std::string long_text(BlockAssembler::kSmallestSegment, 'y');
+  return {Join({"A[con]Ann\0[msg]hel"s, "T\x10", "Alo\0"s, "T\xfa", "A" + long_text + "\0rest"s,
+                "T\x10", "Aend\0[a]"s, "A" + long_text, "T\xfa", "E"}),
           Join({"F\x41\0"s, "F\x20\0[a]"s, "F\x30", "A\0"s, "E"}),
-          Join({"H\0"s, "H" + std::string(1023, 'y'), "F\x3f\0"s, "E"}),
+          Join({"F\x40", "Ayy", "A\0"s, "F\x3f\0"s, "E"}),
           Join({"F\xfe", "F\xfe", "F\xfe", "F\xfe", "F\xfe", "A\0[a]\0"s, "E"})};
 }
 
@@ -239,6 +257,9 @@ void WriteDictionary(const std::filesystem::path& path) {
   }
   for (std::string_view code : kMessageKindCodes) {
     file << '"' << code << "\\x01\"\n";
+  }
+  for (const std::string& item : MenuItems()) {
+    file << '"' << item << "\"\n";
   }
   file.close();
   Check(file.good(), "the dictionary can be written");

@@ -6,6 +6,7 @@
 
 #include "fuzz/input.h"
 #include "protocol/message_table.h"
+#include "tests/fakes/menu_items.h"
 
 namespace korvanta::fuzz {
 namespace {
@@ -87,7 +88,7 @@ void WatchedClient::Listen() {
   }
   client_.main_window.on_close = [this] { Close(); };
   client_.main_window.on_title_changed = [this] { drawn_.title = client_.main_window.title(); };
-  client_.main_window.menus.on_changed = [this] {
+  client_.main_window.on_menus_changed = [this] {
     drawn_.options = client_.options;
     drawn_.connect_caption = ConnectCaption();
   };
@@ -336,7 +337,7 @@ std::array<int, 8> WatchedClient::BoardRow(std::size_t row) const {
 }
 
 std::string_view WatchedClient::ConnectCaption() const {
-  return client_.main_window.menus.Caption(MenuBar().front().items.front());
+  return CaptionOf(fakes::ItemNamed("mnuDisCon"), client_);
 }
 
 std::vector<ListedPlayer> WatchedClient::Players() const {

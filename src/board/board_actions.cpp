@@ -4,7 +4,7 @@
 
 namespace korvanta {
 
-void BoardActions::BoxRightClicked(std::int16_t topic, std::int16_t level) {
+void BoardActions::BoxRightClicked(TopicCode topic, std::int16_t level) {
   SelectedTopic = topic;
   SelectedLevel = level;
 }
@@ -19,28 +19,32 @@ bool BoardActions::PlayerRightClicked() {
 }
 
 void BoardActions::ResearchThis() {
-  connection_.TrySend(outbound::ResearchTopic(SelectedTopic, SelectedLevel));
+  connection_.SendIfSocketConnected(outbound::ResearchTopic(SelectedTopic, SelectedLevel));
 }
 
-void BoardActions::Information() { connection_.TrySend(outbound::TopicInformation(SelectedTopic)); }
+void BoardActions::Information() {
+  connection_.SendIfSocketConnected(outbound::TopicInformation(SelectedTopic));
+}
 
-void BoardActions::AttackPlayer() { connection_.TrySend(outbound::AttackPlayer(SelectedPlayer)); }
+void BoardActions::AttackPlayer() {
+  connection_.SendIfSocketConnected(outbound::AttackPlayer(SelectedPlayer));
+}
 
 void BoardActions::ShowStatistics() {
   if (!connection_.IsSocketConnected()) {
     return;
   }
   statistics_.window().Show();
-  connection_.Send(outbound::LookUpStatistics(SelectedPlayer));
+  connection_.SendIfSocketConnected(outbound::LookUpStatistics(SelectedPlayer));
 }
 
 void BoardActions::FormAlliance() {
   const std::string player = SelectedPlayer;
   if (message_box_.Ask("Are you sure you want to ally with this user?", "Alliance?")) {
-    connection_.TrySend(outbound::FormAlliance(player));
+    connection_.SendIfSocketConnected(outbound::FormAlliance(player));
   }
 }
 
-void BoardActions::EnterGame() { connection_.TrySend(outbound::EnterGame()); }
+void BoardActions::EnterGame() { connection_.SendIfSocketConnected(outbound::EnterGame()); }
 
 }  // namespace korvanta

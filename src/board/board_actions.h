@@ -9,6 +9,7 @@
 #include "lobby/statistics.h"
 #include "platform/message_box.h"
 #include "protocol/connection.h"
+#include "protocol/topic_code.h"
 
 namespace korvanta {
 
@@ -21,9 +22,9 @@ class BoardActions {
         statistics_(statistics),
         message_box_(message_box) {}
 
-  /// The board's popup menu is asked for at this box: topic 1 to 4 with level 1 to 4, or 5 and 5
-  /// for the Golden Knowledge. The menu is to open whatever the state of the box.
-  void BoxRightClicked(std::int16_t topic, std::int16_t level);
+  /// The board's popup menu is asked for at this box: level 1 to 4, or 5 for the Golden Knowledge.
+  /// The menu is to open whatever the state of the box.
+  void BoxRightClicked(TopicCode topic, std::int16_t level);
 
   /// The player menu is asked for: it is for the selected entry of the online list and is to open
   /// only when this returns true.
@@ -38,7 +39,7 @@ class BoardActions {
   void FormAlliance();
   void EnterGame();
 
-  std::int16_t SelectedTopic = 0;
+  TopicCode SelectedTopic{};  ///< 0 until a box is chosen
   std::int16_t SelectedLevel = 0;
   std::string SelectedPlayer;
 

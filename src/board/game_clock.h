@@ -8,16 +8,17 @@
 #include <string>
 
 #include "platform/timer.h"
+#include "protocol/receivers.h"
 
 namespace korvanta {
 
-class GameClock {
+class GameClock final : public ClockReceiver {
  public:
   explicit GameClock(TimerFactory& timers);
 
   /// Counts from `seconds`, in place of any other count, a whole second from now. The text stays
   /// until the first tick, which shows one second less; zero or below shows 0:00 and stops.
-  void StartGameClock(std::int16_t seconds);
+  void StartGameClock(std::int16_t seconds) override;
 
   /// Stops counting; the seconds left and the text stay.
   void Stop();

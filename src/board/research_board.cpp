@@ -1,5 +1,6 @@
 #include "board/research_board.h"
 
+#include <algorithm>
 #include <charconv>
 #include <string_view>
 #include <utility>
@@ -45,8 +46,9 @@ std::string PointsText(double points) {
   return "Research Points: " + PlainDecimal(points == 0 ? 0 : points);  // no sign on a zero
 }
 
-std::size_t RowOf(std::int16_t topic) {
-  return topic >= 1 && topic <= 3 ? static_cast<std::size_t>(topic - 1) : kDefenseRow;
+std::size_t RowOf(TopicCode topic) {
+  const auto row = std::ranges::find(kTopics, topic, &TopicRow::code);
+  return row != kTopics.end() ? static_cast<std::size_t>(row - kTopics.begin()) : kDefenseRow;
 }
 
 }  // namespace
@@ -77,9 +79,15 @@ void ResearchBoard::SetRow(std::size_t row, const Widths& widths) {
   }
 }
 
+void ResearchBoard::ShowTopicLevel(TopicCode topic, std::int16_t level) {
+  modLight::LightTopic(*this, topic, level);
+}
+
+void ResearchBoard::ShowClearedBoard() { modLight::ResetBoard(*this); }
+
 namespace modLight {
 
-void LightTopic(ResearchBoard& board, std::int16_t topic, std::int16_t level) {
+void LightTopic(ResearchBoard& board, TopicCode topic, std::int16_t level) {
   const std::size_t row = RowOf(topic);
   ResearchBoard::Widths widths;
   for (int i = 1; i <= kTopLevel && i <= level; ++i) {
@@ -98,7 +106,7 @@ void ResetBoard(ResearchBoard& board) {
   for (std::size_t row = 0; row < kTopicRows; ++row) {
     board.SetRow(row, {});
   }
-  board.clock_.Stop();
+  board.clock().Stop();
   board.ShowResearchPoints(0);
 }
 

@@ -11,6 +11,8 @@
 
 #include "base/colour.h"
 #include "board/game_clock.h"
+#include "protocol/receivers.h"
+#include "protocol/topic_code.h"
 
 namespace korvanta {
 
@@ -19,9 +21,10 @@ class ResearchBoard;
 namespace modLight {
 
 /// Redraws one topic's row for the level that the server gives: frames up to the level and the
-/// lines between them are highlighted, line 4 when the level is 4. Topics other than 1, 2 and 3
-/// mean the Defense row. A level above 4 is drawn like 4, but leaves line 4 of Population plain.
-void LightTopic(ResearchBoard& board, std::int16_t topic, std::int16_t level);
+/// lines between them are highlighted, line 4 when the level is 4. Topics other than the
+/// first three mean the Defense row. A level above 4 is drawn like 4, but leaves line 4 of
+/// Population plain.
+void LightTopic(ResearchBoard& board, TopicCode topic, std::int16_t level);
 
 /// Makes every frame and line plain, stops the clock where it is, and shows zero points.
 void ResetBoard(ResearchBoard& board);
@@ -30,7 +33,7 @@ void ResetBoard(ResearchBoard& board);
 
 /// One row of the board. `boxes`, `frames`, `lines` and `caption` are the names of its controls.
 struct TopicRow {
-  std::int16_t code;
+  TopicCode code;
   std::string_view name;
   Colour colour;
   std::string_view boxes;
@@ -44,14 +47,14 @@ inline constexpr int kTopLevel = 4;
 
 /// Top to bottom.
 inline constexpr std::array<TopicRow, kTopicRows> kTopics{{
-    {1, "Military", {0, 255, 0}, "Military", "MilitaryBord", "MLine", "Label2"},
-    {2, "Industry", {255, 0, 0}, "Industry", "IndustryBord", "ILine", "Label3"},
-    {3, "Population", {0, 255, 255}, "Pop", "PopBord", "PLine", "Label4"},
-    {4, "Defense", {0, 0, 255}, "Defense", "DefenseBorder", "DLine", "Label5"},
+    {TopicCode::Military, "Military", {0, 255, 0}, "Military", "MilitaryBord", "MLine", "Label2"},
+    {TopicCode::Industry, "Industry", {255, 0, 0}, "Industry", "IndustryBord", "ILine", "Label3"},
+    {TopicCode::Population, "Population", {0, 255, 255}, "Pop", "PopBord", "PLine", "Label4"},
+    {TopicCode::Defense, "Defense", {0, 0, 255}, "Defense", "DefenseBorder", "DLine", "Label5"},
 }};
 
-/// The goal's topic code, which serves as its level too.
-inline constexpr std::int16_t kGoldenKnowledge = 5;
+/// The level that requests for the Golden Knowledge name.
+inline constexpr std::int16_t kGoldenKnowledgeLevel = 5;
 inline constexpr std::string_view kGoldenKnowledgeName = "Golden Knowledge";
 inline constexpr Colour kGoldenKnowledgeColour{255, 255, 0};
 
@@ -61,7 +64,7 @@ inline constexpr int kReachedWidth = 4;
 /// What a change touched; the first four are the rows in the order of `kTopics`.
 enum class BoardPart { Military, Industry, Population, Defense, Research, TickTime };
 
-class ResearchBoard {
+class ResearchBoard final : public BoardReceiver {
  public:
   /// The board takes over the clock's `on_changed`; the clock outlives it.
   explicit ResearchBoard(GameClock& clock);
@@ -71,24 +74,21 @@ class ResearchBoard {
 
   /// "Research Points: " and the number in its shortest plain decimal form, however large or small:
   /// no exponent, no digits but zeros beyond those that tell it from every other double.
-  void ShowResearchPoints(double points);
+  void ShowResearchPoints(double points) override;
+
+  void ShowTopicLevel(TopicCode topic, std::int16_t level) override;
+  void ShowClearedBoard() override;
 
   /// `row` counts from 0 in the order of `kTopics`, `level` from 1 to 4; the answer is
   /// `kPlainWidth` or `kReachedWidth`. Line i leads from frame i to the next, line 4 to the goal.
+  static std::size_t Index(int level) { return static_cast<std::size_t>(level - 1); }
   int FrameWidth(std::size_t row, int level) const { return rows_[row].frames[Index(level)]; }
   int LineWidth(std::size_t row, int level) const { return rows_[row].lines[Index(level)]; }
 
   const std::string& Research() const { return Research_; }
   const std::string& TickTime() const { return clock_.TickTime(); }
 
-  /// Called once for each part that differs from before.
-  std::function<void(BoardPart)> on_changed;
-
- private:
-  friend void modLight::LightTopic(ResearchBoard& board, std::int16_t topic, std::int16_t level);
-  friend void modLight::ResetBoard(ResearchBoard& board);
-
-  /// Border widths, by level.
+  /// Border widths of a row, by level.
   struct Widths {
     Widths();
     bool operator==(const Widths&) const = default;
@@ -96,11 +96,14 @@ class ResearchBoard {
     std::array<int, kTopLevel> frames;
     std::array<int, kTopLevel> lines;
   };
-
-  static std::size_t Index(int level) { return static_cast<std::size_t>(level - 1); }
-
   void SetRow(std::size_t row, const Widths& widths);
 
+  GameClock& clock() { return clock_; }
+
+  /// Called once for each part that differs from before.
+  std::function<void(BoardPart)> on_changed;
+
+ private:
   GameClock& clock_;
   std::array<Widths, kTopicRows> rows_;
   std::string Research_;

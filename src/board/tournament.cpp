@@ -26,7 +26,7 @@ Tournament::Tournament(Connection& connection, const ConnectionValues& values,
 void Tournament::Load() {
   state_ = {};
   state_.has_admin_tab = values_.UserID >= kFirstAdminID;
-  connection_.TrySend(outbound::RequestTournamentInfo());
+  connection_.SendIfSocketConnected(outbound::RequestTournamentInfo());
 }
 
 void Tournament::TabChosen(TournamentTab tab) {
@@ -36,9 +36,9 @@ void Tournament::TabChosen(TournamentTab tab) {
   const ChangeNotice notice(state_, on_changed);
   state_.chosen_tab = tab;
   if (tab == TournamentTab::Info) {
-    connection_.TrySend(outbound::RequestTournamentInfo());
+    connection_.SendIfSocketConnected(outbound::RequestTournamentInfo());
   } else if (tab == TournamentTab::Teams) {
-    connection_.TrySend(outbound::RequestTeamList());
+    connection_.SendIfSocketConnected(outbound::RequestTeamList());
   }
 }
 
@@ -48,30 +48,29 @@ void Tournament::TeamSelected(std::optional<std::size_t> index) {
 
 void Tournament::CreateJoinClicked() {
   if (TrimSpaces(state_.texts.cmbTeam).empty()) {
-    Tell("Please Enter a Team Name or Choose one!");
+    ShowMessage("Please Enter a Team Name or Choose one!");
     return;
   }
   if (TrimSpaces(state_.texts.txtPassword).empty()) {
-    Tell("Please Enter a Team Password!");
-    return;
-  }
-  if (!connection_.IsSocketConnected()) {
+    ShowMessage("Please Enter a Team Password!");
     return;
   }
   const ChangeNotice notice(state_, on_changed);
-  connection_.Send(outbound::JoinTeam(state_.texts.cmbTeam, state_.texts.txtPassword));
-  state_.texts.txtPassword.clear();
+  if (connection_.SendIfSocketConnected(
+          outbound::JoinTeam(state_.texts.cmbTeam, state_.texts.txtPassword))) {
+    state_.texts.txtPassword.clear();
+  }
 }
 
 void Tournament::KickPlayerClicked() {
   // A list may arrive while the user is asked; whom the question was about does not change.
   const std::string player(TrimSpaces(SelectedTeamText()));
   if (player.empty()) {
-    Tell("You must choose a player to kick!");
+    ShowMessage("You must choose a player to kick!");
     return;
   }
   if (message_box_.Ask("Are you sure you wish to kick this player?", kApplicationTitle)) {
-    connection_.TrySend(outbound::KickPlayer(player));
+    connection_.SendIfSocketConnected(outbound::KickPlayer(player));
   }
 }
 
@@ -80,18 +79,23 @@ void Tournament::DisbandTeamClicked() {
     return;
   }
   if (message_box_.Ask("Are you sure you wish to disband your team?", kApplicationTitle)) {
-    connection_.TrySend(outbound::DisbandTeam());
+    connection_.SendIfSocketConnected(outbound::DisbandTeam());
   }
 }
 
 void Tournament::StartTournamentClicked() {
   const TournamentTexts& texts = state_.texts;
-  connection_.TrySend(outbound::StartTournament(texts.EntryFee, texts.MaxTeams, texts.MaxPlayers));
+  connection_.SendIfSocketConnected(
+      outbound::StartTournament(texts.EntryFee, texts.MaxTeams, texts.MaxPlayers));
 }
 
-void Tournament::SetTournamentGameClicked() { connection_.TrySend(outbound::SetTournamentGame()); }
+void Tournament::SetTournamentGameClicked() {
+  connection_.SendIfSocketConnected(outbound::SetTournamentGame());
+}
 
-void Tournament::EndTournamentClicked() { connection_.TrySend(outbound::EndTournament()); }
+void Tournament::EndTournamentClicked() {
+  connection_.SendIfSocketConnected(outbound::EndTournament());
+}
 
 void Tournament::ShowTournamentInfo(std::string_view payload) {
   window_.Create();
@@ -132,7 +136,7 @@ void Tournament::ShowTeamNames(std::string_view payload) {
   }
 }
 
-void Tournament::Tell(std::string_view text) {
+void Tournament::ShowMessage(std::string_view text) {
   message_box_.Show(text, kApplicationTitle, MessageIcon::None);
 }
 

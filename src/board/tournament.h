@@ -54,7 +54,7 @@ struct TournamentState {
 };
 
 /// Every request is dropped silently while the socket is not connected.
-class Tournament {
+class Tournament final : public TournamentReceiver {
  public:
   /// Loading the window settles whether there is an Admin tab, then asks for the figures.
   Tournament(Connection& connection, const ConnectionValues& values, MessageBox& message_box);
@@ -81,23 +81,23 @@ class Tournament {
   void SetTournamentGameClicked();  // Command2
   void EndTournamentClicked();      // Command3
 
-  /// The server's "[tif]", "[ttm]" and "[tdd]". Each creates the window unseen when it is absent
-  /// and leaves the tab in view as it is.
+  // What the server sends. Each creates the window unseen when it is absent and leaves the tab in
+  // view as it is.
 
   /// Raises MessageError for a missing field, after showing those in front of it.
-  void ShowTournamentInfo(std::string_view payload);
+  void ShowTournamentInfo(std::string_view payload) override;
 
   /// Rebuilds the list of teams; the selection goes with the entries.
-  void ShowTeamList(std::string_view payload);
+  void ShowTeamList(std::string_view payload) override;
 
   /// Rebuilds the names to choose from; the name typed stays.
-  void ShowTeamNames(std::string_view payload);
+  void ShowTeamNames(std::string_view payload) override;
 
   std::function<void()> on_changed;
 
  private:
   void Load();
-  void Tell(std::string_view text);
+  void ShowMessage(std::string_view text);
 
   /// Empty when none is selected.
   std::string_view SelectedTeamText() const;

@@ -2,9 +2,8 @@
 /// client.cpp to see how the parts meet; main.cpp makes one, tests make as many as they like.
 #pragma once
 
-#include <cstdint>
 #include <memory>
-#include <string_view>
+#include <string>
 
 #include "board/board_actions.h"
 #include "board/game_clock.h"
@@ -23,7 +22,6 @@
 #include "protocol/connection_values.h"
 #include "protocol/dispatcher.h"
 #include "protocol/options.h"
-#include "protocol/receivers.h"
 #include "startup/login_dialog.h"
 #include "startup/saved_logins.h"
 #include "startup/settings.h"
@@ -40,11 +38,11 @@ void InitClient(Client& client);
 
 }  // namespace modData
 
-/// The parts are public: each window talks to its own plain half and to nothing else.
-class Client : private GameDisplay, private LobbyDisplay {
+/// The parts are public: each window talks to its own presenter and to nothing else.
+class Client {
  public:
-  /// Everything that `platform` refers to outlives the client.
-  Client(const Platform& platform, const DeploymentValues& deployment);
+  /// Everything that `desktop` refers to outlives the client.
+  Client(const Platform& desktop, const DeploymentValues& deployment);
 
   /// Shows the splash with the main window loaded behind it; four seconds later the main window and
   /// the login dialog. False when another instance is running: the user has been told so, no
@@ -56,12 +54,11 @@ class Client : private GameDisplay, private LobbyDisplay {
   /// not be saved. Only the first call counts.
   void CloseMainWindow();
 
- private:
-  // In the order in which they depend on each other, which the public parts below continue.
-  Platform platform_;
-  DeploymentValues deployment_;
+  /// "Korvanta Help" and "Homepage".
+  void OpenHomepage();
 
- public:
+  // In the order in which they depend on each other.
+  Platform platform;
   ConnectionValues values;
   Options options;
   SavedLogins saved_logins;
@@ -83,22 +80,7 @@ class Client : private GameDisplay, private LobbyDisplay {
   Splash splash;
 
  private:
-  friend void modData::InitClient(Client& client);
-
-  void WireMenus();
-
-  void StartGameClock(std::int16_t seconds) override;
-  void LightTopic(std::int16_t topic, std::int16_t level) override;
-  void ResetBoard() override;
-  void ShowResearchPoints(double points) override;
-
-  void ShowOnlineList(std::string_view payload) override;
-  void ShowUserStatistics(std::string_view payload) override;
-  void ShowNews(std::string_view payload) override;
-  void ShowTournamentInfo(std::string_view payload) override;
-  void ShowTeamList(std::string_view payload) override;
-  void ShowTeamNames(std::string_view payload) override;
-
+  std::string homepage_address_;
   Dispatcher dispatcher_;
   /// There until the main window closes; what the desktop answers later is dropped.
   std::shared_ptr<const void> life_ = std::make_shared<bool>();

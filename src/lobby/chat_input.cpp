@@ -63,12 +63,14 @@ void ChatInput::ShowHistoryLine() {
 }
 
 void ChatInput::SendChatLine() {
-  if (!IsSendEnabled() || text_.empty() || !connection_.IsConnected()) {
+  if (!IsSendEnabled() || text_.empty()) {
     return;
   }
   const std::string_view trimmed = TrimSpaces(text_);
   std::string line = options_.mnuAutoChat ? RewriteForAutoChat(trimmed) : std::string(trimmed);
-  connection_.Send(outbound::ChatLine(line));
+  if (!connection_.SendIfLoggedIn(outbound::ChatLine(line))) {
+    return;
+  }
   history_.push_back(std::move(line));
   position_ = history_.size();
   draft_.clear();

@@ -1,5 +1,5 @@
 /// The language filter: a fixed list of offensive words that are masked in chat lines while the
-/// option is on. The dispatcher applies it to each "[msg]" line and to nothing else.
+/// option is on. The dispatcher applies it to each chat line and to nothing else.
 #pragma once
 
 #include <array>

@@ -1,5 +1,5 @@
-/// The plain half of the main window itself: its title and its menus. Its areas are things of their
-/// own.
+/// The presenter of the main window itself: its title, the caption of its connect item, and the
+/// check marks of its options. Its areas are things of their own.
 #pragma once
 
 #include <functional>
@@ -7,24 +7,36 @@
 #include <string_view>
 
 #include "base/change_notice.h"
-#include "lobby/menus.h"
+#include "protocol/options.h"
 #include "protocol/receivers.h"
 
 namespace korvanta {
 
-class MainWindow : public ConnectionDisplay {
+class MainWindow final : public ConnectionDisplay {
  public:
-  explicit MainWindow(Options& options) : menus(options) {}
+  explicit MainWindow(Options& options) : options_(options) {}
 
   const std::string& title() const { return title_; }
+  /// Empty until the start-up has set it.
+  const std::string& connect_caption() const { return connect_caption_; }
 
-  void SetConnectCaption(std::string_view caption) override { menus.SetConnectCaption(caption); }
   void SetTitle(std::string_view title) override {
-    if (title == title_) {
-      return;
+    if (title != title_) {
+      title_ = title;
+      Tell(on_title_changed);
     }
-    title_ = title;
-    Tell(on_title_changed);
+  }
+  void SetConnectCaption(std::string_view caption) override {
+    if (caption != connect_caption_) {
+      connect_caption_ = caption;
+      Tell(on_menus_changed);
+    }
+  }
+
+  /// A click on an option's item.
+  void Toggle(bool Options::*option) {
+    options_.*option = !(options_.*option);
+    Tell(on_menus_changed);
   }
 
   /// Start-up is done: the window comes on the screen.
@@ -32,14 +44,15 @@ class MainWindow : public ConnectionDisplay {
   /// "Exit": the window closes as by its close button.
   void Close() const { Tell(on_close); }
 
-  Menus menus;
-
   std::function<void()> on_title_changed;
+  std::function<void()> on_menus_changed;  ///< the caption of the connect item or a check mark
   std::function<void()> on_show;
   std::function<void()> on_close;
 
  private:
+  Options& options_;
   std::string title_;
+  std::string connect_caption_;
 };
 
 }  // namespace korvanta

@@ -9,9 +9,7 @@ News::News(Connection& connection) : connection_(connection), window_([this] { L
 
 void News::Load() {
   rbNews_.clear();
-  if (connection_.IsConnected()) {
-    connection_.Send(outbound::RequestNews());
-  }
+  connection_.SendIfLoggedIn(outbound::RequestNews());
 }
 
 void News::ShowNews(std::string_view payload) {

@@ -10,7 +10,7 @@
 
 namespace korvanta {
 
-class News {
+class News final : public NewsReceiver {
  public:
   /// Loading the window asks for the news when logged in.
   explicit News(Connection& connection);
@@ -21,7 +21,7 @@ class News {
   const std::string& rbNews() const { return rbNews_; }
 
   /// The server's reply replaces the text; creates the window unseen when it is absent.
-  void ShowNews(std::string_view payload);
+  void ShowNews(std::string_view payload) override;
 
   std::function<void()> on_changed;
 

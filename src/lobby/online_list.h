@@ -9,10 +9,11 @@
 #include <vector>
 
 #include "base/colour.h"
+#include "protocol/receivers.h"
 
 namespace korvanta {
 
-class OnlineList {
+class OnlineList final : public OnlineListReceiver {
  public:
   struct Entry {
     std::size_t position;   ///< of its record in the message, from 0, empty records included
@@ -36,9 +37,9 @@ class OnlineList {
   /// Called by the list's widget when the user selects. Raises no `on_changed`.
   void Select(std::optional<std::size_t> index) { selected_ = index; }
 
-  /// Rebuilds the list from the payload of "[onl]". Raises MessageError at the first broken record;
+  /// Rebuilds the list from the server's message. Raises MessageError at the first broken record;
   /// what was built until then, the broken entry included, stays.
-  void ShowOnlineList(std::string_view payload);
+  void ShowOnlineList(std::string_view payload) override;
 
   std::function<void()> on_changed;  ///< the whole list was rebuilt
 

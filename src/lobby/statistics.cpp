@@ -50,22 +50,20 @@ Statistics::Statistics(Connection& connection, const ConnectionValues& values)
 
 void Statistics::Load() {
   state_ = {};
-  if (connection_.IsConnected()) {
-    connection_.Send(outbound::LookUpStatistics(values_.CurrentUserName));
-  }
+  connection_.SendIfLoggedIn(outbound::LookUpStatistics(values_.CurrentUserName));
 }
 
 void Statistics::SearchClicked() {
-  if (connection_.IsConnected() && !TrimSpaces(state_.UserInput).empty()) {
-    connection_.Send(outbound::LookUpStatistics(state_.UserInput));
+  if (!TrimSpaces(state_.UserInput).empty()) {
+    connection_.SendIfLoggedIn(outbound::LookUpStatistics(state_.UserInput));
   }
 }
 
 void Statistics::ShowUserStatistics(std::string_view payload) {
-  window_.Create();
-  const ChangeNotice notice(state_, on_changed);
   FieldReader fields(payload);
   const std::string_view name = fields.Next();
+  window_.Create();
+  const ChangeNotice notice(state_, on_changed);
   state_.frmUserData = Quoted("Statistics for", name);
   state_.frmAward = Quoted("Awards for", name);
   for (std::size_t field = 1; field <= kStatisticsFields.size(); ++field) {
@@ -76,14 +74,14 @@ void Statistics::ShowUserStatistics(std::string_view payload) {
   state_.lstAwards.clear();
   for (std::string_view code : Split(codes, kRecordSeparator)) {
     if (ReadLeadingNumber(code) > 0) {
-      modData::AddAward(*this, code);
+      modData::AddAward(state_, code);
     }
   }
 }
 
-void modData::AddAward(Statistics& statistics, std::string_view code) {
+void modData::AddAward(StatisticsState& statistics, std::string_view code) {
   if (const auto* award = NumberedEntry(kAwards, ReadNumber(code))) {
-    statistics.state_.lstAwards.push_back(*award);
+    statistics.lstAwards.push_back(*award);
   }
 }
 

@@ -15,16 +15,6 @@
 
 namespace korvanta {
 
-class Statistics;
-
-namespace modData {
-
-/// Adds the line of an award to the end of the award list; a code without an award adds nothing.
-/// Raises MessageError for a code that is not a number as a whole.
-void AddAward(Statistics& statistics, std::string_view code);
-
-}  // namespace modData
-
 /// One read-only field of the window.
 struct StatisticsField {
   std::string_view control;
@@ -58,7 +48,15 @@ struct StatisticsState {
   bool operator==(const StatisticsState&) const = default;
 };
 
-class Statistics {
+namespace modData {
+
+/// Adds the line of an award to the end of the award list; a code without an award adds nothing.
+/// Raises MessageError for a code that is not a number as a whole.
+void AddAward(StatisticsState& statistics, std::string_view code);
+
+}  // namespace modData
+
+class Statistics final : public StatisticsReceiver {
  public:
   /// Loading the window asks for the user's own record when logged in.
   Statistics(Connection& connection, const ConnectionValues& values);
@@ -75,14 +73,12 @@ class Statistics {
 
   /// The server's reply with one player's record; creates the window unseen when it is absent.
   /// Raises MessageError for a missing field and for a broken award code, after showing everything
-  /// in front of it.
-  void ShowUserStatistics(std::string_view payload);
+  /// in front of it; an empty reply creates no window.
+  void ShowUserStatistics(std::string_view payload) override;
 
   std::function<void()> on_changed;
 
  private:
-  friend void modData::AddAward(Statistics& statistics, std::string_view code);
-
   void Load();
 
   Connection& connection_;

@@ -13,13 +13,11 @@
 
 namespace korvanta {
 
-class Connection;
-
 namespace modData {
 
 /// Sets the caption of the connect item, `IsConnected` and the title, in this order. Called with
 /// false at start-up and when the connection ends, with true when the login is accepted.
-void ShowConnectionState(Connection& connection, bool connected);
+void ShowConnectionState(ConnectionDisplay& display, ConnectionValues& values, bool connected);
 
 }  // namespace modData
 
@@ -32,46 +30,38 @@ inline constexpr std::string_view kVersionText = "1.6";
 class Connection {
  public:
   /// `server_address` is the game server's IPv4 address; the references outlive the connection.
-  Connection(ClientSocket& socket, TimerFactory& timers, ConnectionValues& values, ChatOutput& chat,
-             ConnectionDisplay& display, std::string server_address);
+  Connection(ClientSocket& wsClient, TimerFactory& timers, ConnectionValues& values,
+             ChatOutput& chat, ConnectionDisplay& display, std::string server_address);
 
   /// Starts an attempt for `CurrentUserName`, ending any other and any login: eight ticks of
   /// `tmrConnect` until it is given up.
   void StartConnection();
 
-  /// The click of "Disconnect": asks the server to close. Nothing changes until it does.
+  /// Asks the server to close, when logged in. Nothing changes until it does.
   void Disconnect();
 
-  /// Sends a whole message in one call, whatever the state; the sender has made its check.
-  void Send(std::string_view message) { socket_.Send(message); }
+  /// The server has answered the login, and the connection has not ended since.
+  bool IsLoggedIn() const { return values_.IsConnected; }
 
-  /// Drops the message silently while the socket is not connected.
-  void TrySend(std::string_view message) {
-    if (IsSocketConnected()) {
-      Send(message);
-    }
-  }
+  /// The socket's own state, which already holds during the handshake.
+  bool IsSocketConnected() const { return wsClient_.IsConnected(); }
 
-  /// The socket's own connected state, which already holds during the handshake.
-  bool IsSocketConnected() const { return socket_.IsConnected(); }
-
-  /// Logged in: from the server's answer to the login until the connection ends.
-  bool IsConnected() const { return values_.IsConnected; }
+  /// Each sends a whole message in one call, or nothing when its condition does not hold; returns
+  /// whether the message was sent.
+  bool SendIfLoggedIn(std::string_view message);
+  bool SendIfSocketConnected(std::string_view message);
 
   /// The server's answer to the login: takes over the name, then the id, then shows the connected
   /// state. Raises MessageError for a broken answer; the name may then be taken over already.
   void AcceptLogin(std::string_view payload);
 
  private:
-  friend void modData::ShowConnectionState(Connection& connection, bool connected);
-
   void ConnectTick();
   void OnConnected();
   void OnClosed();
-  void ShowTitle(bool connected);
   void WriteStatus(std::string_view text);
 
-  ClientSocket& socket_;
+  ClientSocket& wsClient_;
   ConnectionValues& values_;
   ChatOutput& chat_;
   ConnectionDisplay& display_;

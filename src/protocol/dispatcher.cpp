@@ -2,27 +2,28 @@
 
 #include <exception>
 
+#include "protocol/field_reading.h"
 #include "protocol/message_table.h"
 #include "protocol/wire_format.h"
 
 namespace korvanta {
 namespace {
 
-void Handle(InboundTargets& targets, ServerMessage message, std::string_view payload) {
+void Handle(const InboundTargets& targets, ServerMessage message, std::string_view payload) {
   switch (message) {
     case ServerMessage::LoginAccepted:
-      return inbound::LoginAccepted(targets, payload);
+      return targets.connection.AcceptLogin(payload);
     case ServerMessage::LoginNotice:
       return inbound::LoginNotice(targets, payload);
     case ServerMessage::Caption:
       return;
     case ServerMessage::GameClock:
     case ServerMessage::GamePause:
-      return inbound::GameClock(targets, payload);
+      return targets.clock.StartGameClock(ToInt16(ReadLeadingNumber(payload)));
     case ServerMessage::Sound:
       return inbound::Sound(targets, payload);
     case ServerMessage::Statistics:
-      return inbound::Statistics(targets, payload);
+      return targets.statistics.ShowUserStatistics(payload);
     case ServerMessage::TopicResearched:
     case ServerMessage::TopicAttacked:
       return inbound::TopicLevel(targets, payload);
@@ -30,24 +31,24 @@ void Handle(InboundTargets& targets, ServerMessage message, std::string_view pay
     case ServerMessage::TournamentBoardCleared:
       return inbound::BoardCleared(targets);
     case ServerMessage::ResearchPoints:
-      return inbound::ResearchPoints(targets, payload);
+      return targets.board.ShowResearchPoints(ReadLeadingNumber(payload));
     case ServerMessage::ChatLine:
       return inbound::ChatLine(targets, payload);
     case ServerMessage::News:
-      return inbound::News(targets, payload);
+      return targets.news.ShowNews(payload);
     case ServerMessage::OnlineList:
-      return inbound::OnlineList(targets, payload);
+      return targets.online_list.ShowOnlineList(payload);
     case ServerMessage::TournamentInfo:
-      return inbound::TournamentInfo(targets, payload);
+      return targets.tournament.ShowTournamentInfo(payload);
     case ServerMessage::TeamList:
-      return inbound::TeamList(targets, payload);
+      return targets.tournament.ShowTeamList(payload);
     case ServerMessage::TeamNames:
-      return inbound::TeamNames(targets, payload);
+      return targets.tournament.ShowTeamNames(payload);
   }
 }
 
 /// Every piece goes through all tests: they go on after a match, on what the handler left.
-void HandlePiece(InboundTargets& targets, std::string_view message) {
+void HandlePiece(const InboundTargets& targets, std::string_view message) {
   for (const auto& row : kServerMessages) {
     // Every tag of a server has the same length; saying so spares a call for each test.
     if (message.starts_with(std::string_view(row.tag.data(), kTagLength))) {

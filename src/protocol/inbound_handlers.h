@@ -1,4 +1,5 @@
-/// The handlers of inbound messages; the dispatcher calls them.
+/// The handlers of those messages that ask for more than one call on the thing they change. The
+/// dispatcher calls them.
 #pragma once
 
 #include <string_view>
@@ -10,35 +11,29 @@
 
 namespace korvanta {
 
-/// What the handlers read and change.
+/// What messages change and the options that they depend on.
 struct InboundTargets {
   Connection& connection;
   const Options& options;
   ChatOutput& chat;
   const ChatFilter& filter;
   SoundPlayer& sounds;
-  GameDisplay& game;
-  LobbyDisplay& lobby;
+  ClockReceiver& clock;
+  BoardReceiver& board;
+  StatisticsReceiver& statistics;
+  NewsReceiver& news;
+  OnlineListReceiver& online_list;
+  TournamentReceiver& tournament;
 };
 
-/// Each takes the payload and raises MessageError when it is broken; what was done before stays
-/// done.
+/// Each takes the payload and raises MessageError when it is broken.
 namespace inbound {
 
-void LoginAccepted(InboundTargets& targets, std::string_view payload);
-void LoginNotice(InboundTargets& targets, std::string_view payload);
-void GameClock(InboundTargets& targets, std::string_view payload);
-void Sound(InboundTargets& targets, std::string_view payload);
-void Statistics(InboundTargets& targets, std::string_view payload);
-void TopicLevel(InboundTargets& targets, std::string_view payload);
-void BoardCleared(InboundTargets& targets);
-void ResearchPoints(InboundTargets& targets, std::string_view payload);
-void ChatLine(InboundTargets& targets, std::string_view payload);
-void News(InboundTargets& targets, std::string_view payload);
-void OnlineList(InboundTargets& targets, std::string_view payload);
-void TournamentInfo(InboundTargets& targets, std::string_view payload);
-void TeamList(InboundTargets& targets, std::string_view payload);
-void TeamNames(InboundTargets& targets, std::string_view payload);
+void LoginNotice(const InboundTargets& targets, std::string_view payload);
+void Sound(const InboundTargets& targets, std::string_view payload);
+void TopicLevel(const InboundTargets& targets, std::string_view payload);
+void BoardCleared(const InboundTargets& targets);
+void ChatLine(const InboundTargets& targets, std::string_view payload);
 
 }  // namespace inbound
 

@@ -3,6 +3,11 @@
 #include "protocol/message_table.h"
 
 namespace korvanta::outbound {
+namespace {
+
+std::string CodeText(TopicCode topic) { return std::to_string(static_cast<std::int16_t>(topic)); }
+
+}  // namespace
 
 std::string Login(std::string_view version, std::string_view user_name, std::string_view password) {
   return BuildMessage<ClientMessage::Login>(version, user_name, password);
@@ -28,12 +33,12 @@ std::string LookUpStatistics(std::string_view player) {
 
 std::string EnterGame() { return BuildMessage<ClientMessage::EnterGame>(); }
 
-std::string TopicInformation(std::int16_t topic) {
-  return BuildMessage<ClientMessage::TopicInformation>(std::to_string(topic));
+std::string TopicInformation(TopicCode topic) {
+  return BuildMessage<ClientMessage::TopicInformation>(CodeText(topic));
 }
 
-std::string ResearchTopic(std::int16_t topic, std::int16_t level) {
-  return BuildMessage<ClientMessage::ResearchTopic>(std::to_string(topic), std::to_string(level));
+std::string ResearchTopic(TopicCode topic, std::int16_t level) {
+  return BuildMessage<ClientMessage::ResearchTopic>(CodeText(topic), std::to_string(level));
 }
 
 std::string RequestNews() { return BuildMessage<ClientMessage::RequestNews>(); }

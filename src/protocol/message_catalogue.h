@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "protocol/topic_code.h"
+
 namespace korvanta::outbound {
 
 std::string Login(std::string_view version, std::string_view user_name, std::string_view password);
@@ -17,8 +19,8 @@ std::string FormAlliance(std::string_view player);
 std::string AttackPlayer(std::string_view player);
 std::string LookUpStatistics(std::string_view player);
 std::string EnterGame();
-std::string TopicInformation(std::int16_t topic);
-std::string ResearchTopic(std::int16_t topic, std::int16_t level);
+std::string TopicInformation(TopicCode topic);
+std::string ResearchTopic(TopicCode topic, std::int16_t level);
 std::string RequestNews();
 std::string RequestTournamentInfo();
 std::string RequestTeamList();

@@ -1,5 +1,6 @@
-/// What the protocol asks of the floors above it: the narrow interfaces through which its handlers
-/// show, draw and play what the server says. The client plugs the implementations in.
+/// What the protocol asks of the floors above it: for each thing that a server's message changes,
+/// the narrow interface through which its handler does so. The things implement them, the client
+/// plugs them in.
 #pragma once
 
 #include <cstdint>
@@ -7,6 +8,7 @@
 #include <string_view>
 
 #include "protocol/message_kind.h"
+#include "protocol/topic_code.h"
 
 namespace korvanta {
 
@@ -18,6 +20,15 @@ class ChatOutput {
   virtual void AppendMessage(std::string_view text, MessageKind kind) = 0;
 };
 
+/// Masks offensive words.
+class ChatFilter {
+ public:
+  virtual ~ChatFilter() = default;
+
+  /// The text as it may be shown: `text` itself, or a masked copy that lies in `masked`.
+  virtual std::string_view FilterLanguage(std::string_view text, std::string& masked) const = 0;
+};
+
 /// The main window's title and the caption of its connect item.
 class ConnectionDisplay {
  public:
@@ -27,38 +38,55 @@ class ConnectionDisplay {
   virtual void SetTitle(std::string_view title) = 0;
 };
 
-/// The research board and the game clock.
-class GameDisplay {
+/// The game clock.
+class ClockReceiver {
  public:
-  virtual ~GameDisplay() = default;
+  virtual ~ClockReceiver() = default;
 
   virtual void StartGameClock(std::int16_t seconds) = 0;
-  virtual void LightTopic(std::int16_t topic, std::int16_t level) = 0;
-  virtual void ResetBoard() = 0;
-  virtual void ShowResearchPoints(double points) = 0;
 };
 
-/// The online list and the side windows; each reads its own payload and raises MessageError from a
-/// broken one, keeping what it did before.
-class LobbyDisplay {
+/// The research board.
+class BoardReceiver {
  public:
-  virtual ~LobbyDisplay() = default;
+  virtual ~BoardReceiver() = default;
+
+  virtual void ShowTopicLevel(TopicCode topic, std::int16_t level) = 0;
+  virtual void ShowResearchPoints(double points) = 0;
+  virtual void ShowClearedBoard() = 0;
+};
+
+// Those that follow read their own payloads and raise MessageError from a broken one, keeping what
+// they did before.
+
+class OnlineListReceiver {
+ public:
+  virtual ~OnlineListReceiver() = default;
 
   virtual void ShowOnlineList(std::string_view payload) = 0;
+};
+
+class StatisticsReceiver {
+ public:
+  virtual ~StatisticsReceiver() = default;
+
   virtual void ShowUserStatistics(std::string_view payload) = 0;
+};
+
+class NewsReceiver {
+ public:
+  virtual ~NewsReceiver() = default;
+
   virtual void ShowNews(std::string_view payload) = 0;
+};
+
+class TournamentReceiver {
+ public:
+  virtual ~TournamentReceiver() = default;
+
   virtual void ShowTournamentInfo(std::string_view payload) = 0;
   virtual void ShowTeamList(std::string_view payload) = 0;
   virtual void ShowTeamNames(std::string_view payload) = 0;
-};
-
-/// Masks offensive words.
-class ChatFilter {
- public:
-  virtual ~ChatFilter() = default;
-
-  /// The text as it may be shown: `text` itself, or a masked copy that lies in `masked`.
-  virtual std::string_view FilterLanguage(std::string_view text, std::string& masked) const = 0;
 };
 
 }  // namespace korvanta

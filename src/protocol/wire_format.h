@@ -15,8 +15,8 @@ inline constexpr char kMessageTerminator = '\x00';
 inline constexpr char kFieldSeparator = '\x01';
 inline constexpr char kRecordSeparator = '\x02';
 
-/// Characters of a tag, brackets included. The keep-alive "[p]", which only the client sends, is
-/// the one shorter tag.
+/// Characters of a tag, brackets included. The keep-alive, which only the client sends, has the one
+/// shorter tag.
 inline constexpr std::size_t kTagLength = 5;
 
 /// TCP port of the game server.

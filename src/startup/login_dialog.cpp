@@ -38,7 +38,7 @@ LoginDialog::LoginDialog(Connection& connection, ConnectionValues& values,
       window_([this] { Load(); }) {}
 
 void LoginDialog::ConnectItemClicked() {
-  if (connection_.IsConnected()) {
+  if (connection_.IsLoggedIn()) {
     connection_.Disconnect();
   } else {
     window_.Show();

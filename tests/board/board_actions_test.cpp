@@ -26,11 +26,11 @@ std::string Message(const std::string& text) { return text + '\0'; }
 
 TEST_F(BoardActionsTest, BoxRequestsNameTheBoxLastRightClicked) {
   actions.ResearchThis();
-  actions.BoxRightClicked(2, 3);
+  actions.BoxRightClicked(TopicCode::Industry, 3);
   actions.ResearchThis();
-  actions.BoxRightClicked(5, 5);
+  actions.BoxRightClicked(TopicCode::GoldenKnowledge, 5);
   actions.ResearchThis();
-  actions.BoxRightClicked(4, 2);
+  actions.BoxRightClicked(TopicCode::Defense, 2);
   actions.Information();
   EXPECT_THAT(socket.TakeSent(), ElementsAre(Message("[upg]0\0010\001"), Message("[upg]2\0013\001"),
                                              Message("[upg]5\0015\001"), Message("[inf]4")));
@@ -71,7 +71,7 @@ TEST_F(BoardActionsTest, AnAllianceIsAskedForFirst) {
 
 TEST_F(BoardActionsTest, WithoutAConnectedSocketNothingIsSent) {
   socket.connected = false;
-  actions.BoxRightClicked(1, 1);
+  actions.BoxRightClicked(TopicCode::Military, 1);
   actions.SelectedPlayer = "Bob";
   platform.message_box.answers = {true};
   actions.ResearchThis();

@@ -50,8 +50,8 @@ TEST_F(ResearchBoardTest, EveryLevelOfEveryRowWhateverItWasBefore) {
     for (std::int16_t before = 0; before <= 4; ++before) {
       for (std::int16_t level = 0; level <= 4; ++level) {
         modLight::ResetBoard(board_);
-        modLight::LightTopic(board_, topic, before);
-        modLight::LightTopic(board_, topic, level);
+        modLight::LightTopic(board_, static_cast<TopicCode>(topic), before);
+        modLight::LightTopic(board_, static_cast<TopicCode>(topic), level);
         std::vector<std::string> expected(4, kPlain);
         expected[static_cast<std::size_t>(topic - 1)] = by_level[static_cast<std::size_t>(level)];
         EXPECT_EQ(Rows(), expected) << topic << ": " << before << " to " << level;
@@ -71,7 +71,7 @@ TEST_F(ResearchBoardTest, ValuesOutOfRange) {
                                    {0, 4, 3, kAll}, {-7, 1, 3, "4111 1111"}};
   for (const Case& each : cases) {
     modLight::ResetBoard(board_);
-    modLight::LightTopic(board_, each.topic, each.level);
+    modLight::LightTopic(board_, static_cast<TopicCode>(each.topic), each.level);
     std::vector<std::string> expected(4, kPlain);
     expected[each.row] = each.shown;
     EXPECT_EQ(Rows(), expected) << each.topic << ", " << each.level;
@@ -80,7 +80,7 @@ TEST_F(ResearchBoardTest, ValuesOutOfRange) {
 
 TEST_F(ResearchBoardTest, ResetClearsTheBoardAndFreezesTheClock) {
   for (std::int16_t topic = 1; topic <= 4; ++topic) {
-    modLight::LightTopic(board_, topic, 4);
+    modLight::LightTopic(board_, static_cast<TopicCode>(topic), 4);
   }
   board_.ShowResearchPoints(12);
   clock_.StartGameClock(90);
@@ -99,7 +99,7 @@ TEST_F(ResearchBoardTest, ResetClearsTheBoardAndFreezesTheClock) {
 
 TEST_F(ResearchBoardTest, TellsEachPartThatChangedAndNothingElse) {
   for (int times = 0; times < 2; ++times) {
-    modLight::LightTopic(board_, 3, 2);
+    modLight::LightTopic(board_, TopicCode::Population, 2);
     board_.ShowResearchPoints(5);
   }
   EXPECT_THAT(TakeChanged(), ElementsAre(BoardPart::Population, BoardPart::Research));

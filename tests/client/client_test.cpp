@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/fakes/fake_platform.h"
+#include "tests/fakes/menu_items.h"
 
 namespace korvanta {
 namespace {
@@ -29,20 +30,7 @@ class ClientTest : public testing::Test {
   void Note(const std::string& event) { events.push_back(event); }
   std::vector<std::string> TakeEvents() { return std::exchange(events, {}); }
 
-  void Click(std::string_view name) {
-    std::vector<Menu> menus(MenuBar().begin(), MenuBar().end());
-    menus.push_back(PopMenu());
-    menus.push_back(WarMenu());
-    for (const Menu& menu : menus) {
-      for (const MenuItem& item : menu.items) {
-        if (item.name == name) {
-          client.main_window.menus.Click(item);
-          return;
-        }
-      }
-    }
-    FAIL() << "no menu item " << name;
-  }
+  void Click(std::string_view name) { fakes::ItemNamed(name).click(client); }
 
   void LogIn(const std::string& user_id) {
     client.login_dialog.window().Show();
@@ -175,11 +163,11 @@ TEST_F(ClientTest, TheEndOfAConnectionAndTheNextLoginLeaveEverythingElse) {
   Receive({"[onl]Bob\0011\0011\0010", "[upg]2\0013", "[poi]7"});
   client.online_list.Select(0);
   EXPECT_TRUE(client.board_actions.PlayerRightClicked());
-  client.board_actions.BoxRightClicked(3, 4);
+  client.board_actions.BoxRightClicked(TopicCode::Population, 4);
   const auto expect_kept = [this](const char* after, bool board_too = true) {
     const BoardActions& actions = client.board_actions;
     EXPECT_EQ(std::tuple(actions.SelectedTopic, actions.SelectedLevel, actions.SelectedPlayer),
-              std::tuple(3, 4, "Bob"))
+              std::tuple(TopicCode::Population, 4, "Bob"))
         << after;
     EXPECT_EQ(client.online_list.entries().size(), 1U) << after;
     EXPECT_EQ(client.values.UserID, 12) << after;
@@ -244,7 +232,7 @@ TEST_F(ClientTest, TheConnectItemLogsInAndOut) {
 TEST_F(ClientTest, EveryOtherItemDoesWhatItSays) {
   ASSERT_TRUE(client.StartUp());
   LogIn("1");
-  client.board_actions.BoxRightClicked(2, 3);
+  client.board_actions.BoxRightClicked(TopicCode::Industry, 3);
   client.board_actions.SelectedPlayer = "Bob";
   platform.message_box.answers = {true};
   for (const char* item : {"mResearch", "mnuInfo", "mnuAttack", "mAlliance", "mnuCity"}) {

@@ -99,7 +99,7 @@ class MischievousEvening : private practice::ResettableTransport {
     client.statistics.window().Show();
     client.news.window().Show();
     client.tournament.window().Show();
-    client.board_actions.BoxRightClicked(1, 3);
+    client.board_actions.BoxRightClicked(TopicCode::Military, 3);
     client.board_actions.ResearchThis();
     platform.socket.TakeSent();
   }

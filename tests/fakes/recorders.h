@@ -34,15 +34,16 @@ class RecordingDisplay : public ConnectionDisplay {
   std::vector<std::string> calls;
 };
 
-class RecordingGame : public GameDisplay {
+class RecordingGame : public ClockReceiver, public BoardReceiver {
  public:
   void StartGameClock(std::int16_t seconds) override {
     calls.push_back("clock " + std::to_string(seconds));
   }
-  void LightTopic(std::int16_t topic, std::int16_t level) override {
-    calls.push_back("light " + std::to_string(topic) + " " + std::to_string(level));
+  void ShowTopicLevel(TopicCode topic, std::int16_t level) override {
+    calls.push_back("light " + std::to_string(static_cast<int>(topic)) + " " +
+                    std::to_string(level));
   }
-  void ResetBoard() override { calls.emplace_back("reset"); }
+  void ShowClearedBoard() override { calls.emplace_back("reset"); }
   void ShowResearchPoints(double points) override {
     calls.push_back("points " + std::to_string(points));
   }
@@ -52,7 +53,10 @@ class RecordingGame : public GameDisplay {
 };
 
 /// "tag payload" for each message handed on.
-class RecordingLobby : public LobbyDisplay {
+class RecordingLobby : public OnlineListReceiver,
+                       public StatisticsReceiver,
+                       public NewsReceiver,
+                       public TournamentReceiver {
  public:
   void ShowOnlineList(std::string_view payload) override { Record("onl", payload); }
   void ShowUserStatistics(std::string_view payload) override { Record("bre", payload); }

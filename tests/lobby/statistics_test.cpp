@@ -132,10 +132,11 @@ TEST_F(StatisticsTest, EveryAwardCodeHasItsLine) {
       "Obstacle Award - 50 Blocks",
       "No awards for this user!",
   };
+  StatisticsState awarded;
   for (std::size_t code = 1; code <= lines.size() + 1; ++code) {
-    modData::AddAward(statistics, std::to_string(code));
+    modData::AddAward(awarded, std::to_string(code));
   }
-  EXPECT_EQ(state().lstAwards, lines);
+  EXPECT_EQ(awarded.lstAwards, lines);
 }
 
 TEST_F(StatisticsTest, AwardCodesAreReadLenientlyThenComparedStrictly) {
@@ -163,6 +164,9 @@ TEST_F(StatisticsTest, AwardCodesAreReadLenientlyThenComparedStrictly) {
 }
 
 TEST_F(StatisticsTest, AShortReplyFillsWhatItHasAndTellsOnce) {
+  EXPECT_THROW(statistics.ShowUserStatistics(""), MessageError);
+  EXPECT_EQ(statistics.window().state(), WindowLife::State::Absent);
+  EXPECT_THAT(player.TakeSent(), testing::IsEmpty());
   statistics.window().Show();
   statistics.ShowUserStatistics(Reply("1"));
   int changes = 0;

@@ -38,7 +38,8 @@ class DispatcherTest : public testing::Test, protected fakes::OfflinePlayer {
   fakes::RecordingLobby lobby;
   StarFilter filter;
   Options options;
-  Dispatcher dispatcher{{connection, options, chat, filter, platform.sounds, game, lobby}};
+  Dispatcher dispatcher{
+      {connection, options, chat, filter, platform.sounds, game, game, lobby, lobby, lobby, lobby}};
 };
 
 TEST_F(DispatcherTest, EveryTagReachesItsHandlerWithItsPayload) {

@@ -114,7 +114,7 @@ void BoardWidget::OpenBoxMenu(int box, QPoint global_pos) const {
     return;
   }
   if (box == kGoldenIndex) {
-    on_box_menu(kGoldenKnowledge, kGoldenKnowledge, global_pos);
+    on_box_menu(TopicCode::GoldenKnowledge, kGoldenKnowledgeLevel, global_pos);
   } else {
     on_box_menu(kTopics[RowOf(box)].code, static_cast<std::int16_t>(LevelOf(box)), global_pos);
   }

@@ -21,7 +21,7 @@ class BoardWidget : public QWidget {
 
   /// The right mouse button was released over a box, or its menu was asked for with the keyboard.
   /// The Golden Knowledge has topic 5 and level 5. The position is one of the screen.
-  std::function<void(std::int16_t topic, std::int16_t level, QPoint global_pos)> on_box_menu;
+  std::function<void(TopicCode topic, std::int16_t level, QPoint global_pos)> on_box_menu;
 
   /// The keyboard is at another box, whose middle this is.
   std::function<void(QPoint middle)> on_current_box;

@@ -138,8 +138,7 @@ QMenu* frmMain::MakeMenu(const Menu& menu) {
     action->setShortcut(QKeySequence(ToQString(item.shortcut), QKeySequence::PortableText));
     action->setAutoRepeat(false);
     action->setCheckable(item.option != nullptr);
-    connect(action, &QAction::triggered, this,
-            [this, &item] { client_.main_window.menus.Click(item); });
+    connect(action, &QAction::triggered, this, [this, &item] { item.click(client_); });
     actions_.push_back({&item, action});
   }
   return result;
@@ -154,7 +153,7 @@ void frmMain::BindClient() {
     show();
   };
   window.on_close = [this] { close(); };
-  window.menus.on_changed = [this] {
+  window.on_menus_changed = [this] {
     RefreshMenus();
     rbMessages->viewport()->update();
   };
@@ -162,7 +161,7 @@ void frmMain::BindClient() {
   connect(btnSend, &QPushButton::clicked, this, [this] { client_.chat_input.SendChatLine(); });
   connect(cboSend->lineEdit(), &QLineEdit::returnPressed, btnSend, &QPushButton::click);
   qApp->installEventFilter(this);
-  board->on_box_menu = [this](std::int16_t topic, std::int16_t level, QPoint global_pos) {
+  board->on_box_menu = [this](TopicCode topic, std::int16_t level, QPoint global_pos) {
     ShowBoxMenu(topic, level, global_pos);
   };
   lstOnline->on_menu = [this](QPoint global_pos) { ShowPlayerMenu(global_pos); };
@@ -179,10 +178,9 @@ void frmMain::BindClient() {
 }
 
 void frmMain::RefreshMenus() {
-  const Menus& menus = client_.main_window.menus;
   for (const auto& [item, action] : actions_) {
-    action->setText(ToQString(menus.Caption(*item)));
-    action->setChecked(menus.IsChecked(*item));
+    action->setText(ToQString(CaptionOf(*item, client_)));
+    action->setChecked(item->option != nullptr && client_.options.*(item->option));
   }
   for (QMenu* menu : findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly)) {
     GiveAccessKeys(*menu);
@@ -194,7 +192,7 @@ void frmMain::RefreshChatInput() {
   btnSend->setEnabled(client_.chat_input.IsSendEnabled());
 }
 
-void frmMain::ShowBoxMenu(std::int16_t topic, std::int16_t level, QPoint global_pos) {
+void frmMain::ShowBoxMenu(TopicCode topic, std::int16_t level, QPoint global_pos) {
   client_.board_actions.BoxRightClicked(topic, level);
   OpenMenu(*mPopMenu, global_pos);
 }

@@ -8,6 +8,7 @@
 #include <cstdint>
 
 #include "client/client.h"
+#include "client/menus.h"
 
 class QAction;
 class QMenu;
@@ -41,7 +42,7 @@ class frmMain : public QMainWindow {
   void BindClient();
   void RefreshMenus();
   void RefreshChatInput();
-  void ShowBoxMenu(std::int16_t topic, std::int16_t level, QPoint global_pos);
+  void ShowBoxMenu(TopicCode topic, std::int16_t level, QPoint global_pos);
   void ShowPlayerMenu(QPoint global_pos);
   bool IsMenuShortcut(const QKeyEvent& event) const;
 

@@ -30,7 +30,7 @@ class BoardAccessibleTest : public testing::Test {
 };
 
 TEST_F(BoardAccessibleTest, EveryChildHasANameAndKnowsItsPlace) {
-  modLight::LightTopic(board_, 1, 2);
+  modLight::LightTopic(board_, TopicCode::Military, 2);
   EXPECT_EQ(Board()->text(QAccessible::Name), QStringLiteral("Research board"));
   QStringList names;
   for (int i = 0; i < Board()->childCount(); ++i) {

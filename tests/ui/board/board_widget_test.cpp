@@ -21,7 +21,7 @@ using namespace board_layout;
 using std::chrono_literals::operator""ms;
 
 struct MenuCall {
-  std::int16_t topic;
+  TopicCode topic;
   std::int16_t level;
   QPoint position;
   bool operator==(const MenuCall&) const = default;
@@ -34,7 +34,7 @@ class BoardWidgetTest : public testing::Test {
     auto* column = new QVBoxLayout(&window_);
     column->addWidget(&other_);
     column->addWidget(&widget_);
-    widget_.on_box_menu = [this](std::int16_t topic, std::int16_t level, QPoint position) {
+    widget_.on_box_menu = [this](TopicCode topic, std::int16_t level, QPoint position) {
       menu_ = MenuCall{topic, level, position};
     };
     window_.show();
@@ -64,7 +64,7 @@ TEST_F(BoardWidgetTest, RightButtonReleasedOpensTheMenuOfEveryBox) {
     QTest::mousePress(&widget_, Qt::RightButton, {}, Middle(box));
     EXPECT_EQ(TakeMenu(), std::nullopt) << box;
     QTest::mouseRelease(&widget_, Qt::RightButton, {}, Middle(box));
-    const auto topic = static_cast<std::int16_t>(box / 4 + 1);
+    const auto topic = static_cast<TopicCode>(box / 4 + 1);
     const auto level = static_cast<std::int16_t>(box == 16 ? 5 : box % 4 + 1);
     EXPECT_EQ(TakeMenu(), (MenuCall{topic, level, widget_.mapToGlobal(Middle(box))})) << box;
   }
@@ -112,7 +112,7 @@ TEST_F(BoardWidgetTest, ArrowKeysWalkAndTheMenuKeysOpen) {
     EXPECT_EQ(widget_.current_box(), step.box) << step.box;
   }
   EXPECT_EQ(TakeMenu(), std::nullopt);
-  const MenuCall expected{3, 3, widget_.mapToGlobal(Middle(10))};
+  const MenuCall expected{TopicCode::Population, 3, widget_.mapToGlobal(Middle(10))};
   QTest::keyClick(&widget_, Qt::Key_Menu);
   EXPECT_EQ(TakeMenu(), expected);
   QTest::keyClick(&widget_, Qt::Key_F10, Qt::ShiftModifier);
@@ -168,8 +168,7 @@ TEST_F(BoardWidgetTest, FramesLinesAndCaptionsAreDrawnInTheirColoursAsThickAsThe
   }
   for (std::size_t row = 0; row < kTopicRows; ++row) {
     for (int level = 0; level <= kTopLevel; ++level) {
-      modLight::LightTopic(board_, static_cast<std::int16_t>(row + 1),
-                           static_cast<std::int16_t>(level));
+      modLight::LightTopic(board_, kTopics[row].code, static_cast<std::int16_t>(level));
       const QImage image = widget_.grab().toImage();
       for (int i = 1; i <= kTopLevel; ++i) {
         const QRect box = BoxRect(BoxAt(row, i));

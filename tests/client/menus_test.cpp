@@ -1,6 +1,10 @@
-#include "lobby/menus.h"
+#include "client/menus.h"
 
 #include <gmock/gmock.h>
+
+#include "client/client.h"
+#include "tests/fakes/fake_platform.h"
+#include "tests/fakes/menu_items.h"
 
 namespace korvanta {
 namespace {
@@ -9,10 +13,7 @@ using testing::ElementsAre;
 
 TEST(Menus, EveryMenuReadsAsWritten) {
   std::vector<std::string> lines;
-  std::vector<Menu> menus(MenuBar().begin(), MenuBar().end());
-  menus.push_back(PopMenu());
-  menus.push_back(WarMenu());
-  for (const Menu& menu : menus) {
+  for (const Menu& menu : fakes::AllMenus()) {
     lines.emplace_back(menu.caption);
     for (const MenuItem& item : menu.items) {
       lines.push_back("  " + std::string(item.name) + " " + std::string(item.caption) +
@@ -41,16 +42,14 @@ TEST(Menus, EachOptionTogglesItsOwnCheckMarkAndNothingElse) {
       {"mAuto", &Options::mAuto},         {"mnuAutoChat", &Options::mnuAutoChat},
       {"mSounds", &Options::mSounds},     {"mnuScrollLock", &Options::mnuScrollLock},
       {"mnuFilter", &Options::mnuFilter}, {"mnuLogins", &Options::mnuLogins}};
-  for (const Menu& menu : MenuBar()) {
-    for (const MenuItem& item : menu.items) {
-      Options options;
-      Menus menus(options);
-      menus.Click(item);
-      for (const auto& [name, member] : members) {
-        EXPECT_EQ(options.*member, Options().*member != (name == item.name)) << name;
-      }
-      EXPECT_EQ(menus.IsChecked(item),
-                members.contains(item.name) && options.*members.at(item.name));
+  for (const auto& [name, member] : members) {
+    fakes::FakePlatform platform;
+    Client client(platform.platform(), {});
+    const MenuItem& item = fakes::ItemNamed(name);
+    EXPECT_EQ(item.option, member) << name;
+    item.click(client);
+    for (const auto& [other, option] : members) {
+      EXPECT_EQ(client.options.*option, Options().*option != (other == name)) << name << other;
     }
   }
 }

@@ -1,10 +1,11 @@
-/// Handlers of the login and chat messages: who is connected, what is said, what sounds.
+#include "protocol/inbound_handlers.h"
+
 #include <algorithm>
 #include <array>
 #include <string>
 
 #include "protocol/field_reading.h"
-#include "protocol/inbound_handlers.h"
+#include "protocol/message_catalogue.h"
 
 namespace korvanta::inbound {
 namespace {
@@ -17,17 +18,13 @@ constexpr std::array<std::string_view, 6> kSoundFiles = {
 
 }  // namespace
 
-void LoginAccepted(InboundTargets& targets, std::string_view payload) {
-  targets.connection.AcceptLogin(payload);
-}
-
-void LoginNotice(InboundTargets& targets, std::string_view payload) {
+void LoginNotice(const InboundTargets& targets, std::string_view payload) {
   if (!targets.options.mnuLogins) {
     targets.chat.AppendMessage(payload, MessageKind::Status);
   }
 }
 
-void Sound(InboundTargets& targets, std::string_view payload) {
+void Sound(const InboundTargets& targets, std::string_view payload) {
   if (!targets.options.mSounds) {
     return;
   }
@@ -36,7 +33,20 @@ void Sound(InboundTargets& targets, std::string_view payload) {
   }
 }
 
-void ChatLine(InboundTargets& targets, std::string_view payload) {
+void TopicLevel(const InboundTargets& targets, std::string_view payload) {
+  const auto topic = static_cast<TopicCode>(ToInt16(ReadLeadingNumber(Field(payload, 0))));
+  const std::int16_t level = ToInt16(ReadLeadingNumber(Field(payload, 1)));
+  targets.board.ShowTopicLevel(topic, level);
+}
+
+void BoardCleared(const InboundTargets& targets) {
+  targets.board.ShowClearedBoard();
+  if (targets.options.mAuto) {
+    targets.connection.SendIfSocketConnected(outbound::EnterGame());
+  }
+}
+
+void ChatLine(const InboundTargets& targets, std::string_view payload) {
   FieldReader fields(payload);
   const std::string_view code = fields.Next();
   std::string_view text = fields.Next();
