@@ -20,12 +20,10 @@ class Stream {
         return TakeAll(false);
       case 'F': {  // so much that it comes in several parts
         const std::size_t length = event.TakeNumber() * 1024;
-        return Hold(std::string(length, 'x').append(event.text));
+        return Add(std::string(length, 'x').append(event.text));
       }
       case 'E':
         return TakeAll(true);
-      case 'H':  // while the client is busy
-        return Hold(event.text);
       default:
         return Add(event.text);
     }
@@ -38,47 +36,48 @@ class Stream {
 
  private:
   void Add(std::string_view bytes) {
-    Hold(bytes);
-    TakeAll(false);
-  }
-
-  void Hold(std::string_view bytes) {
     bytes = bytes.substr(0, kLongestStream - std::min(length_, kLongestStream));
     length_ += bytes.size();
-    blocks_.Add(bytes, now_);
-    waiting_ += bytes;
-    if (!bytes.empty()) {
-      last_byte_ = now_;
-    }
+    do {
+      const std::string_view arrival = bytes.substr(0, BlockAssembler::kBlockLimit);
+      bytes.remove_prefix(arrival.size());
+      blocks_.Add(arrival, now_);
+      waiting_ += arrival;
+      if (!arrival.empty()) {
+        is_whole_ = arrival.size() < BlockAssembler::kSmallestSegment && !goes_on_;
+        goes_on_ = arrival.size() == BlockAssembler::kBlockLimit;
+        last_byte_ = now_;
+      }
+      TakeAll(false);
+    } while (!bytes.empty());
   }
 
   void TakeAll(bool at_end) {
     while (Take(at_end)) {
     }
+    Check(waiting_.empty() || !is_whole_, "what was not cut does not wait");
     Check(waiting_.find(kMessageTerminator) == std::string::npos, "no whole message waits");
     Check(waiting_.size() < BlockAssembler::kRestLimit, "what waits is bounded");
-    Check(blocks_.RestDue().has_value() == !waiting_.empty(), "a rest has its time");
-    Check(waiting_.empty() || blocks_.RestDue() == last_byte_ + BlockAssembler::kRestWait,
-          "which begins with its last byte");
+    Check(blocks_.RestDeadline().has_value() == !waiting_.empty(), "a rest has a deadline");
+    Check(waiting_.empty() || blocks_.RestDeadline() == last_byte_ + BlockAssembler::kRestWait,
+          "which counts from its last byte");
   }
 
   /// Whether there was a block.
   bool Take(bool at_end) {
-    const bool is_message = waiting_.find(kMessageTerminator) != std::string::npos;
-    const bool is_due = at_end || waiting_.size() >= BlockAssembler::kRestLimit ||
+    const std::size_t end = waiting_.find(kMessageTerminator);
+    const bool is_due = is_whole_ || at_end || end != std::string::npos ||
+                        waiting_.size() >= BlockAssembler::kRestLimit ||
                         now_ >= last_byte_ + BlockAssembler::kRestWait;
     const std::string block = blocks_.Take(now_, at_end);
-    Check(block.empty() == (waiting_.empty() || !(is_message || is_due)),
-          "a block comes when one is due");
+    Check(block.empty() == (waiting_.empty() || !is_due), "a block comes when one is due");
     Check(waiting_.starts_with(block), "the stream stays as it is");
     Check(block.size() <= BlockAssembler::kRestLimit, "no block is longer than the longest rest");
-    const std::size_t end = block.find(kMessageTerminator);
-    if (is_message) {
-      Check(block.ends_with(kMessageTerminator) || block.size() == BlockAssembler::kRestLimit,
-            "messages are whole");
-      Check(block.size() <= BlockAssembler::kBlockLimit || end >= block.size() - 1,
-            "a long block is one message");
-    }
+    Check(block.size() <= BlockAssembler::kBlockLimit || end >= block.size() - 1,
+          "a long block is one message");
+    Check(block.empty() || block.size() == waiting_.size() || block.ends_with(kMessageTerminator) ||
+              block.size() == BlockAssembler::kRestLimit,
+          "no block ends inside a message that goes on");
     waiting_.erase(0, block.size());
     return !block.empty();
   }
@@ -86,7 +85,9 @@ class Stream {
   BlockAssembler blocks_;
   BlockAssembler::Time now_{std::chrono::hours(1)};
   BlockAssembler::Time last_byte_{};
-  std::string waiting_;  ///< added and not yet handed out
+  std::string waiting_;   ///< added and not yet handed out
+  bool is_whole_ = true;  ///< the last arrival cannot have been cut
+  bool goes_on_ = false;  ///< in the next arrival
   std::size_t length_ = 0;
 };
 

@@ -10,10 +10,15 @@ void BlockAssembler::Add(std::string_view bytes, Time now) {
   if (bytes.empty()) {
     return;
   }
-  if (const std::size_t last = bytes.rfind(kMessageTerminator); last != std::string_view::npos) {
-    complete_ = bytes_.size() + last + 1;
+  const bool may_be_cut = bytes.size() >= kSmallestSegment || last_arrival_ >= kBlockLimit;
+  if (!may_be_cut) {
+    due_ = bytes_.size() + bytes.size();
+  } else if (const std::size_t last = bytes.rfind(kMessageTerminator);
+             last != std::string_view::npos) {
+    due_ = bytes_.size() + last + 1;
   }
   bytes_.append(bytes);
+  last_arrival_ = bytes.size();
   last_byte_ = now;
 }
 
@@ -26,11 +31,11 @@ std::string BlockAssembler::Take(Time now, bool at_end) {
     block = bytes_.substr(0, length);
     bytes_.erase(0, length);
   }
-  complete_ -= std::min(length, complete_);
+  due_ -= std::min(length, due_);
   return block;
 }
 
-std::optional<BlockAssembler::Time> BlockAssembler::RestDue() const {
+std::optional<BlockAssembler::Time> BlockAssembler::RestDeadline() const {
   if (HasBlock() || bytes_.empty()) {
     return std::nullopt;
   }
@@ -38,18 +43,17 @@ std::optional<BlockAssembler::Time> BlockAssembler::RestDue() const {
 }
 
 std::size_t BlockAssembler::NextLength(Time now, bool at_end) const {
-  if (complete_ > 0 && complete_ <= kBlockLimit) {
-    return complete_;
+  const bool is_rest_due =
+      due_ == 0 && (bytes_.size() >= kRestLimit || now >= last_byte_ + kRestWait);
+  const std::size_t due = at_end || is_rest_due ? bytes_.size() : due_;
+  if (due <= kBlockLimit) {
+    return due;
   }
-  if (complete_ > 0) {
-    std::size_t last = bytes_.rfind(kMessageTerminator, kBlockLimit - 1);
-    if (last == std::string::npos) {
-      last = bytes_.find(kMessageTerminator, kBlockLimit);
-    }
-    return std::min(last + 1, kRestLimit);
+  std::size_t last = bytes_.rfind(kMessageTerminator, kBlockLimit - 1);
+  if (last == std::string::npos) {
+    last = bytes_.find(kMessageTerminator, kBlockLimit);
   }
-  const bool is_due = at_end || bytes_.size() >= kRestLimit || now >= last_byte_ + kRestWait;
-  return is_due ? std::min(bytes_.size(), kRestLimit) : 0;
+  return std::min(last == std::string::npos ? due : last + 1, kRestLimit);
 }
 
 }  // namespace korvanta

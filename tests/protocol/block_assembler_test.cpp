@@ -8,8 +8,9 @@ namespace {
 
 using namespace std::chrono_literals;
 using testing::ElementsAre;
-using testing::IsEmpty;
+using testing::ElementsAreArray;
 
+constexpr std::size_t kSegment = BlockAssembler::kSmallestSegment;
 constexpr std::size_t kBlockLimit = BlockAssembler::kBlockLimit;
 constexpr std::size_t kRestLimit = BlockAssembler::kRestLimit;
 
@@ -38,83 +39,83 @@ struct Stream {
   BlockAssembler::Time now{1h};
 };
 
-std::string Text(std::string_view literal_with_bars) {
-  std::string text(literal_with_bars);
+/// A bar stands for a terminator.
+std::string Text(std::string_view text_with_bars) {
+  std::string text(text_with_bars);
   std::replace(text.begin(), text.end(), '|', '\0');
   return text;
 }
 
-const std::string kSession = Text(
-    "[con]Ann\x01"
-    "7|[onl]Ann\x02"
-    "Ben||[msg]cht\x01hello|[tim]30|");
-
-TEST(BlockAssembler, WholeMessagesComeOutWhereverTheStreamIsCut) {
-  for (std::size_t cut = 0; cut <= kSession.size(); ++cut) {
-    Stream stream;
-    std::string all;
-    stream.Add(std::string_view(kSession).substr(0, cut));
-    std::vector<std::string> blocks = stream.Take();
-    stream.now += BlockAssembler::kRestWait - 1ms;
-    stream.Add(std::string_view(kSession).substr(cut));
-    for (const std::string& block : stream.Take()) {
-      blocks.push_back(block);
-    }
-    for (const std::string& block : blocks) {
-      EXPECT_EQ(block.back(), '\0') << "cut at " << cut;
-      all += block;
-    }
-    EXPECT_EQ(all, kSession) << "cut at " << cut;
-  }
+/// The text behind so many other bytes that they are long enough to have been cut.
+std::string Long(std::string_view text_with_bars) {
+  return std::string(kSegment, 'x') + Text(text_with_bars);
 }
 
-TEST(BlockAssembler, WholeMessagesComeOutOfAStreamOfSingleBytes) {
-  Stream stream;
-  std::vector<std::string> blocks;
-  for (const char byte : kSession) {
-    stream.Add({&byte, 1});
-    for (const std::string& block : stream.Take()) {
-      blocks.push_back(block);
+TEST(BlockAssembler, WhatArrivesAtOnceIsABlockUnlessItMayHaveBeenCut) {
+  const std::string almost_long(kSegment - 1, 'x');
+  const struct {
+    const char* what;
+    std::vector<std::string> arrivals;
+    std::vector<std::string> blocks;
+  } cases[] = {
+      {"a short rest keeps nothing", {"[a]5", Text("[a]6|")}, {"[a]5", Text("[a]6|")}},
+      {"messages and a short rest", {Text("[a]|[b]9"), Text("|")}, {Text("[a]|[b]9"), Text("|")}},
+      {"the longest short one", {almost_long, Text("|")}, {almost_long, Text("|")}},
+      {"the shortest long one", {almost_long + "y", Text("z|")}, {almost_long + Text("yz|")}},
+      {"a long rest waits", {Long("|[b]"), Text("1|")}, {Long("|"), Text("[b]1|")}},
+      {"and for more than one",
+       {Long("|[b]"), Long(""), Text("1|")},
+       {Long("|"), "[b]" + Long("1|")}},
+      {"but what ends it keeps nothing",
+       {Long("[b]"), Text("1|[c]"), Text("2|")},
+       {Long("[b]1|[c]"), Text("2|")}},
+      {"nor does what goes on and is short",
+       {Long("[b]"), "1", Text("2|")},
+       {Long("[b]1"), Text("2|")}},
+      {"an arrival that the caller cut goes on",
+       {std::string(kBlockLimit, 'x'), "yz", Text("|")},
+       {std::string(kBlockLimit, 'x') + Text("yz|")}},
+  };
+  for (const auto& c : cases) {
+    Stream stream;
+    std::vector<std::string> blocks;
+    for (const std::string& bytes : c.arrivals) {
+      stream.Add(bytes);
+      std::ranges::move(stream.Take(), std::back_inserter(blocks));
+      stream.now += BlockAssembler::kRestWait - 1ms;
     }
-    stream.now += BlockAssembler::kRestWait - 1ms;
+    EXPECT_THAT(blocks, ElementsAreArray(c.blocks)) << c.what;
   }
-  EXPECT_THAT(blocks, ElementsAre(Text("[con]Ann\x01"
-                                       "7|"),
-                                  Text("[onl]Ann\x02"
-                                       "Ben|"),
-                                  Text("|"), Text("[msg]cht\x01hello|"), Text("[tim]30|")));
 }
 
 TEST(BlockAssembler, RestIsGivenUpAfterItsWaitAndNotBefore) {
   Stream stream;
-  stream.Add(Text("[a]1|[b]"));
-  EXPECT_THAT(stream.Take(), ElementsAre(Text("[a]1|")));
+  stream.Add(Long("[b]"));
   stream.now += 200ms;
-  stream.Add("2");
-  EXPECT_EQ(stream.blocks.RestDue(), stream.now + 250ms);
+  stream.Add(Long(""));
+  EXPECT_EQ(stream.blocks.RestDeadline(), stream.now + 250ms);
   stream.now += 249ms;
-  EXPECT_THAT(stream.Take(), IsEmpty());
+  EXPECT_THAT(stream.Take(), ElementsAre());
   stream.now += 1ms;
-  EXPECT_THAT(stream.Take(), ElementsAre("[b]2"));
-  EXPECT_EQ(stream.blocks.RestDue(), std::nullopt);
-  stream.Add(Text("3|"));
-  EXPECT_THAT(stream.Take(), ElementsAre(Text("3|")));
+  EXPECT_THAT(stream.Take(), ElementsAre(Long("[b]") + Long("")));
+  EXPECT_EQ(stream.blocks.RestDeadline(), std::nullopt);
 }
 
-TEST(BlockAssembler, AtTheEndTheRestFollowsTheWholeMessages) {
+TEST(BlockAssembler, AtTheEndEverythingIsOneBlock) {
   Stream stream;
-  stream.Add(Text("[a]1|[b]2"));
-  EXPECT_THAT(stream.Take(true), ElementsAre(Text("[a]1|"), "[b]2"));
-  EXPECT_THAT(stream.Take(true), IsEmpty());
+  stream.Add(Long("|[b]2"));
+  EXPECT_THAT(stream.Take(true), ElementsAre(Long("|[b]2")));
+  EXPECT_THAT(stream.Take(true), ElementsAre());
 }
 
-TEST(BlockAssembler, ManyMessagesAreCutBetweenMessagesAtTheBlockLimit) {
+TEST(BlockAssembler, LongBlocksAreCutBetweenMessagesAtTheBlockLimit) {
   const std::string message = std::string(999, 'x') + '\0';
   Stream stream;
   for (int i = 0; i < 200; ++i) {
     stream.Add(message);
   }
-  EXPECT_THAT(stream.TakeLengths(), ElementsAre(65'000, 65'000, 65'000, 5'000));
+  stream.Add("rest");
+  EXPECT_THAT(stream.TakeLengths(), ElementsAre(65'000, 65'000, 65'000, 5'004));
 }
 
 TEST(BlockAssembler, LongMessagesStayWholeUpToTheRestLimit) {
@@ -124,22 +125,19 @@ TEST(BlockAssembler, LongMessagesStayWholeUpToTheRestLimit) {
       {kRestLimit, {kRestLimit, 4}},
       {kRestLimit + 1, {kRestLimit, 5}}};
   for (const auto& [length, blocks] : cases) {
-    const std::string bytes = std::string(length - 1, 'x') + '\0' + Text("[a]|");
-    Stream at_once;
-    at_once.Add(bytes);
-    EXPECT_EQ(at_once.TakeLengths(), blocks) << length;
+    Stream stream;
+    stream.Add(std::string(length - 1, 'x') + '\0' + Text("[a]|"));
+    EXPECT_EQ(stream.TakeLengths(), blocks) << length;
   }
 }
 
 TEST(BlockAssembler, EndlessRestIsHandedOutAtItsLimit) {
   Stream stream;
   std::vector<std::size_t> lengths;
-  const std::string slice(64 * 1024, 'x');
+  const std::string slice(kBlockLimit, 'x');
   for (int i = 0; i < 40; ++i) {
     stream.Add(slice);
-    for (const std::size_t length : stream.TakeLengths()) {
-      lengths.push_back(length);
-    }
+    std::ranges::copy(stream.TakeLengths(), std::back_inserter(lengths));
   }
   EXPECT_THAT(lengths, ElementsAre(kRestLimit, kRestLimit));
 }

@@ -21,7 +21,7 @@ std::string_view View(const QByteArray& bytes) {
 }  // namespace
 
 QtClientSocket::QtClientSocket() {
-  for (QTimer* timer : {&next_, &rest_due_}) {
+  for (QTimer* timer : {&next_, &rest_deadline_}) {
     timer->setSingleShot(true);
     timer->setTimerType(Qt::PreciseTimer);
     QObject::connect(timer, &QTimer::timeout, timer, [this] { RaiseNext(); });
@@ -32,7 +32,7 @@ QtClientSocket::~QtClientSocket() { QtClientSocket::Close(); }
 
 void QtClientSocket::Close() {
   next_.stop();
-  rest_due_.stop();
+  rest_deadline_.stop();
   if (QTcpSocket* socket = attempt_.socket; socket != nullptr) {
     socket->disconnect();
     socket->abort();
@@ -121,8 +121,8 @@ void QtClientSocket::RaiseNext() {
   } else if (attempt_.is_over) {
     Close();
     Raise(on_closed);
-  } else if (const auto due = attempt_.blocks.RestDue()) {
-    rest_due_.start(std::chrono::ceil<std::chrono::milliseconds>(*due - now));
+  } else if (const auto deadline = attempt_.blocks.RestDeadline()) {
+    rest_deadline_.start(std::chrono::ceil<std::chrono::milliseconds>(*deadline - now));
   }
 }
 

@@ -14,7 +14,7 @@ class QTcpSocket;
 
 namespace korvanta {
 
-/// Delivers whole messages, as `BlockAssembler` cuts them. Every event comes from the event loop,
+/// Delivers what arrives as `BlockAssembler` cuts it. Every event comes from the event loop,
 /// one at a time and never from inside another, also when a handler runs an event loop of its own.
 class QtClientSocket final : public ClientSocket {
  public:
@@ -47,8 +47,8 @@ class QtClientSocket final : public ClientSocket {
 
   Attempt attempt_;
   bool is_raising_ = false;
-  QTimer next_;      ///< runs `RaiseNext` in the next turn of the event loop
-  QTimer rest_due_;  ///< runs it when a waiting rest is due
+  QTimer next_;           ///< runs `RaiseNext` in the next turn of the event loop
+  QTimer rest_deadline_;  ///< runs it when a waiting rest is due
 };
 
 }  // namespace korvanta
