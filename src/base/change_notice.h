@@ -1,4 +1,4 @@
-/// How everything with a state tells its one listener of a change.
+/// How everything with a state notifies its one listener of a change.
 #pragma once
 
 #include <functional>
@@ -8,15 +8,19 @@ namespace korvanta {
 
 /// Calls the listener, when there is one.
 template <typename... Args>
-void Tell(const std::function<void(Args...)>& listener, std::type_identity_t<Args>... args) {
+void Notify(const std::function<void(Args...)>& listener, std::type_identity_t<Args>... args) {
   if (listener) {
     listener(args...);
   }
 }
 
-/// Tells once that a handler changed a state. Lives as long as the handler does, also when that
-/// ends early with an error. A state that is then what it was when the notice was made tells
-/// nothing.
+template <typename... Args>
+void Tell(const std::function<void(Args...)>& listener, std::type_identity_t<Args>... args) {
+  Notify(listener, args...);
+}
+
+/// Notifies once at its end, also when that is an error's, if the state is then another than it was
+/// when the notice was made. Lives as long as the handler that changes the state.
 template <typename State>
 class ChangeNotice {
  public:
@@ -27,7 +31,7 @@ class ChangeNotice {
   ChangeNotice& operator=(const ChangeNotice&) = delete;
   ~ChangeNotice() {
     if (!(state_ == before_)) {
-      Tell(listener_);
+      Notify(listener_);
     }
   }
 

@@ -32,7 +32,7 @@ class WindowLife {
   void Show() {
     Create();
     state_ = State::Shown;
-    Tell(on_show);
+    Notify(on_show);
   }
 
   /// Ends the window; an absent one is skipped.
@@ -42,9 +42,9 @@ class WindowLife {
     }
     const bool was_shown = state_ == State::Shown;
     state_ = State::Absent;
-    Tell(unload_);
+    Notify(unload_);
     if (was_shown) {
-      Tell(on_unload);
+      Notify(on_unload);
     }
   }
 

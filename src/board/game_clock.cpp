@@ -38,7 +38,7 @@ void GameClock::Tick() {
     return;
   }
   TickTime_ = std::move(text);
-  Tell(on_changed);
+  Notify(on_changed);
 }
 
 }  // namespace korvanta

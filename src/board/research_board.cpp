@@ -59,7 +59,7 @@ ResearchBoard::Widths::Widths() {
 }
 
 ResearchBoard::ResearchBoard(GameClock& clock) : clock_(clock), Research_(PointsText(0)) {
-  clock_.on_changed = [this] { Tell(on_changed, BoardPart::TickTime); };
+  clock_.on_changed = [this] { Notify(on_changed, BoardPart::TickTime); };
 }
 
 ResearchBoard::~ResearchBoard() { clock_.on_changed = nullptr; }
@@ -68,14 +68,14 @@ void ResearchBoard::ShowResearchPoints(double points) {
   std::string text = PointsText(points);
   if (text != Research_) {
     Research_ = std::move(text);
-    Tell(on_changed, BoardPart::Research);
+    Notify(on_changed, BoardPart::Research);
   }
 }
 
 void ResearchBoard::SetRow(std::size_t row, const Widths& widths) {
   if (rows_[row] != widths) {
     rows_[row] = widths;
-    Tell(on_changed, static_cast<BoardPart>(row));
+    Notify(on_changed, static_cast<BoardPart>(row));
   }
 }
 

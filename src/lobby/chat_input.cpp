@@ -1,7 +1,7 @@
 #include "lobby/chat_input.h"
 
 #include "base/change_notice.h"
-#include "base/trim_spaces.h"
+#include "base/trim.h"
 #include "protocol/message_catalogue.h"
 
 namespace korvanta {
@@ -29,7 +29,7 @@ void ChatInput::TextEdited(std::string_view text) {
   }
   text_ = text;
   position_ = history_.size();
-  Tell(on_changed);
+  Notify(on_changed);
 }
 
 void ChatInput::HistoryChosen(std::size_t index) {
@@ -59,7 +59,7 @@ void ChatInput::HistoryDown() {
 
 void ChatInput::ShowHistoryLine() {
   text_ = position_ == history_.size() ? draft_ : history_[position_];
-  Tell(on_changed);
+  Notify(on_changed);
 }
 
 void ChatInput::SendChatLine() {
@@ -75,7 +75,7 @@ void ChatInput::SendChatLine() {
   position_ = history_.size();
   draft_.clear();
   text_.clear();
-  Tell(on_changed);
+  Notify(on_changed);
 }
 
 }  // namespace korvanta

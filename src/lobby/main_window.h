@@ -23,26 +23,26 @@ class MainWindow final : public ConnectionDisplay {
   void SetTitle(std::string_view title) override {
     if (title != title_) {
       title_ = title;
-      Tell(on_title_changed);
+      Notify(on_title_changed);
     }
   }
   void SetConnectCaption(std::string_view caption) override {
     if (caption != connect_caption_) {
       connect_caption_ = caption;
-      Tell(on_menus_changed);
+      Notify(on_menus_changed);
     }
   }
 
   /// A click on an option's item.
   void Toggle(bool Options::*option) {
     options_.*option = !(options_.*option);
-    Tell(on_menus_changed);
+    Notify(on_menus_changed);
   }
 
   /// Start-up is done: the window comes on the screen.
-  void Show() const { Tell(on_show); }
+  void Show() const { Notify(on_show); }
   /// "Exit": the window closes as by its close button.
-  void Close() const { Tell(on_close); }
+  void Close() const { Notify(on_close); }
 
   std::function<void()> on_title_changed;
   std::function<void()> on_menus_changed;  ///< the caption of the connect item or a check mark

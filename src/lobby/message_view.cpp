@@ -16,7 +16,7 @@ void MessageView::AppendMessage(std::string_view text, MessageKind kind) {
   Insert(text.substr(0, head), first);
   Insert(text.substr(head), second);
   Insert("\r\n", second);
-  Tell(on_changed, {Change::What::Inserted, place, caret_ - place});
+  Notify(on_changed, {Change::What::Inserted, place, caret_ - place});
 }
 
 void MessageView::Clear() {
@@ -25,7 +25,7 @@ void MessageView::Clear() {
   }
   text_.Clear();
   anchor_ = caret_ = 0;
-  Tell(on_changed, {Change::What::Cleared});
+  Notify(on_changed, {Change::What::Cleared});
 }
 
 void MessageView::ShowText(std::string_view text) {
@@ -33,7 +33,7 @@ void MessageView::ShowText(std::string_view text) {
   Insert(text, ColourRole::Black);
   anchor_ = caret_ = 0;
   if (!text.empty()) {
-    Tell(on_changed, {Change::What::Inserted, 0, size()});
+    Notify(on_changed, {Change::What::Inserted, 0, size()});
   }
 }
 
@@ -49,7 +49,7 @@ void MessageView::Select(std::size_t anchor, std::size_t caret) {
   }
   anchor_ = anchor;
   caret_ = caret;
-  Tell(on_changed, {Change::What::Selection});
+  Notify(on_changed, {Change::What::Selection});
 }
 
 std::string MessageView::SelectedText() const {

@@ -18,7 +18,7 @@ void News::ShowNews(std::string_view payload) {
     return;
   }
   rbNews_ = payload;
-  Tell(on_changed);
+  Notify(on_changed);
 }
 
 }  // namespace korvanta

@@ -35,10 +35,10 @@ void OnlineList::ShowOnlineList(std::string_view payload) {
   try {
     Rebuild();
   } catch (...) {
-    Tell(on_changed);
+    Notify(on_changed);
     throw;
   }
-  Tell(on_changed);
+  Notify(on_changed);
 }
 
 void OnlineList::Rebuild() {

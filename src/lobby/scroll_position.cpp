@@ -53,7 +53,7 @@ void ScrollPosition::Settle() {
   if (unseen_.count() > 0 && IsInSight(unseen_.newest())) {
     unseen_.Clear();
   }
-  Tell(on_changed);
+  Notify(on_changed);
 }
 
 void ScrollPosition::Rewrap(std::size_t whole_rows) {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/change_notice.h"
-#include "base/trim_spaces.h"
+#include "base/trim.h"
 #include "protocol/field_reading.h"
 #include "protocol/message_catalogue.h"
 #include "protocol/wire_format.h"

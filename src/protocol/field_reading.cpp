@@ -7,20 +7,15 @@
 #include <string>
 #include <system_error>
 
+#include "base/ascii_case.h"
+#include "base/trim.h"
+
 namespace korvanta {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
 
 constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
-std::string_view TrimBlanks(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) {
-    return {};
-  }
-  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
 
 std::size_t CountDigits(std::string_view text) {
   const auto end = std::find_if_not(text.begin(), text.end(), IsDigit);
@@ -94,11 +89,6 @@ double NumberValue(std::string_view number) {
 
 [[noreturn]] void MissingField() { throw MessageError("missing field"); }
 
-bool EqualsWord(std::string_view text, std::string_view lower_case_word) {
-  return std::equal(text.begin(), text.end(), lower_case_word.begin(), lower_case_word.end(),
-                    [](char a, char b) { return (a >= 'A' && a <= 'Z' ? a + 32 : a) == b; });
-}
-
 }  // namespace
 
 std::string_view Field(std::string_view payload, std::size_t index) {
@@ -119,7 +109,7 @@ std::string_view FieldReader::Next() {
 }
 
 std::optional<double> ParseNumber(std::string_view text) {
-  text = TrimBlanks(text);
+  text = Trim(text, kBlanks);
   const std::size_t length = LeadingNumberLength(text);
   if (length == 0 || length != text.size()) {
     return std::nullopt;
@@ -154,11 +144,11 @@ std::int16_t ToInt16(double value) {
 }
 
 std::optional<bool> ParseBoolean(std::string_view text) {
-  const std::string_view word = TrimBlanks(text);
-  if (EqualsWord(word, "true")) {
+  const std::string_view word = Trim(text, kBlanks);
+  if (EqualIgnoringCase(word, "true")) {
     return true;
   }
-  if (EqualsWord(word, "false")) {
+  if (EqualIgnoringCase(word, "false")) {
     return false;
   }
   if (const auto number = ParseNumber(word)) {

@@ -2,19 +2,14 @@
 
 #include <algorithm>
 
+#include "base/trim.h"
+
 namespace korvanta {
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
 
-std::string_view Trim(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t\r";
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) {
-    return {};
-  }
-  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
+constexpr std::string_view kBlanks = " \t\r";
 
 bool HasControlCharacter(std::string_view text) {
   return std::any_of(text.begin(), text.end(),
@@ -31,7 +26,7 @@ IniText::IniText(std::string_view text) {
   std::string_view section;
   while (!text.empty()) {
     const std::size_t end = std::min(text.find('\n'), text.size());
-    AddLine(Trim(text.substr(0, end)), section);
+    AddLine(Trim(text.substr(0, end), kBlanks), section);
     text.remove_prefix(std::min(end + 1, text.size()));
   }
 }
@@ -41,7 +36,7 @@ void IniText::AddLine(std::string_view whole_line, std::string_view& section) {
   // one that is kept: there it belongs to the file.
   std::string_view text = whole_line;
   while (text.starts_with(kByteOrderMark)) {
-    text = Trim(text.substr(kByteOrderMark.size()));
+    text = Trim(text.substr(kByteOrderMark.size()), kBlanks);
   }
   const std::size_t equals = text.find('=');
   const bool is_remark = text.empty() || text.front() == ';' || text.front() == '#';
@@ -56,10 +51,10 @@ void IniText::AddLine(std::string_view whole_line, std::string_view& section) {
             .value = {},
             .text = std::string(lines_.empty() ? text : whole_line)};
   if (is_header) {
-    section = Trim(text.substr(1, text.size() - 2));
+    section = Trim(text.substr(1, text.size() - 2), kBlanks);
   } else if (!is_remark) {
-    line.key = Trim(text.substr(0, equals));
-    line.value = Trim(text.substr(equals + 1));
+    line.key = Trim(text.substr(0, equals), kBlanks);
+    line.value = Trim(text.substr(equals + 1), kBlanks);
   }
   line.section = section;
   lines_.push_back(std::move(line));

@@ -55,7 +55,7 @@ template <typename Control, typename Value>
 void LoginDialog::Set(Control& control, const Value& value) {
   if (control != value) {
     control = value;
-    Tell(on_changed);
+    Notify(on_changed);
   }
 }
 
@@ -69,7 +69,7 @@ void LoginDialog::UserNameTyped(std::string_view text) {
   if (text != form_.cboUsernames) {
     form_.cboUsernames = text;
     TakeSavedUser(NameSource::Typed);
-    Tell(on_changed);
+    Notify(on_changed);
   }
 }
 
@@ -77,7 +77,7 @@ void LoginDialog::UserNameChosen(std::size_t index) {
   if (index < form_.cboUsernames_list.size()) {
     form_.cboUsernames = form_.cboUsernames_list[index];
     TakeSavedUser(NameSource::Chosen);
-    Tell(on_changed);
+    Notify(on_changed);
   }
 }
 
@@ -163,12 +163,12 @@ void LoginDialog::RemoveUserClicked() {
   }
   modData::ClearFormFields(form_, true, true);
   FillSavedUsers();
-  Tell(on_changed);
+  Notify(on_changed);
 }
 
 void LoginDialog::ClearClicked() {
   modData::ClearFormFields(form_, true, true);
-  Tell(on_changed);
+  Notify(on_changed);
 }
 
 bool LoginDialog::FindSavedUser(std::string_view name) const {

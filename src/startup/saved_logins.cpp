@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/ascii_case.h"
 #include "protocol/wire_format.h"
 
 namespace korvanta {
@@ -56,8 +57,6 @@ std::optional<SavedLogin> FromStored(std::string_view piece) {
   }
   return SavedLogin{*std::move(name), *std::move(password)};
 }
-
-char LowerCase(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 }  // namespace
 

@@ -27,7 +27,7 @@ Splash::Splash(TimerFactory& timers, std::array<std::string, 3> rights)
 
 void Splash::ShowVersion() {
   Label3_ = "Version: " + std::string(kVersionText);
-  Tell(on_changed);
+  Notify(on_changed);
 }
 
 void Splash::Load() {
@@ -45,7 +45,7 @@ void Splash::StopTimers() {
 
 void Splash::Timer1Tick() {
   window_.Unload();
-  Tell(on_finished);
+  Notify(on_finished);
 }
 
 void Splash::Timer2Tick() {
@@ -54,7 +54,7 @@ void Splash::Timer2Tick() {
   if (dots_ == kMostDots) {
     dots_ = 0;
   }
-  Tell(on_changed);
+  Notify(on_changed);
 }
 
 }  // namespace korvanta
