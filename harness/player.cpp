@@ -47,7 +47,7 @@ void Player::Choose(const QString& shortcut) {
 
 Window Player::Open(const SideWindow& side) {
   Choose(side.shortcut);
-  const Window window = user_.WaitForWindow(program_.pid(), side.title);
+  Window window = user_.WaitForWindow(program_.pid(), side.title);
   user_.Activate(window);
   return window;
 }

@@ -85,8 +85,9 @@ void ScriptedServer::Receive(std::chrono::milliseconds patience) {
 
 QString Readable(std::string_view bytes) {
   QString text;
-  for (const unsigned char byte : bytes) {
-    text += byte >= 32 && byte < 127 ? QString(QChar(byte)) : QString("<%1>").arg(byte);
+  for (const char byte : bytes) {
+    const int code = static_cast<unsigned char>(byte);
+    text += code >= 32 && code < 127 ? QString(QChar(code)) : QString("<%1>").arg(code);
   }
   return text;
 }
