@@ -1,157 +1,130 @@
 /// Fuzz target: the settings, from any text in their file to what is saved again.
-#include <algorithm>
 #include <map>
 #include <set>
-#include <utility>
-#include <vector>
+#include <sstream>
 
 #include "fuzz/input.h"
-#include "platform/settings_store.h"
 #include "startup/settings.h"
 #include "startup/settings_text.h"
 
 namespace korvanta::fuzz {
 namespace {
 
-using Name = std::pair<std::string, std::string>;
+using Name = std::pair<std::string, std::string>;  ///< section and key
 
 /// The settings in a file of which only the text is there.
-class TextStore : public SettingsStore {
- public:
-  explicit TextStore(std::string_view text) : text_(text) {}
+struct TextStore : public SettingsStore {
+  explicit TextStore(std::string_view file) : text(file) {}
 
   std::string Get(std::string_view section, std::string_view key,
                   std::string_view default_text) override {
-    return text_.Find(section, key).value_or(std::string(default_text));
+    return text.Find(section, key).value_or(std::string(default_text));
   }
-  void Save(std::string_view section, std::string_view key, std::string_view text) override {
-    text_.Set(section, key, text);
+  void Save(std::string_view section, std::string_view key, std::string_view value) override {
+    text.Set(section, key, value);
+    saved.emplace(section, key);
   }
   std::string Commit() override { return {}; }
-
-  const SettingsText& text() const { return text_; }
-
- private:
-  SettingsText text_;
+  SettingsText text;
+  std::set<Name> saved;
 };
 
-std::string Trimmed(const std::string& text) {
-  const std::size_t first = text.find_first_not_of(" \t\r");
-  return first == std::string::npos
-             ? ""
-             : text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
+std::string Trimmed(std::string text) {
+  text.erase(0, text.find_first_not_of(" \t\r"));
+  text.erase(text.find_last_not_of(" \t\r") + 1);
+  return text;
 }
 
-constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
-
 std::string WithoutMarks(std::string line) {
-  while (line.starts_with(kByteOrderMark)) {
-    line = Trimmed(line.substr(kByteOrderMark.size()));
+  while (line.starts_with("\xef\xbb\xbf")) {
+    line = Trimmed(line.substr(3));
   }
   return line;
 }
 
-/// The lines of any text without the blanks around them, each with its break; byte order marks at
-/// the very start belong to no line.
+/// The lines of any text, each with its break; marks at the very start belong to no line.
 std::string Lines(std::string_view text) {
+  std::istringstream in{std::string(text)};
   std::string lines;
-  for (bool is_first = true; !text.empty(); is_first = false) {
-    const std::size_t end = std::min(text.find('\n'), text.size());
-    const std::string line = Trimmed(std::string(text.substr(0, end)));
-    lines += (is_first ? WithoutMarks(line) : line) + "\n";
-    text.remove_prefix(std::min(end + 1, text.size()));
+  for (std::string line; std::getline(in, line);) {
+    lines += (lines.empty() ? WithoutMarks(Trimmed(line)) : Trimmed(line)) + "\n";
   }
   return lines;
 }
 
-/// The lines of a file as it is written, without the ten entries that the program keeps there and
-/// without the headers of their sections.
-std::vector<std::string> ForeignLines(const std::string& text) {
-  static const std::map<std::string, std::set<std::string>> kOwn = {
-      {"Menu",
-       {"ScrollLock", "LanguageFilter", "IgnoreLogins", "Sounds", "Auto Chat", "Auto Ready"}},
-      {"Settings", {"Login"}},
-      {"Client Data", {"Time"}},
-      {"Logins", {"Last User", "User/Password"}},
-  };
-  std::vector<std::string> foreign;
-  auto own = kOwn.end();
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t end = text.find('\n', at);
-    const std::string whole_line = text.substr(at, end - at);
+/// The lines of a file as it is written, without those entries and the headers of their sections.
+std::string ForeignLines(const std::string& text, const std::set<Name>& own) {
+  std::istringstream in(text);
+  std::string section, foreign;
+  for (std::string whole_line; std::getline(in, whole_line);) {
     const std::string line = WithoutMarks(whole_line);
-    at = end + 1;
-    const bool is_header = line.starts_with('[') && line.ends_with(']');
-    if (is_header) {
-      own = kOwn.find(Trimmed(line.substr(1, line.size() - 2)));
+    Name name{section, Trimmed(line.substr(0, line.find('=')))};
+    if (line.starts_with('[') && line.ends_with(']')) {
+      section = Trimmed(line.substr(1, line.size() - 2));
+      const auto entry = own.lower_bound({section, ""});
+      name = entry != own.end() && entry->first == section ? *entry : Name();
     }
-    const bool is_own =
-        own != kOwn.end() &&
-        (is_header || own->second.contains(Trimmed(line.substr(0, line.find('=')))));
-    if (!is_own) {
-      foreign.push_back(whole_line);
-    }
+    foreign += own.contains(name) ? "" : whole_line + "\n";
   }
   return foreign;
 }
 
-/// One run of the program: what it reads and what it saves.
-struct Run {
-  explicit Run(std::string_view file) : store(file) {
-    logins.Reset();
-    modFiles::LoadSettings(settings, store);
-    before = store.text().Text();
-    modFiles::SaveSettings(settings, store);
-    after = store.text().Text();
-  }
-
-  TextStore store;
-  Options options;
-  SavedLogins logins;
-  Settings settings{options, logins};
-  std::string before, after;
-};
-
 std::string Show(const SavedLogins& logins) {
   std::string shown = logins.LastUser + "\n";
   for (const SavedLogin& login : logins.Logins()) {
-    if (!login.UserName.empty()) {
-      shown += login.UserName + "\n" + login.Password + "\n";
-    }
+    shown += login.UserName.empty() ? "" : login.UserName + "\n" + login.Password + "\n";
   }
   return shown;
 }
 
+/// One run of the program.
+struct Run {
+  explicit Run(std::string_view file) : store(file) {
+    modFiles::LoadSettings(settings, store);
+    modFiles::SaveSettings(settings, store);
+  }
+  TextStore store;
+  Options options;
+  SavedLogins logins;
+  Settings settings{options, logins};
+};
+
 void CheckRuns(std::string_view file) {
+  const SettingsText read(file);
   const Run first(file);
-  const Run second(first.after);
-  Check(first.store.text().IsDamaged() || first.before == Lines(file),
-        "what makes sense is read line by line");
-  Check(!second.store.text().IsDamaged(), "what was saved makes sense");
-  Check(second.before == first.after, "a file that was saved is read as it stands");
-  Check(second.after == first.after, "saving it again changes nothing");
+  const std::string saved = first.store.text.Text();
+  const SettingsText read_again(saved);
+  const Run second(saved);
+  Check(read.IsDamaged() || read.Text() == Lines(file), "what makes sense is read line by line");
+  Check(!read_again.IsDamaged() && read_again.Text() == saved, "what was saved is read as it is");
+  Check(second.store.text.Text() == saved, "saving it again changes nothing");
   Check(Show(second.logins) == Show(first.logins), "the logins come back");
   Check(second.settings.TimeSetting == first.settings.TimeSetting, "the number comes back");
-  Check(ForeignLines(first.before) == ForeignLines(first.after), "foreign lines stay");
+  const std::set<Name>& own = first.store.saved;
+  Check(ForeignLines(read.Text(), own) == ForeignLines(saved, own), "foreign lines stay");
 }
 
-/// Entries of any bytes put into any file, each found again among the others.
-void CheckEntries(std::string_view file, Events events) {
+/// Any bytes as entries of any file, and as saved logins, each found again among the others.
+void CheckEntriesAndLogins(std::string_view file, Events events) {
   SettingsText text(file);
   std::map<Name, std::string> entries;
+  SavedLogins logins, expected;
   while (!events.AtEnd()) {
     Event event = events.Next();
-    const std::size_t first = event.TakeNumber() % 16 + 1;
-    const std::size_t second = event.TakeNumber() % 16 + 1;
-    const std::string section(event.text.substr(0, first));
-    event.text.remove_prefix(section.size());
-    const std::string key(event.text.substr(0, second));
-    if (key.empty()) {
-      break;
+    const auto take = [&rest = event] {
+      const std::size_t size = rest.TakeNumber() % 16 + 1;
+      const std::string taken(rest.text.substr(0, size));
+      rest.text.remove_prefix(taken.size());
+      return taken;
+    };
+    const Name name{take(), take() + "k"};
+    text.Set(name.first, name.second, event.text);
+    entries[name] = event.text;
+    logins.Add({name.first, name.second});
+    const auto password = modData::ScrambleLoginText(name.second, true);
+    if (modData::ScrambleLoginText(name.first, true)) {
+      expected.Add({name.first, password ? name.second : ""});
     }
-    event.text.remove_prefix(key.size());
-    text.Set(section, key, event.text);
-    entries[{section, key}] = event.text;
   }
   const SettingsText again(text.Text());
   Check(!again.IsDamaged() && again.Text() == text.Text(), "the text is read as it was written");
@@ -159,44 +132,20 @@ void CheckEntries(std::string_view file, Events events) {
     Check(text.Find(name.first, name.second) == value, "an entry is found");
     Check(again.Find(name.first, name.second) == value, "an entry comes back");
   }
-}
-
-/// Logins of any names and passwords, as settings from elsewhere may hold them.
-void CheckLogins(Events events) {
-  SavedLogins logins;
-  while (!events.AtEnd()) {
-    const std::string_view text = events.Next().text;
-    const std::size_t comma = text.find(',');
-    logins.Add({std::string(text.substr(0, comma)),
-                comma == std::string_view::npos ? "" : std::string(text.substr(comma + 1))});
-  }
-  SavedLogins expected;
-  for (SavedLogin login : logins.Logins()) {
-    if (!login.UserName.empty() && modData::ScrambleLoginText(login.UserName, true)) {
-      if (!modData::ScrambleLoginText(login.Password, true)) {
-        login.Password.clear();
-      }
-      expected.Add(std::move(login));
-    }
-  }
-  SavedLogins again;
-  again.AddStored(logins.ToStored());
-  Check(Show(again) == Show(expected), "every login that can be written comes back");
-  Check(again.ToStored() == logins.ToStored(), "and is written the same again");
+  SavedLogins loaded;
+  loaded.AddStored(logins.ToStored());
+  Check(Show(loaded) == Show(expected), "every login that can be written comes back");
 }
 
 }  // namespace
 }  // namespace korvanta::fuzz
 
-/// The input's first event is the file, every later one an entry or a login.
+/// The input's first event is the file, every later one an entry and a login.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace korvanta::fuzz;
   Events events(AsText(data, size));
-  if (!events.AtEnd()) {
-    const std::string_view file = events.Next().text;
-    CheckRuns(file);
-    CheckEntries(file, events);
-    CheckLogins(events);
-  }
+  const std::string_view file = events.AtEnd() ? "" : events.Next().text;
+  CheckRuns(file);
+  CheckEntriesAndLogins(file, events);
   return 0;
 }

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QIcon>
+#include <QLoggingCategory>
 #include <QTimer>
 #include <functional>
 #include <memory>
@@ -104,6 +105,9 @@ int RunClient(const QString& folder, const QString& program_name,
 }  // namespace
 
 int main(int argc, char** argv) {
+  // Where there is no sound server, session bus or runtime folder, the toolkit prints warnings that
+  // are of no use to a player. Those about the display are.
+  QLoggingCategory::setFilterRules(QStringLiteral("*.warning=false\nqt.qpa.*.warning=true"));
   QApplication application(argc, argv);
   QApplication::setApplicationName(ToQString(kApplicationTitle));
   QApplication::setApplicationVersion(ToQString(kVersionText));

@@ -1,15 +1,15 @@
 #include "ui/desktop/native_socket.h"
 
 #include <QTcpSocket>
-#include <algorithm>
 #include <array>
+#include <thread>
+#include <utility>
 
 #ifdef Q_OS_LINUX
 #include <cerrno>
 #include <linux/sockios.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
-#include <poll.h>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
 #endif
@@ -30,28 +30,8 @@ constexpr std::array<std::pair<int, int>, 4> kKeepAliveOptions = {{
 /// The confirmation of sent bytes wakes nobody, so it is looked for this often.
 constexpr std::chrono::milliseconds kLookInterval{5};
 
-struct Arrived {
-  std::string bytes;
-  bool at_end = false;  ///< the peer sends no more
-  bool broken = false;
-};
-
-Arrived Read(int descriptor) {
-  Arrived arrived;
-  std::array<char, 16384> buffer;
-  for (;;) {
-    const ssize_t count = recv(descriptor, buffer.data(), buffer.size(), MSG_DONTWAIT);
-    if (count > 0) {
-      arrived.bytes.append(buffer.data(), static_cast<std::size_t>(count));
-    } else if (count == 0) {
-      arrived.at_end = true;
-      return arrived;
-    } else if (errno != EINTR) {
-      arrived.broken = errno != EAGAIN && errno != EWOULDBLOCK;
-      return arrived;
-    }
-  }
-}
+/// At once; more than a system holds for one connection.
+constexpr std::size_t kMostDiscarded = std::size_t{64} * 1024 * 1024;
 
 /// Bytes sent, the end of the stream among them, that the peer's system has not confirmed.
 int Unconfirmed(int descriptor) {
@@ -70,35 +50,37 @@ void SetKeepAlive(qintptr descriptor) {
   }
 }
 
-std::string ReadWaiting(qintptr descriptor) { return Read(static_cast<int>(descriptor)).bytes; }
+std::string ReadWaiting(qintptr descriptor) {
+  std::string bytes;
+  std::array<char, 16384> buffer;
+  for (;;) {
+    const ssize_t count =
+        recv(static_cast<int>(descriptor), buffer.data(), buffer.size(), MSG_DONTWAIT);
+    if (count > 0) {
+      bytes.append(buffer.data(), static_cast<std::size_t>(count));
+    } else if (count == 0 || errno != EINTR) {
+      return bytes;
+    }
+  }
+}
 
 void FinishSending(QTcpSocket& socket, std::chrono::milliseconds limit) {
   using Clock = std::chrono::steady_clock;
   const Clock::time_point deadline = Clock::now() + limit;
-  bool is_shut = false;
-  bool at_end = false;
-  while (Clock::now() < deadline) {
+  for (; Clock::now() < deadline; std::this_thread::sleep_for(kLookInterval)) {
     socket.flush();
     if (socket.state() != QAbstractSocket::ConnectedState) {
       return;
     }
     const int descriptor = static_cast<int>(socket.socketDescriptor());
-    const Arrived arrived = Read(descriptor);
-    if (arrived.broken) {
+    recv(descriptor, nullptr, kMostDiscarded, MSG_DONTWAIT | MSG_TRUNC);
+    if (socket.bytesToWrite() > 0) {
+      continue;
+    }
+    // Once shut down it can be again, unless the connection is over.
+    if (shutdown(descriptor, SHUT_WR) != 0 || Unconfirmed(descriptor) == 0) {
       return;
     }
-    at_end = at_end || arrived.at_end;
-    const bool all_handed_over = socket.bytesToWrite() == 0;
-    if (all_handed_over && !is_shut) {
-      shutdown(descriptor, SHUT_WR);
-      is_shut = true;
-    }
-    if (is_shut && Unconfirmed(descriptor) == 0) {
-      return;
-    }
-    const auto events = static_cast<short>((at_end ? 0 : POLLIN) | (all_handed_over ? 0 : POLLOUT));
-    pollfd wait{descriptor, events, 0};
-    poll(&wait, 1, static_cast<int>(kLookInterval.count()));
   }
 }
 

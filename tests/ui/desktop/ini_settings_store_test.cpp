@@ -16,6 +16,7 @@
 namespace korvanta {
 namespace {
 
+using testing::AllOf;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -71,7 +72,10 @@ TEST_F(IniSettingsStoreTest, CommitAloneWritesAFileForTheUserAlone) {
   EXPECT_EQ(Mode(path), 0600U);
 }
 
-TEST_F(IniSettingsStoreTest, DamagedFilesGiveWhatTheyCanAndAreBackedUp) {
+TEST_F(IniSettingsStoreTest, DamagedFilesGiveWhatTheyCanAndAreBackedUpAlsoBehindALink) {
+  const QString file = folder.filePath(QStringLiteral("elsewhere.ini"));
+  QDir().mkpath(QFileInfo(path).path());
+  ASSERT_TRUE(QFile::link(file, path));
   const struct {
     const char* name;
     QByteArray bytes;
@@ -81,20 +85,23 @@ TEST_F(IniSettingsStoreTest, DamagedFilesGiveWhatTheyCanAndAreBackedUp) {
       {"binary", QByteArray("\x01\xff\0[\n]=\r;", 9).repeated(10'000), "(default)"},
       {"too long", "[Logins]\nLast User=Ann\n" + QByteArray(kLongestFile, '\n'), "(default)"},
   };
-  QString backup = path + QStringLiteral(".bak");
+  EXPECT_EQ(SaveOne(), "") << "the link leads nowhere";
+  QString backup = file + QStringLiteral(".bak");
   int number = 1;
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
+    EXPECT_FALSE(QFileInfo::exists(backup)) << "a whole file needs no backup";
     Write(c.bytes);
     EXPECT_EQ(Stored("Logins", "Last User"), c.last_user);
-    EXPECT_EQ(SaveOne(), "");
+    for (int saves = 0; saves < 2; ++saves) {
+      EXPECT_EQ(SaveOne(), "");
+    }
     EXPECT_EQ(Stored("Logins", "Last User"), c.last_user);
     EXPECT_EQ(Stored("Menu", "Sounds"), "False");
+    EXPECT_TRUE(QFileInfo(path).isSymLink());
     EXPECT_TRUE(Read(backup) == c.bytes);
     EXPECT_EQ(Mode(backup), 0600U);
-    backup = path + QStringLiteral(".bak%1").arg(++number);
-    EXPECT_EQ(SaveOne(), "");
-    EXPECT_FALSE(QFileInfo::exists(backup)) << "a whole file needs no backup";
+    backup = file + QStringLiteral(".bak%1").arg(++number);
   }
 }
 
@@ -110,44 +117,24 @@ TEST_F(IniSettingsStoreTest, WhatCouldNotBeReadBackIsNotSaved) {
   EXPECT_TRUE(Stored("A", "b") == longest);
 }
 
-TEST_F(IniSettingsStoreTest, WhatCannotBeWrittenIsReportedInOneSentenceWithTheFile) {
+TEST_F(IniSettingsStoreTest, WhatCannotBeReadOrWrittenIsReportedWithTheFileAndLeftAsItIs) {
   Write("in the way");
   const QString in_the_way = path;
-  QDir().mkpath(folder.filePath(QStringLiteral("folder.ini")));
-  for (const QString& file :
-       {in_the_way + QStringLiteral("/Korvanta.ini"), folder.filePath(QStringLiteral("folder.ini")),
-        QStringLiteral("/proc/Korvanta.ini"), QStringLiteral("/dev/zero")}) {
+  const std::pair<QString, const char*> cases[] = {
+      {in_the_way + QStringLiteral("/Korvanta.ini"), "Not a directory"},
+      {folder.path(), "not a file"},
+      {QStringLiteral("/dev/zero"), "not a file"},
+      {QStringLiteral("/proc/Korvanta.ini"), ""},
+      {QStringLiteral("/proc/self/mem"), "Input/output error"},  // opens, but cannot be read
+  };
+  for (const auto& [file, reason] : cases) {
     path = file;
     EXPECT_EQ(Stored("Menu", "Sounds"), "(default)");
-    const std::string sentence = SaveOne();
-    EXPECT_THAT(sentence,
-                StartsWith("The settings could not be saved in \"" + file.toStdString() + "\": "));
-    EXPECT_EQ(sentence.find('\n'), std::string::npos);
+    EXPECT_THAT(SaveOne(), AllOf(StartsWith("The settings could not be saved in \"" +
+                                            file.toStdString() + "\": "),
+                                 HasSubstr(reason)));
   }
   EXPECT_EQ(Read(in_the_way), "in the way");
-}
-
-TEST_F(IniSettingsStoreTest, FileIsNamedAfterTheProgramUnderTheUsersConfiguration) {
-  const QByteArray before = qgetenv("XDG_CONFIG_HOME");
-  qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
-  EXPECT_EQ(IniSettingsStore::FileFor(QStringLiteral("My copy")),
-            folder.filePath(QStringLiteral("Korvanta/My copy.ini")));
-  qputenv("XDG_CONFIG_HOME", before);
-}
-
-TEST_F(IniSettingsStoreTest, BehindALinkTheFileIsReplacedAndBackedUp) {
-  const QString elsewhere = folder.filePath(QStringLiteral("elsewhere.ini"));
-  QDir().mkpath(QFileInfo(path).path());
-  ASSERT_TRUE(QFile::link(elsewhere, path));
-  for (const char* before : {"", "damaged"}) {  // at first the link leads nowhere
-    if (*before != '\0') {
-      Write(before);
-    }
-    EXPECT_EQ(SaveOne(), "");
-    EXPECT_TRUE(QFileInfo(path).isSymLink());
-    EXPECT_EQ(Read(elsewhere), "[Menu]\nSounds=False\n");
-    EXPECT_EQ(Read(elsewhere + QStringLiteral(".bak")), before);
-  }
 }
 
 TEST_F(IniSettingsStoreTest, FullDiskLeavesTheOldFile) {
@@ -160,46 +147,16 @@ TEST_F(IniSettingsStoreTest, FullDiskLeavesTheOldFile) {
   const rlimit limit{4096, old_limit.rlim_max};
   const auto old_handler = std::signal(SIGXFSZ, SIG_IGN);
   setrlimit(RLIMIT_FSIZE, &limit);
-  const std::string sentence = store.Commit();
+  EXPECT_THAT(store.Commit(), HasSubstr(path.toStdString()));
   setrlimit(RLIMIT_FSIZE, &old_limit);
   std::signal(SIGXFSZ, old_handler);
-  EXPECT_THAT(sentence, HasSubstr(path.toStdString()));
   EXPECT_EQ(Read(path), "[Menu]\nSounds=True\ndamaged\n");
   EXPECT_EQ(QFileInfo(path).dir().entryList(QDir::Files).size(), 1);
   EXPECT_EQ(store.Commit(), "") << "room again";
-  EXPECT_EQ(Stored("Menu", "Sounds"), "True");
-}
-
-TEST_F(IniSettingsStoreTest, ReadOnlyFolderAndUnreadableFileAreLeftAsTheyAre) {
-  EXPECT_EQ(SaveOne(), "");
-  const QByteArray before = Read(path);
-  const std::string file = path.toStdString();
-  const std::string above = QFileInfo(path).path().toStdString();
-  // Modes do not bind the superuser, so as one the test goes on as somebody else.
-  const bool is_superuser = geteuid() == 0;
-  constexpr uid_t kSomebody = 65534;
-  ASSERT_EQ(chmod(folder.path().toStdString().c_str(), 0755), 0);
-  if (is_superuser) {
-    ASSERT_EQ(chown(file.c_str(), kSomebody, kSomebody), 0);
-    ASSERT_EQ(chown(above.c_str(), kSomebody, kSomebody), 0);
-    ASSERT_EQ(seteuid(kSomebody), 0);
-  }
-  for (const bool can_read : {true, false}) {
-    chmod(file.c_str(), can_read ? 0600 : 0);
-    chmod(above.c_str(), can_read ? 0500 : 0700);
-    EXPECT_EQ(Stored("Menu", "Sounds"), can_read ? "False" : "(default)");
-    EXPECT_THAT(SaveOne(), HasSubstr(file));
-  }
-  chmod(file.c_str(), 0600);
-  if (is_superuser) {
-    ASSERT_EQ(seteuid(0), 0);
-  }
-  EXPECT_EQ(Read(path), before);
 }
 
 TEST_F(IniSettingsStoreTest, KilledAtAnyInstantItIsTheOldFileOrTheNewWhole) {
-  const auto value = [](char letter) { return std::string(40'000, letter); };
-  EXPECT_EQ(SaveOne(), "");
+  constexpr std::size_t kSize = 40'000;
   std::set<std::string> seen;
   for (int kill_count = 0; kill_count < 150; ++kill_count) {
     int committed[2];
@@ -209,9 +166,8 @@ TEST_F(IniSettingsStoreTest, KilledAtAnyInstantItIsTheOldFileOrTheNewWhole) {
     if (child == 0) {
       IniSettingsStore store(path);
       for (int save = kill_count;; ++save) {
-        const std::string text = value(static_cast<char>('A' + save % 26));
-        store.Save("Logins", "first", text);
-        store.Save("Logins", "last", text);
+        store.Save("Logins", "User/Password",
+                   std::string(kSize, static_cast<char>('A' + save % 26)));
         if (!store.Commit().empty() || write(committed[1], "c", 1) != 1) {
           _exit(1);
         }
@@ -226,12 +182,9 @@ TEST_F(IniSettingsStoreTest, KilledAtAnyInstantItIsTheOldFileOrTheNewWhole) {
     close(committed[0]);
     close(committed[1]);
 
-    IniSettingsStore store(path);
-    const std::string first = store.Get("Logins", "first", "?");
-    ASSERT_EQ(first, value(first.front()));
-    ASSERT_EQ(store.Get("Logins", "last", ""), first);
-    ASSERT_EQ(store.Get("Menu", "Sounds", "True"), "False");
-    seen.insert(first);
+    const std::string stored = Stored("Logins", "User/Password");
+    ASSERT_EQ(stored, std::string(kSize, stored.front()));
+    seen.insert(stored);
     // A temporary file that a kill left behind is for the user alone, too.
     for (const QFileInfo& file : QFileInfo(path).dir().entryInfoList(QDir::Files)) {
       ASSERT_EQ(Mode(file.filePath()), 0600U) << file.filePath().toStdString();

@@ -8,23 +8,15 @@
 namespace korvanta {
 namespace {
 
-/// Each test has a folder of its own for lock files.
-class InstanceLockTest : public testing::Test {
- protected:
-  InstanceLockTest() { qputenv("XDG_RUNTIME_DIR", folder.path().toUtf8()); }
-  ~InstanceLockTest() override { qputenv("XDG_RUNTIME_DIR", before_); }
+bool CanStart(const char* program = "Korvanta") {
+  return InstanceLock(QString::fromLatin1(program)).TryAcquire();
+}
 
-  static bool CanStart(const char* program = "Korvanta") {
-    return InstanceLock(QString::fromLatin1(program)).TryAcquire();
-  }
-
-  QTemporaryDir folder;
-
- private:
-  QByteArray before_ = qgetenv("XDG_RUNTIME_DIR");
-};
-
-TEST_F(InstanceLockTest, SecondCopyIsKeptOutUntilTheFirstEnds) {
+TEST(InstanceLock, ASecondCopyIsKeptOutWhileTheFirstRunsAndNobodyElse) {
+  const QTemporaryDir folder;
+  const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
+  const QByteArray temporary = qgetenv("TMPDIR");
+  qputenv("XDG_RUNTIME_DIR", folder.path().toUtf8());
   {
     InstanceLock first(QStringLiteral("Korvanta"));
     EXPECT_TRUE(first.TryAcquire());
@@ -33,29 +25,22 @@ TEST_F(InstanceLockTest, SecondCopyIsKeptOutUntilTheFirstEnds) {
     EXPECT_TRUE(CanStart("Another name"));
   }
   EXPECT_TRUE(CanStart());
-}
 
-TEST_F(InstanceLockTest, AbandonedFileWhoseProcessNumberIsInUseKeepsNobodyOut) {
-  QFile file(folder.filePath(QStringLiteral("Korvanta-Korvanta.lock")));
+  QFile abandoned(folder.filePath(QStringLiteral("Korvanta-Korvanta.lock")));
   const QByteArray ours = QByteArray::number(QCoreApplication::applicationPid());
   for (const QByteArray& left :
        {ours + "\n\n\n", QByteArray("1\nsystemd\nelsewhere\n"), QByteArray()}) {
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(left);
-    file.close();
-    EXPECT_TRUE(CanStart()) << left.constData();
+    ASSERT_TRUE(abandoned.open(QIODevice::WriteOnly));
+    abandoned.write(left);
+    abandoned.close();
+    EXPECT_TRUE(CanStart()) << "left by a process whose number is in use: " << left.constData();
   }
-}
 
-TEST_F(InstanceLockTest, WithoutAPlaceForTheFileThePlayerPlays) {
-  const QByteArray before = qgetenv("TMPDIR");
-  const QByteArray nowhere = folder.filePath(QStringLiteral("in the way")).toUtf8();
-  QFile in_the_way(QString::fromUtf8(nowhere));
-  ASSERT_TRUE(in_the_way.open(QIODevice::WriteOnly));
-  qputenv("XDG_RUNTIME_DIR", nowhere);
-  qputenv("TMPDIR", nowhere);
-  EXPECT_TRUE(CanStart());
-  before.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before);
+  qputenv("XDG_RUNTIME_DIR", "/proc/nowhere");
+  qputenv("TMPDIR", "/proc/nowhere");
+  EXPECT_TRUE(CanStart()) << "without a place for the file the player plays";
+  qputenv("XDG_RUNTIME_DIR", runtime);
+  temporary.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", temporary);
 }
 
 }  // namespace
