@@ -50,8 +50,7 @@ TEST(SavedLogins, ReadsPiecesAndSkipsWhatMakesNoSense) {
        "four/ good/pass"},
       {"no name", "," + Scrambled("only") + ";", "/only"},
       {"last piece without its end", Piece("ann1", "") + Scrambled("bob1") + ",", "ann1/ bob1/"},
-      {"duplicates", good + good, "good/pass good/pass"},
-  };
+      {"duplicates", good + good, "good/pass good/pass"}};
   for (const auto& c : cases) {
     SavedLogins logins;
     logins.AddStored(c.stored);

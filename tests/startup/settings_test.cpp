@@ -45,18 +45,12 @@ TEST(Settings, AFirstStartYieldsDefaultsAndTheFirstExitWritesAllEntries) {
 }
 
 TEST(Settings, EveryEntryComesBackInItsOwnPlace) {
-  const std::pair<const char*, bool (*)(const Session&)> entries[] = {
-      {"Menu > ScrollLock", [](const Session& session) { return session.options.mnuScrollLock; }},
-      {"Menu > LanguageFilter", [](const Session& session) { return session.options.mnuFilter; }},
-      {"Menu > IgnoreLogins", [](const Session& session) { return session.options.mnuLogins; }},
-      {"Menu > Sounds", [](const Session& session) { return session.options.mSounds; }},
-      {"Settings > Login", [](const Session& session) { return session.settings.LoginSetting; }},
-      {"Menu > Auto Chat", [](const Session& session) { return session.options.mnuAutoChat; }},
-      {"Menu > Auto Ready", [](const Session& session) { return session.options.mAuto; }},
-  };
-  for (const auto& [odd_one, unused] : entries) {
+  const std::string keys[] = {"Menu > ScrollLock", "Menu > LanguageFilter", "Menu > IgnoreLogins",
+                              "Menu > Sounds",     "Settings > Login",      "Menu > Auto Chat",
+                              "Menu > Auto Ready"};
+  for (const std::string& odd_one : keys) {
     Session session;
-    for (const auto& [key, value] : entries) {
+    for (const std::string& key : keys) {
       session.store.entries[key] = key == odd_one ? "True" : "False";
     }
     session.store.entries["Client Data > Time"] = "-12";
@@ -64,8 +58,12 @@ TEST(Settings, EveryEntryComesBackInItsOwnPlace) {
     session.store.entries["Logins > User/Password"] = "\xc9\xc7\xc5\xcb,\xc9;";
     const auto stored = session.store.entries;
     session.Load();
-    for (const auto& [key, value] : entries) {
-      EXPECT_EQ(value(session), key == odd_one) << key;
+    const Options& o = session.options;
+    const bool values[] = {
+        o.mnuScrollLock, o.mnuFilter, o.mnuLogins, o.mSounds, session.settings.LoginSetting,
+        o.mnuAutoChat,   o.mAuto};
+    for (std::size_t i = 0; i < std::size(keys); ++i) {
+      EXPECT_EQ(values[i], keys[i] == odd_one) << keys[i];
     }
     modFiles::SaveSettings(session.settings, session.store);
     EXPECT_EQ(session.store.entries, stored);
@@ -78,22 +76,20 @@ TEST(Settings, ValuesAreReadLenientlyAndFallBackToTheirDefault) {
     bool scroll_lock = false;
     bool sounds = true;
     std::int32_t time = 1;
-  } cases[] = {
-      {"true", true, true},
-      {"FALSE", false, false},
-      {"0", false, false, 0},
-      {"-1", true, true, -1},
-      {"", false, true},
-      {"yes", false, true},
-      {" 42 ", true, true, 42},
-      {"1.5", true, true, 2},
-      {"-2.5", true, true, -2},
-      {"2147483647.4", true, true, 2147483647},
-      {"2147483647.5", true, true},
-      {"-2147483648.5", true, true, -2147483647 - 1},
-      {"-2147483649", true, true},
-      {"1e400", true, true},
-  };
+  } cases[] = {{"true", true, true},
+               {"FALSE", false, false},
+               {"0", false, false, 0},
+               {"-1", true, true, -1},
+               {"", false, true},
+               {"yes", false, true},
+               {" 42 ", true, true, 42},
+               {"1.5", true, true, 2},
+               {"-2.5", true, true, -2},
+               {"2147483647.4", true, true, 2147483647},
+               {"2147483647.5", true, true},
+               {"-2147483648.5", true, true, -2147483647 - 1},
+               {"-2147483649", true, true},
+               {"1e400", true, true}};
   for (const auto& c : cases) {
     Session session;
     for (const char* key : {"Menu > ScrollLock", "Menu > Sounds", "Client Data > Time"}) {

@@ -1,29 +1,23 @@
 #include "startup/settings_text.h"
 
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace korvanta {
 namespace {
 
-TEST(SettingsText, EntriesComeBackUnchangedAndApart) {
+TEST(SettingsText, EntriesOfAnyBytesComeBackApart) {
   std::string all_bytes;
   for (int byte = 0; byte < 256; ++byte) {
     all_bytes += static_cast<char>(byte);
   }
-  const struct {
-    std::string section, key, text;
-  } entries[] = {
+  const std::tuple<std::string, std::string, std::string> entries[] = {
       {"Logins", "User/Password", "\xc9\xc7,\xc5;a,b;"},
-      {"Logins/User", "Password", "another entry"},
-      {"Client Data", "Time", "1"},
-      {"Client%20Data", "Time", "2"},
-      {"Logins", "Last User", all_bytes},
-      {"Menu", "Empty", ""},
-      {"Menu", "Blanks", "  two on each side  "},
-      {"Menu", " edge=[;#]%41", "%41 %zz %"},
-      {"A]\nb", "c\nd", "e\r\nf=g"},
-      {"Menu", "empty", "its letters differ in case"},
-  };
+      {"Logins/User", "Password", all_bytes},
+      {"Client Data", "Time", "  two blanks on each side  "},
+      {"Client%20Data", "Time", ""},
+      {"A]\nb", " edge=[;#]%41", "%41 %zz %"},
+      {"A]\nb", " Edge=[;#]%41", "its letters differ in case"}};
   SettingsText text;
   for (const auto& [section, key, value] : entries) {
     text.Set(section, key, "to be replaced");
@@ -32,11 +26,10 @@ TEST(SettingsText, EntriesComeBackUnchangedAndApart) {
   const SettingsText again(text.Text());
   EXPECT_FALSE(again.IsDamaged());
   for (const auto& [section, key, value] : entries) {
-    EXPECT_EQ(text.Find(section, key), value) << section << " > " << key;
     EXPECT_EQ(again.Find(section, key), value) << section << " > " << key;
   }
-  EXPECT_EQ(again.Find("Menu", "Absent"), std::nullopt);
-  EXPECT_NE(text.Text().find("\nUser/Password=%C9%C7,%C5;a,b;\n"), std::string::npos);
+  EXPECT_EQ(again.Find("Logins", "Time"), std::nullopt);
+  EXPECT_TRUE(text.Text().starts_with("[Logins]\nUser/Password=%C9%C7,%C5;a,b;\n"));
 }
 
 TEST(SettingsText, ForeignLinesStayInTheirPlacesAndDamagedOnesGo) {
@@ -57,8 +50,7 @@ TEST(SettingsText, ForeignLinesStayInTheirPlacesAndDamagedOnesGo) {
       {mark + mark + "[Menu]\nSounds=True\n", false, "[Menu]\nSounds=False\n"},
       {"\x01\n " + mark + "[Menu]\nSounds=True\n", true, "[Menu]\nSounds=False\n"},
       {"; mine\n" + mark + "x=1\n" + mark + "[Menu]\n" + mark + "Sounds=True\n" + mark + "y=2\n",
-       false, "; mine\n" + mark + "x=1\n" + mark + "[Menu]\nSounds=False\n" + mark + "y=2\n"},
-  };
+       false, "; mine\n" + mark + "x=1\n" + mark + "[Menu]\nSounds=False\n" + mark + "y=2\n"}};
   for (const auto& c : cases) {
     SettingsText text(c.before);
     EXPECT_EQ(text.IsDamaged(), c.is_damaged) << c.before;

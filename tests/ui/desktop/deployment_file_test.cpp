@@ -70,8 +70,7 @@ TEST_F(DeploymentFile, WhatIsMalformedIsNamedWithFileKeyAndValue) {
       {"ServerAddress 127.0.0.1", "\"ServerAddress 127.0.0.1\""},
       {"Years=20\x01", "no entry"},
       {QByteArray(65537, '\n'), "65536"},
-      {"ServerAddress=" + QByteArray(5000, '9'), "999\x85\""},
-  };
+      {"ServerAddress=" + QByteArray(5000, '9'), "999\x85\""}};
   for (const auto& [line, named] : cases) {
     EXPECT_THAT(ReadText("[Deployment]\n" + line + "\n").error,
                 testing::AllOf(HasSubstr(path.toStdString()), HasSubstr(named)));

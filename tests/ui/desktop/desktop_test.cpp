@@ -26,23 +26,19 @@ namespace {
 using namespace std::chrono_literals;
 
 TEST(QtTimers, TickPeriodicallyAndStartAWholePeriodWhenEnabled) {
-  QtTimerFactory timers;
-  const auto timer = timers.MakeTimer(100ms);
+  const auto timer = QtTimerFactory().MakeTimer(100ms);
   EXPECT_FALSE(timer->IsEnabled());
   QElapsedTimer time;
-  std::vector<qint64> ticks;
+  int ticks = 0;
   timer->on_tick = [&] {
-    ticks.push_back(time.elapsed());
-    timer->SetEnabled(ticks.size() < 3);
+    EXPECT_GE(time.elapsed(), ++ticks * 100 - 1);
+    timer->SetEnabled(ticks < 3);
   };
   timer->SetEnabled(true);
   QTest::qWait(60);
   time.start();
   timer->SetEnabled(true);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return !timer->IsEnabled(); }));
-  ASSERT_EQ(ticks.size(), 3U);
-  EXPECT_GE(ticks[0], 99);
-  EXPECT_GE(ticks[2], 299);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return ticks == 3 && !timer->IsEnabled(); }));
 }
 
 /// Lets `act` look at the next message box, from inside its event loop.
@@ -59,20 +55,29 @@ void WithNextBox(Act act) {
 }
 
 TEST(QtMessageBoxTest, ShowsItsTextItsIconAndOneButton) {
-  const std::string path = "/home/" + std::string(94, 'x');
-  for (const auto& [icon, shown] : {std::pair{MessageIcon::None, QMessageBox::NoIcon},
-                                    {MessageIcon::Exclamation, QMessageBox::Warning},
-                                    {MessageIcon::Critical, QMessageBox::Critical}}) {
-    std::string text;
-    WithNextBox([&, shown = shown](QMessageBox& box) {
-      text = box.text().toStdString();
+  const QString path = QStringLiteral("/home/") + QString(94, QLatin1Char('x'));
+  const QString end = QStringLiteral(" (ShellExecute code 5).");
+  const struct {
+    MessageIcon icon;
+    QMessageBox::Icon shown;
+    QString text;
+    bool is_whole;
+  } cases[] = {{MessageIcon::None, QMessageBox::NoIcon, path + end, true},
+               {MessageIcon::Exclamation, QMessageBox::Warning, path.repeated(100) + end, false},
+               {MessageIcon::Critical, QMessageBox::Critical,
+                QString(5000, QLatin1Char('\n')) + end, false}};
+  for (const auto& c : cases) {
+    QString text;
+    WithNextBox([&](QMessageBox& box) {
+      text = box.text();
       EXPECT_EQ(box.windowTitle(), QStringLiteral("Korvanta"));
-      EXPECT_EQ(box.icon(), shown);
+      EXPECT_EQ(box.icon(), c.shown);
       EXPECT_EQ(box.windowModality(), Qt::ApplicationModal);
       EXPECT_EQ(box.standardButtons(), QMessageBox::Ok);
     });
-    QtMessageBox().Show(path, "Korvanta", icon);
-    EXPECT_EQ(text, path);
+    QtMessageBox().Show(c.text.toStdString(), "Korvanta", c.icon);
+    EXPECT_EQ(text == c.text, c.is_whole);
+    EXPECT_TRUE(text.endsWith(end) && text.first(12) == c.text.first(12));
   }
 }
 
@@ -82,45 +87,10 @@ TEST(QtMessageBoxTest, OnlyYesIsYes) {
       {[](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); }, true},
       {[](QMessageBox& box) { box.button(QMessageBox::No)->click(); }, false},
       {[](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); }, false},
-      {[](QMessageBox& box) { box.close(); }, false},
-  };
+      {[](QMessageBox& box) { box.close(); }, false}};
   for (const auto& [answer, expected] : cases) {
     WithNextBox(answer);
     EXPECT_EQ(QtMessageBox().Ask("Really?", "Korvanta"), expected);
-  }
-}
-
-TEST(QtMessageBoxTest, TextsAreWholeUnlessTheyOutgrowTheScreen) {
-  const QFontMetrics font((QFont()));
-  const QSize room(1000, 500);
-  const QString end = QStringLiteral(" (ShellExecute code 5).");
-  const QString widest(room.width() / font.horizontalAdvance(QLatin1Char('w')), QLatin1Char('w'));
-  const QString many_lines = QStringLiteral("two\nlines\n").repeated(5000);
-  const struct {
-    QString text;
-    bool is_whole;
-    bool has_break_places;
-  } cases[] = {
-      {QStringLiteral(""), true, false},
-      {QStringLiteral("\t one \xe9 ").repeated(20) + end, true, false},
-      {widest + end, true, false},
-      {widest + QLatin1Char('w') + end, true, true},
-      {many_lines + end, false, false},
-      {widest.repeated(5000) + end, false, true},
-  };
-  for (const auto& c : cases) {
-    QString shown = QtMessageBox::Fit(c.text, font, room);
-    EXPECT_EQ(shown.contains(QChar(0x200B)), c.has_break_places);
-    EXPECT_LE(font.boundingRect(QRect(0, 0, 500, 0), Qt::TextWordWrap, shown).height(), 500);
-    for (const QString& word : shown.split(QChar(0x200B))) {
-      EXPECT_LE(font.horizontalAdvance(word.section(QLatin1Char(' '), 0, 0)), 1000 + 1);
-    }
-    shown.remove(QChar(0x200B));
-    const QStringList parts = shown.split(QChar(0x2026));
-    EXPECT_EQ(parts.size(), c.is_whole ? 1 : 2);
-    EXPECT_TRUE(c.text.startsWith(parts.first()) && c.text.endsWith(parts.last()));
-    EXPECT_TRUE(shown.endsWith(c.text.isEmpty() ? QString() : end));
-    EXPECT_TRUE(c.is_whole ? shown == c.text : parts.first().size() > 50);
   }
 }
 
@@ -136,7 +106,7 @@ class DesktopWebOpenerTest : public testing::Test {
     QFile script(folder_.filePath(QStringLiteral("xdg-open")));
     ASSERT_TRUE(script.open(QIODevice::WriteOnly));
     script.write(R"(#!/bin/sh
-echo "$*" >> "${0%/*}/opened"
+printf "%s " "$*" >> "${0%/*}/opened"
 case ${1##*/} in
   killed) kill -9 $$ ;;
   browser) echo $$ > "${0%/*}/browser"; exec sleep 60 ;;
@@ -158,26 +128,23 @@ exit ${1##*/}
 
 TEST_F(DesktopWebOpenerTest, HandsWebAddressesAloneToTheDesktopAndReportsHowEachFared) {
   MakeXdgOpen();
-  const std::pair<const char*, int> cases[] = {
-      {"http://korvanta.example/0", 33},
-      {"HTTPS://korvanta.example/a?b='c$(d)&e=%20;/1", 5},
-      {"http://korvanta.example/2", 2},
-      {"http://korvanta.example/3", 31},
-      {"http://korvanta.example/4", 5},
-      {"http://korvanta.example/killed", 5},
-      {"index.html", 2},
-      {"", 2},
-      {"/etc/passwd", 2},
-      {"file:///etc/passwd", 5},
-      {"javascript:alert(1)", 5},
-      {"http:", 5},
-      {"http:///etc/passwd", 5},
-      {"http:korvanta.example", 5},
-      {"http://korvanta.example:99999/", 5},
-      {"http://a b/", 5},
-      {" http://korvanta.example/", 5},
-      {"http://korvanta.example/\nfile:///etc/passwd", 5},
-  };
+  const std::pair<const char*, int> cases[] = {{"http://korvanta.example/0", 33},
+                                               {"HTTPS://korvanta.example/a?b='c$(d)&e=%20;/1", 5},
+                                               {"http://korvanta.example/2", 2},
+                                               {"http://korvanta.example/3", 31},
+                                               {"http://korvanta.example/killed", 5},
+                                               {"index.html", 2},
+                                               {"", 2},
+                                               {"/etc/passwd", 2},
+                                               {"file:///etc/passwd", 5},
+                                               {"javascript:alert(1)", 5},
+                                               {"http:", 5},
+                                               {"http:///etc/passwd", 5},
+                                               {"http:korvanta.example", 5},
+                                               {"http://korvanta.example:99999/", 5},
+                                               {"http://a b/", 5},
+                                               {" http://korvanta.example/", 5},
+                                               {"http://korvanta.example/\nfile:///etc/passwd", 5}};
   for (const auto& [address, expected] : cases) {
     std::vector<int> codes;
     opener_.Open(address, [&](int code) { codes.push_back(code); });
@@ -185,12 +152,8 @@ TEST_F(DesktopWebOpenerTest, HandsWebAddressesAloneToTheDesktopAndReportsHowEach
     EXPECT_THAT(codes, testing::ElementsAre(expected)) << address;
   }
   EXPECT_EQ(Read("opened"),
-            "http://korvanta.example/0\n"
-            "https://korvanta.example/a?b='c$(d)&e=%20;/1\n"
-            "http://korvanta.example/2\n"
-            "http://korvanta.example/3\n"
-            "http://korvanta.example/4\n"
-            "http://korvanta.example/killed\n");
+            "http://korvanta.example/0 https://korvanta.example/a?b='c$(d)&e=%20;/1 "
+            "http://korvanta.example/2 http://korvanta.example/3 http://korvanta.example/killed ");
 }
 
 TEST_F(DesktopWebOpenerTest, ABrowserOutlivesTheOpenerAndIsNotWaitedFor) {
