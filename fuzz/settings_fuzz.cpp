@@ -77,7 +77,6 @@ std::string Show(const SavedLogins& logins) {
   return shown;
 }
 
-/// One run of the program.
 struct Run {
   explicit Run(std::string_view file) : store(file) {
     modFiles::LoadSettings(settings, store);

@@ -16,7 +16,7 @@ class IniText {
  public:
   IniText() = default;
 
-  /// Takes every line that makes sense; the first that does not is told by `MalformedLine`.
+  /// Takes every line that makes sense; `MalformedLine` is the first that does not.
   explicit IniText(std::string_view text);
 
   /// A line that is none of the three or holds control characters; it is not part of `Text`.
@@ -34,7 +34,7 @@ class IniText {
  private:
   struct Line {
     std::string section;
-    std::string key;  ///< empty for what is no entry
+    std::string key;  ///< empty for what is not an entry
     std::string value;
     std::string text;
   };

@@ -54,8 +54,8 @@ class SavedLogins {
   void AddStored(std::string_view text);
 
   /// The stored form of every login with a name. What was read from a stored text can always be
-  /// written again. For a login from elsewhere that the scramble cannot encode, the others stay
-  /// whole: it is left out when its name is the trouble, written without its password when that is.
+  /// written again. Of logins from elsewhere, one whose name the scramble cannot encode is left
+  /// out, and one whose password it cannot encode is written without it.
   std::string ToStored() const;
 
   std::string LastUser;  ///< name of the latest login attempt, empty when none

@@ -10,14 +10,14 @@
 
 namespace korvanta {
 
-/// Bytes that are no printable ASCII, and those with a meaning of their own, stand in the text as
+/// Bytes that are not printable ASCII, and those with a meaning of their own, stand in the text as
 /// '%' and two hexadecimal digits.
 class SettingsText {
  public:
   SettingsText() = default;
   explicit SettingsText(std::string_view text) : lines_(text) {}
 
-  /// Not every line made sense; those that did not are no part of `Text`.
+  /// Not every line made sense; those that did not are not part of `Text`.
   bool IsDamaged() const { return lines_.MalformedLine().has_value(); }
 
   std::optional<std::string> Find(std::string_view section, std::string_view key) const;

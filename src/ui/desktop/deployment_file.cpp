@@ -44,7 +44,7 @@ struct Key {
 /// What is wrong, without the name of the file; empty when nothing is.
 QString ReadValues(const IniText& text, DeploymentValues& values) {
   if (const auto& line = text.MalformedLine()) {
-    return QStringLiteral("holds the line %1, which is no entry.").arg(Quoted(FromUtf8(*line)));
+    return QStringLiteral("has the line %1, which is not an entry.").arg(Quoted(FromUtf8(*line)));
   }
   const QString notice = QStringLiteral("of at most %1 characters").arg(kLongestNoticeLine);
   const std::array keys = {

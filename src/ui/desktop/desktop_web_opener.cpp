@@ -22,8 +22,8 @@ constexpr int kNotFound = 2;
 constexpr int kNoAssociation = 31;
 constexpr int kOtherFailure = 5;
 
-/// Milliseconds. What ran for longer had found a browser, and how that ends is no news about the
-/// page.
+/// Milliseconds. What runs for longer has found a browser, and its exit status says nothing about
+/// the page.
 constexpr qint64 kLongestTry = 60000;
 
 /// The code for the exit status of `xdg-open`.
@@ -53,7 +53,7 @@ class IndependentProcess : public QProcess {
   }
   IndependentProcess(const IndependentProcess&) = delete;
   IndependentProcess& operator=(const IndependentProcess&) = delete;
-  /// The toolkit would end a process that it believes to run.
+  /// The toolkit would end a process that it takes to be running.
   ~IndependentProcess() override { setProcessState(NotRunning); }
 };
 

@@ -12,8 +12,9 @@ namespace korvanta {
 /// a file of the user's.
 class DesktopWebOpener final : public WebOpener {
  public:
-  /// By `xdg-open`, which tells its failures and may live as long as the browser; without it, as
-  /// the toolkit knows how. The browser goes on when the opener is gone.
+  /// By `xdg-open`, whose exit status says why it failed, and which may live as long as the
+  /// browser. The toolkit would start it too, but not wait for the status; it is asked where there
+  /// is no `xdg-open`. A browser outlives the opener.
   void Open(std::string_view address, std::function<void(int code)> done) override;
 
  private:

@@ -17,7 +17,7 @@ class InstanceLock final : public InstanceGuard {
   explicit InstanceLock(const QString& program_name);
 
   /// False only when another process holds the lock. True as well when no lock file can be made:
-  /// then nothing is known of others, and the player plays. Held until this object ends.
+  /// then nothing is known of others, and the player may play. Held until this object ends.
   bool TryAcquire();
 
   bool IsAnotherRunning() override { return !TryAcquire(); }

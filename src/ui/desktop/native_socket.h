@@ -9,9 +9,9 @@ class QTcpSocket;
 
 namespace korvanta::native_socket {
 
-/// Makes a peer that vanished without a word a broken connection after a minute: 30 seconds of
-/// silence, then three probes 10 seconds apart. Bytes sent that stay unconfirmed for a minute
-/// break it as well. Systems without these options keep their own, longer times.
+/// Breaks a connection a minute after its peer vanished without a word: after 30 seconds of
+/// silence and three probes 10 seconds apart. Bytes that stay unconfirmed for a minute break it as
+/// well. Systems without these options keep their own, longer times.
 void SetKeepAlive(qintptr descriptor);
 
 /// Everything that has arrived and the toolkit has not read; does not wait.

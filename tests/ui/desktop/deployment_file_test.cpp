@@ -68,7 +68,7 @@ TEST_F(DeploymentFile, WhatIsMalformedIsNamedWithFileKeyAndValue) {
       {"RightsLine=" + long_line, " RightsLine the value \"xxx"},
       {"MakerName=" + long_line, " MakerName the value \"xxx"},
       {"ServerAddress 127.0.0.1", "\"ServerAddress 127.0.0.1\""},
-      {"Years=20\x01", "no entry"},
+      {"Years=20\x01", "not an entry"},
       {QByteArray(65537, '\n'), "65536"},
       {"ServerAddress=" + QByteArray(5000, '9'), "999\x85\""}};
   for (const auto& [line, named] : cases) {
