@@ -128,32 +128,26 @@ exit ${1##*/}
 
 TEST_F(DesktopWebOpenerTest, HandsWebAddressesAloneToTheDesktopAndReportsHowEachFared) {
   MakeXdgOpen();
-  const std::pair<const char*, int> cases[] = {{"http://korvanta.example/0", 33},
-                                               {"HTTPS://korvanta.example/a?b='c$(d)&e=%20;/1", 5},
-                                               {"http://korvanta.example/2", 2},
-                                               {"http://korvanta.example/3", 31},
-                                               {"http://korvanta.example/killed", 5},
-                                               {"index.html", 2},
-                                               {"", 2},
-                                               {"/etc/passwd", 2},
-                                               {"file:///etc/passwd", 5},
-                                               {"javascript:alert(1)", 5},
-                                               {"http:", 5},
-                                               {"http:///etc/passwd", 5},
-                                               {"http:korvanta.example", 5},
-                                               {"http://korvanta.example:99999/", 5},
-                                               {"http://a b/", 5},
-                                               {" http://korvanta.example/", 5},
-                                               {"http://korvanta.example/\nfile:///etc/passwd", 5}};
-  for (const auto& [address, expected] : cases) {
-    std::vector<int> codes;
-    opener_.Open(address, [&](int code) { codes.push_back(code); });
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !codes.empty(); })) << address;
-    EXPECT_THAT(codes, testing::ElementsAre(expected)) << address;
+  const std::pair<int, std::vector<const char*>> cases[] = {
+      {33, {"http://korvanta.example/0"}},
+      {2, {"http://korvanta.example/2", "index.html", "", "/etc/passwd"}},
+      {31, {"http://korvanta.example/3"}},
+      {5,
+       {"http://korvanta.example/killed", "HTTPS://korvanta.example/a?b='c$(d)&e=%20;/1",
+        "file:///etc/passwd", "javascript:alert(1)", "http:", "http:///etc/passwd",
+        "http:korvanta.example", "http://korvanta.example:99999/", "http://a b/",
+        " http://korvanta.example/", "http://korvanta.example/\nfile:///etc/passwd"}}};
+  for (const auto& [expected, addresses] : cases) {
+    for (const char* address : addresses) {
+      std::vector<int> codes;
+      opener_.Open(address, [&](int code) { codes.push_back(code); });
+      EXPECT_TRUE(QTest::qWaitFor([&] { return !codes.empty(); })) << address;
+      EXPECT_THAT(codes, testing::ElementsAre(expected)) << address;
+    }
   }
   EXPECT_EQ(Read("opened"),
-            "http://korvanta.example/0 https://korvanta.example/a?b='c$(d)&e=%20;/1 "
-            "http://korvanta.example/2 http://korvanta.example/3 http://korvanta.example/killed ");
+            "http://korvanta.example/0 http://korvanta.example/2 http://korvanta.example/3 "
+            "http://korvanta.example/killed https://korvanta.example/a?b='c$(d)&e=%20;/1 ");
 }
 
 TEST_F(DesktopWebOpenerTest, ABrowserOutlivesTheOpenerAndIsNotWaitedFor) {

@@ -20,8 +20,7 @@ TEST(InstanceLock, ASecondCopyIsKeptOutWhileTheFirstRunsAndNobodyElse) {
   {
     InstanceLock first(QStringLiteral("Korvanta"));
     EXPECT_TRUE(first.TryAcquire());
-    EXPECT_FALSE(CanStart());
-    EXPECT_FALSE(CanStart()) << "asking must not take the lock away";
+    EXPECT_FALSE(CanStart() || CanStart()) << "asking must not take the lock away";
     EXPECT_TRUE(CanStart("Another name"));
   }
   EXPECT_TRUE(CanStart());
