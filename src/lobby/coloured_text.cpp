@@ -190,7 +190,7 @@ void ColouredText::AddChunk(std::size_t index, std::unique_ptr<Chunk> chunk) {
   }
 }
 
-/// Gives back the room that the chunk open so far did not use, and makes room in this one.
+/// Reserves room in this chunk, and frees what the one that was open did not use.
 void ColouredText::SetOpen(std::size_t index) {
   if (open_ == index) {
     return;

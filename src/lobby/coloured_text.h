@@ -44,7 +44,7 @@ class ColouredText {
   /// `offset` is at most size(). When memory runs out, what is in already stays in.
   void Insert(std::size_t offset, std::string_view bytes, ColourRole role);
 
-  /// Gives the text from `from` up to `to` the colour; from <= to <= size().
+  /// Colours the text from `from` up to `to`; from <= to <= size().
   void Recolour(std::size_t from, std::size_t to, ColourRole role);
 
   void Clear();

@@ -68,9 +68,10 @@ void TextRows::SetWidth(float width) {
   longest_ = static_cast<std::size_t>(std::max(width, 0.0F) / narrowest) + 4;
 }
 
-/// Visits the rows from `start` on, while `go_on(row)` says so and to the last row at most.
+/// Visits the rows from `start` on, down to the last one or the first for which `visit(row)` is
+/// false.
 template <typename Visitor>
-void TextRows::Walk(std::size_t start, Visitor go_on) const {
+void TextRows::Walk(std::size_t start, Visitor visit) const {
   std::string block;
   std::size_t block_start = start;
   std::size_t ahead = longest_;
@@ -84,7 +85,7 @@ void TextRows::Walk(std::size_t start, Visitor go_on) const {
     const std::string_view rest = std::string_view(block).substr(start - block_start);
     const Row wrapped = WrapRow(rest, advances_, width_);
     const Row row{start, start + wrapped.end, start + wrapped.next};
-    if (!go_on(row) || IsLast(row)) {
+    if (!visit(row) || IsLast(row)) {
       return;
     }
     start = row.next;

@@ -76,7 +76,7 @@ class TextRows {
 
  private:
   template <typename Visitor>
-  void Walk(std::size_t start, Visitor go_on) const;
+  void Walk(std::size_t start, Visitor visit) const;
 
   const ColouredText& text_;
   const Advances& advances_;

@@ -52,7 +52,7 @@ MessageSearch::Outcome MessageSearch::GoNewer(std::size_t from) {
               Outcome::FoundAgainFromOldest);
 }
 
-void MessageSearch::Take() {
+void MessageSearch::SelectMatch() {
   if (!match_.empty()) {
     view_.Select(match_.from, match_.to);
   }
@@ -69,7 +69,7 @@ void MessageSearch::TextChanged(const MessageView::Change& change) {
     if (change.offset <= match_.from) {
       match_ = {match_.from + change.length, match_.to + change.length};
     } else if (change.offset < match_.to) {
-      Stop();  // it is torn apart
+      Stop();  // the new text splits it
     }
   }
 }

@@ -5,7 +5,7 @@
 /// selection is the place where lines go in: a search that moved it would send the next lines into
 /// the middle of old ones, and so would one before Scroll Lock is switched on to hold the match in
 /// sight. With Scroll Lock off, the next line would cancel the selection, and the search would lose
-/// its place. Only Take, which the user asks for by itself, selects the match.
+/// its place. Only SelectMatch, which the user asks for, selects it.
 #pragma once
 
 #include <cstddef>
@@ -30,19 +30,17 @@ class MessageSearch {
   /// Begins at the newest line again; what was sought stays.
   void Start();
 
-  /// What is sought has been typed anew: keeps the match while it fits, else goes to an older one.
+  /// The text to find has changed: keeps the match while it fits, else goes to an older one.
   Outcome Seek(std::string_view sought);
 
   /// To the next match that way, from the other end of the text when there is no more.
   Outcome Next(Direction direction);
 
-  /// The view selects the match, as if the user had selected it by hand.
-  void Take();
+  /// Makes the match the view's selection, as if the user had selected it by hand.
+  void SelectMatch();
 
-  /// No match is shown any more.
+  /// Shows no match any more; the place in the text is kept.
   void Stop() { match_ = {0, 0}; }
-
-  const std::string& sought() const { return sought_; }
 
   /// Empty when there is none.
   TextRange match() const { return match_; }

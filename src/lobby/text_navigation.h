@@ -1,5 +1,5 @@
-/// Finding one's way in a long text of lines: lines, words and the places where a caret may stand.
-/// The message view and its widget use it.
+/// Navigation in a long text: its lines, its words and the places where a caret may stand. The
+/// message view and all that moves in it use this.
 ///
 /// A line ends with "\r\n", a lone "\r" or a lone "\n"; the text behind the last break is a line
 /// too, perhaps an empty one. A caret never stands inside a "\r\n". Every offset is in bytes and at

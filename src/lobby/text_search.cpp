@@ -5,6 +5,8 @@
 #include <functional>
 #include <string>
 
+#include "base/ascii_case.h"
+
 namespace korvanta {
 namespace {
 
@@ -14,13 +16,15 @@ constexpr std::size_t kLargestBlock = std::size_t{64} * 1024;
 
 std::size_t BlockAfter(std::size_t block) { return std::min(4 * block, kLargestBlock); }
 
+/// Of Windows-1252.
 constexpr std::array<char, 256> MakeLowerCase() {
   std::array<char, 256> lower{};
   for (std::size_t code = 0; code < lower.size(); ++code) {
-    const bool plain = code >= 'A' && code <= 'Z';
     const bool accented = code >= 0xC0 && code <= 0xDE && code != 0xD7;
     const bool high = code == 0x8A || code == 0x8C || code == 0x8E;
-    lower[code] = static_cast<char>(code + (plain || accented ? 0x20 : high ? 0x10 : 0));
+    lower[code] = static_cast<char>(LowerCase(static_cast<char>(code)) + (accented ? 0x20
+                                                                          : high   ? 0x10
+                                                                                   : 0));
   }
   lower[0x9F] = '\xFF';
   return lower;
@@ -28,7 +32,7 @@ constexpr std::array<char, 256> MakeLowerCase() {
 
 constexpr std::array<char, 256> kLowerCase = MakeLowerCase();
 
-std::string LowerCase(std::string text) {
+std::string InLowerCase(std::string text) {
   for (char& byte : text) {
     byte = kLowerCase[static_cast<unsigned char>(byte)];
   }
@@ -39,7 +43,7 @@ std::string LowerCase(std::string text) {
 
 std::optional<std::size_t> FindFirst(const ColouredText& text, std::string_view sought,
                                      std::size_t from, std::size_t to) {
-  const std::string lower = LowerCase(std::string(sought));
+  const std::string lower = InLowerCase(std::string(sought));
   if (lower.empty()) {
     return std::nullopt;
   }
@@ -49,7 +53,7 @@ std::optional<std::size_t> FindFirst(const ColouredText& text, std::string_view 
   for (std::size_t start = from; start + lower.size() <= last;
        start += size, size = BlockAfter(size)) {
     const std::size_t end = std::min(last, start + size + lower.size() - 1);
-    const std::string block = LowerCase(text.Bytes(start, end));
+    const std::string block = InLowerCase(text.Bytes(start, end));
     const auto found = lower.size() == 1 ? std::find(block.begin(), block.end(), lower.front())
                                          : std::search(block.begin(), block.end(), searcher);
     if (found != block.end()) {
@@ -61,7 +65,7 @@ std::optional<std::size_t> FindFirst(const ColouredText& text, std::string_view 
 
 std::optional<std::size_t> FindLast(const ColouredText& text, std::string_view sought,
                                     std::size_t to, std::size_t from) {
-  const std::string lower = LowerCase(std::string(sought));
+  const std::string lower = InLowerCase(std::string(sought));
   if (lower.empty()) {
     return std::nullopt;
   }
@@ -70,7 +74,7 @@ std::optional<std::size_t> FindLast(const ColouredText& text, std::string_view s
   std::size_t size = kFirstBlock;
   while (end >= from + lower.size()) {
     const std::size_t start = end - std::min(end - from, size + lower.size() - 1);
-    const std::string block = LowerCase(text.Bytes(start, end));
+    const std::string block = InLowerCase(text.Bytes(start, end));
     const auto found = lower.size() == 1 ? std::find(block.rbegin(), block.rend(), lower.front())
                                          : std::search(block.rbegin(), block.rend(), searcher);
     if (found != block.rend()) {

@@ -1,5 +1,5 @@
-/// Counts the lines that come into the message view out of sight while Scroll Lock holds it. The
-/// view's widget shows the number and tells what has been seen.
+/// Counts the lines that come into the message view out of sight while Scroll Lock holds it.
+/// ScrollPosition keeps the count, the view's widget shows it.
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,4 @@
-/// A message view on a screen of four rows of ten bytes, all of them as wide as the other.
+/// A message view on a screen of four rows of ten bytes, each one wide.
 #pragma once
 
 #include <string>

@@ -48,15 +48,6 @@ TEST(WrapRow, EndsWhereItShould) {
   EXPECT_EQ(WrapRow("m\r\n", TestAdvances(), 1), (Row{0, 1, 3})) << "no empty row behind it";
 }
 
-TEST(BytesLeftOf, CountsByTheShareOfTheByteUnderThePoint) {
-  const Advances advances = TestAdvances();
-  EXPECT_EQ(BytesLeftOf(-3, "amb", advances, 0.5F), 0U);
-  EXPECT_EQ(BytesLeftOf(2.2F, "amb", advances, 0.5F), 1U);
-  EXPECT_EQ(BytesLeftOf(2.3F, "amb", advances, 0.5F), 2U);
-  EXPECT_EQ(BytesLeftOf(3.4F, "amb", advances, 1), 1U);
-  EXPECT_EQ(BytesLeftOf(99, "amb", advances, 1), 3U);
-}
-
 TEST(TextRows, AgreeWithWrappingEverything) {
   std::mt19937 random(7);
   const Advances advances = TestAdvances();

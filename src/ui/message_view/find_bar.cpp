@@ -104,7 +104,7 @@ void FindBar::keyPressEvent(QKeyEvent* event) {
     on_close();
   } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
     if (event->modifiers().testFlag(Qt::ControlModifier)) {
-      on_take();
+      on_select();
     } else {
       on_next(event->modifiers().testFlag(Qt::ShiftModifier) ? Direction::Newer : Direction::Older);
     }

@@ -25,7 +25,7 @@ class FindBar : public QWidget {
 
   std::function<void(const QString& text)> on_typed;
   std::function<void(MessageSearch::Direction)> on_next;
-  std::function<void()> on_take;
+  std::function<void()> on_select;
   std::function<void()> on_close;
 
  protected:

@@ -62,8 +62,8 @@ void Finder::MakeBar() {
   bar_->on_typed = [this](const QString& text) { ShowOutcome(search_.Seek(ToBytes(text))); };
   bar_->on_next = [this](MessageSearch::Direction direction) { Next(direction); };
   bar_->on_close = [this] { Close(); };
-  bar_->on_take = [this] {
-    search_.Take();
+  bar_->on_select = [this] {
+    search_.SelectMatch();
     Close();
     widget_.setFocus(Qt::OtherFocusReason);
   };

@@ -12,7 +12,7 @@ class MessageViewWidget;
 /// for a view's description; more than once does no harm.
 void InstallMessageViewAccessibility();
 
-/// Tells screen readers, if any listens, what has changed in the view's text.
+/// Notifies screen readers, if there are any, of what has changed in the view's text.
 void NotifyAccessibility(MessageViewWidget& widget, const MessageView::Change& change);
 
 }  // namespace korvanta

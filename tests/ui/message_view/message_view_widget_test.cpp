@@ -57,11 +57,7 @@ struct MessageViewWidgetTest : testing::Test {
     return view.text().Bytes(top, LineEnd(view.text(), top));
   }
 
-  int bar() const { return widget.verticalScrollBar()->value(); }
-  int bar_end() const { return widget.verticalScrollBar()->maximum(); }
-  int whole_rows() const {
-    return (widget.viewport()->height() - 2 * kMargin) / glyphs.row_height();
-  }
+  QScrollBar& bar() const { return *widget.verticalScrollBar(); }
 
   void Wheel(int angle, Qt::KeyboardModifiers modifiers = {}) {
     QWidget* const port = widget.viewport();
@@ -71,17 +67,14 @@ struct MessageViewWidgetTest : testing::Test {
     QApplication::sendEvent(port, &event);
   }
 
+  QImage Picture() const { return widget.viewport()->grab().toImage(); }
+
   /// Whether the ground of a match is in the picture.
   bool IsFoundPainted() const {
-    const QImage image = widget.viewport()->grab().toImage();
-    for (int y = 0; y < image.height(); ++y) {
-      for (int x = 0; x < image.width(); ++x) {
-        if (image.pixelColor(x, y) == theme::kFound) {
-          return true;
-        }
-      }
-    }
-    return false;
+    const QImage image = Picture().convertToFormat(QImage::Format_RGB32);
+    const auto* const pixels = reinterpret_cast<const QRgb*>(image.constBits());
+    const auto* const end = pixels + image.width() * image.height();
+    return std::find(pixels, end, theme::kFound.rgb()) != end;
   }
 
   /// The middle of the byte in that row, both counted in the viewport; the row's text is `text`.
@@ -97,21 +90,27 @@ struct MessageViewWidgetTest : testing::Test {
   GlyphTable glyphs{widget.font()};
 };
 
-TEST_F(MessageViewWidgetTest, TheScrollBarShowsAndSetsThePosition) {
+TEST_F(MessageViewWidgetTest, BarAndWheelShowAndSetThePosition) {
   Write(200);
-  EXPECT_EQ(bar(), bar_end());
-  EXPECT_EQ(TopLine(), "line " + std::to_string(200 - whole_rows()));
-  widget.verticalScrollBar()->setValue(0);
-  EXPECT_EQ(TopLine(), "line 0");
-  widget.verticalScrollBar()->setValue(17);  // inside "line 2", which starts at 16
-  EXPECT_EQ(TopLine(), "line 2");
-  widget.verticalScrollBar()->triggerAction(QAbstractSlider::SliderSingleStepAdd);
-  EXPECT_EQ(TopLine(), "line 3");
-  EXPECT_EQ(bar(), static_cast<int>(widget.position().top()));
-  widget.verticalScrollBar()->triggerAction(QAbstractSlider::SliderPageStepAdd);
-  EXPECT_EQ(TopLine(), "line " + std::to_string(3 + whole_rows() - 1));
-  widget.verticalScrollBar()->triggerAction(QAbstractSlider::SliderToMaximum);
-  EXPECT_EQ(bar(), bar_end());
+  EXPECT_EQ(bar().value(), bar().maximum());
+  const int page = (widget.viewport()->height() - 2 * kMargin) / glyphs.row_height() - 1;
+  const std::pair<std::function<void()>, int> steps[] = {
+      {[&] { bar().setValue(0); }, 0},
+      {[&] { bar().setValue(17); }, 2},  // inside "line 2", which starts at 16
+      {[&] { bar().triggerAction(QAbstractSlider::SliderSingleStepAdd); }, 3},
+      {[&] { bar().triggerAction(QAbstractSlider::SliderPageStepAdd); }, 3 + page},
+      {[&] { bar().triggerAction(QAbstractSlider::SliderToMinimum); }, 0},
+      {[&] { Wheel(-120); }, 3},
+      {[&] { Wheel(-100); }, 5},
+      {[&] { Wheel(-20); }, 6},  // a turn of parts is not lost
+      {[&] { Wheel(120); }, 3},
+      {[&] { QTest::keyClick(&widget, Qt::Key_Down, Qt::ControlModifier); }, 4},
+      {[&] { bar().triggerAction(QAbstractSlider::SliderToMaximum); }, 200 - page - 1}};
+  for (const auto& [step, line] : steps) {
+    step();
+    EXPECT_EQ(TopLine(), "line " + std::to_string(line));
+    EXPECT_EQ(bar().value(), static_cast<int>(widget.position().top()));
+  }
 }
 
 TEST_F(MessageViewWidgetTest, TheCaretOfScrollLockIsPainted) {
@@ -119,24 +118,11 @@ TEST_F(MessageViewWidgetTest, TheCaretOfScrollLockIsPainted) {
   view.MoveCaret(3, false);
   widget.clearFocus();
   Frame();
-  const QImage without = widget.viewport()->grab().toImage();
+  const QImage without = Picture();
   Lock(true);
-  EXPECT_NE(widget.viewport()->grab().toImage(), without);
+  EXPECT_NE(Picture(), without);
   Lock(false);
-  EXPECT_EQ(widget.viewport()->grab().toImage(), without);
-}
-
-TEST_F(MessageViewWidgetTest, WheelTurnsThreeRowsANotchAndKeepsParts) {
-  Write(100);
-  widget.verticalScrollBar()->setValue(0);
-  Wheel(-120);
-  EXPECT_EQ(TopLine(), "line 3");
-  for (int step = 0; step < 6; ++step) {
-    Wheel(-20);
-  }
-  EXPECT_EQ(TopLine(), "line 6");
-  Wheel(120);
-  EXPECT_EQ(TopLine(), "line 3");
+  EXPECT_EQ(Picture(), without);
 }
 
 TEST_F(MessageViewWidgetTest, AFloodWaitsForTheNextFrame) {
@@ -144,9 +130,9 @@ TEST_F(MessageViewWidgetTest, AFloodWaitsForTheNextFrame) {
   for (int line = 0; line < 1000; ++line) {
     view.AppendMessage("flood", MessageKind::Status);
   }
-  EXPECT_EQ(bar_end(), 0);
+  EXPECT_EQ(bar().maximum(), 0);
   Frame();
-  EXPECT_GT(bar_end(), 0);
+  EXPECT_GT(bar().maximum(), 0);
 }
 
 TEST_F(MessageViewWidgetTest, MouseSelects) {
@@ -158,7 +144,6 @@ TEST_F(MessageViewWidgetTest, MouseSelects) {
 
   QTest::mouseClick(port, Qt::LeftButton, {}, PointAt(0, line, 7));
   QTest::mouseClick(port, Qt::RightButton, {}, PointAt(1, line, 3));
-  EXPECT_EQ(view.selection(), (TextRange{7, 7}));
   QTest::mouseClick(port, Qt::LeftButton, Qt::ShiftModifier, PointAt(0, line, 12));
   EXPECT_EQ(view.SelectedText(), "hello");
   QTest::mousePress(port, Qt::LeftButton, {}, PointAt(1, "Brisk", 5));
@@ -183,9 +168,9 @@ TEST_F(MessageViewWidgetTest, ADragBeyondAnEdgeScrolls) {
 }
 
 TEST_F(MessageViewWidgetTest, TheDesktopsKeysMoveAndExtend) {
-  view.AppendMessage("one two", MessageKind::Status);  // breaks at 7, 14 and 21
-  view.AppendMessage("one two", MessageKind::Status);
-  view.AppendMessage("one two", MessageKind::Status);
+  for (int line = 0; line < 3; ++line) {
+    view.AppendMessage("one two", MessageKind::Status);  // at 0, 9 and 18
+  }
   Frame();
   const Qt::KeyboardModifiers none;
   const Qt::KeyboardModifiers control = Qt::ControlModifier;
@@ -227,7 +212,7 @@ TEST_F(MessageViewWidgetTest, CopyGivesPlainTextAndTheMenuKnowsWhetherItCan) {
 TEST_F(MessageViewWidgetTest, LettersGrowAndShrinkWhereTheEyeIs) {
   Write(200);
   Lock(true);
-  widget.verticalScrollBar()->setValue(400);
+  bar().setValue(400);
   const std::string seen = TopLine();
   const auto wheel = [&](int notches) { Wheel(120 * notches, Qt::ControlModifier); };
   const auto key = [&](Qt::Key which) { QTest::keyClick(&widget, which, Qt::ControlModifier); };
@@ -238,12 +223,12 @@ TEST_F(MessageViewWidgetTest, LettersGrowAndShrinkWhereTheEyeIs) {
       {[&] { wheel(-50); }, 60},         {[&] { key(Qt::Key_0); }, 100}};
   for (const bool at_end : {false, true}) {
     if (at_end) {
-      widget.verticalScrollBar()->setValue(bar_end());
+      bar().setValue(bar().maximum());
     }
     for (const auto& [step, percent] : steps) {
       step();
       EXPECT_NEAR(widget.canvas().row_height() - 3, (glyphs.row_height() - 3) * percent / 100.0, 3);
-      EXPECT_EQ(at_end, bar() == bar_end()) << percent;
+      EXPECT_EQ(at_end, (bar().value() == bar().maximum())) << percent;
       EXPECT_TRUE(at_end || TopLine() == seen) << percent << TopLine();
     }
   }
@@ -264,24 +249,23 @@ TEST_F(MessageViewWidgetTest, FindShowsTheMatchAndMovesNoCaret) {
     Qt::Key key;
     Qt::KeyboardModifiers modifiers;
     const char* line;  // null: none
-    const char* words;
   };
   const Qt::KeyboardModifiers none;
-  const Step steps[] = {{"LINE 1", Qt::Key_Shift, none, "line 199", ""},
-                        {"", Qt::Key_Return, none, "line 198", ""},
-                        {"", Qt::Key_G, Qt::ControlModifier, "line 197", ""},
-                        {"", Qt::Key_Enter, Qt::KeypadModifier | Qt::ShiftModifier, "line 198", ""},
-                        {"9", Qt::Key_PageUp, none, "line 198", ""},
-                        {"x", Qt::Key_Shift, none, nullptr, "No match"},
-                        {"", Qt::Key_Backspace, none, "line 198", ""},
-                        {"", Qt::Key_Backspace, none, "line 198", ""},
-                        {"1", Qt::Key_Return, none, "line 118", ""}};
-  for (const auto& [typed, key, modifiers, line, words] : steps) {
+  const Step steps[] = {{"LINE 1", Qt::Key_Shift, none, "line 199"},
+                        {"", Qt::Key_Return, none, "line 198"},
+                        {"", Qt::Key_G, Qt::ControlModifier, "line 197"},
+                        {"", Qt::Key_Enter, Qt::KeypadModifier | Qt::ShiftModifier, "line 198"},
+                        {"9", Qt::Key_PageUp, none, "line 198"},
+                        {"x", Qt::Key_Shift, none, nullptr},
+                        {"", Qt::Key_Backspace, none, "line 198"},
+                        {"", Qt::Key_Backspace, none, "line 198"},
+                        {"1", Qt::Key_Return, none, "line 118"}};
+  for (const auto& [typed, key, modifiers, line] : steps) {
     QTest::keyClicks(box, QLatin1String(typed));
     QTest::keyClick(QApplication::focusWidget(), key, modifiers);
     EXPECT_EQ(IsFoundPainted(), line != nullptr) << box->text().toStdString();
     EXPECT_EQ(box->accessibleDescription(), QLatin1String(line != nullptr ? line : "No match: "));
-    EXPECT_EQ(outcome->text(), QLatin1String(words));
+    EXPECT_EQ(outcome->text(), QLatin1String(line != nullptr ? "" : "No match"));
     EXPECT_EQ(view.insertion_point(), 40U);
   }
   QTest::keyClick(box, Qt::Key_Escape);
@@ -298,23 +282,20 @@ TEST_F(MessageViewWidgetTest, AMarkSaysWhereUnseenLinesAreAndLeadsThere) {
   Write(100);
   Lock(true);
   for (const bool below : {false, true}) {
-    for (const bool by_key : {false, true}) {
-      view.MoveCaret(below ? view.size() : 0, false);
-      widget.verticalScrollBar()->setValue(400);
-      Write(2);
-      auto* const mark = widget.findChild<QToolButton*>(QStringLiteral("btnNewLines"));
-      ASSERT_TRUE(mark != nullptr && mark->isVisible());
-      EXPECT_EQ(mark->text(), QLatin1String(below ? "2 new lines below" : "2 new lines above"));
-      EXPECT_TRUE(widget.viewport()->rect().contains(mark->geometry()));
-      const std::size_t place = view.insertion_point();
-      if (by_key) {
-        QTest::keyClick(&widget, Qt::Key_J, Qt::ControlModifier);
-      } else {
-        QTest::mouseClick(mark, Qt::LeftButton);
-      }
-      EXPECT_FALSE(mark->isVisible());
-      EXPECT_EQ(view.insertion_point(), place);
+    view.MoveCaret(below ? view.size() : 0, false);
+    bar().setValue(400);
+    Write(2);
+    auto* const mark = widget.findChild<QToolButton*>(QStringLiteral("btnNewLines"));
+    ASSERT_TRUE(mark != nullptr && mark->isVisible());
+    EXPECT_EQ(mark->text(), QLatin1String(below ? "2 new lines below" : "2 new lines above"));
+    EXPECT_EQ(mark->y() > widget.viewport()->height() / 2, below);
+    EXPECT_TRUE(widget.viewport()->rect().contains(mark->geometry()));
+    if (below) {
+      QTest::keyClick(&widget, Qt::Key_J, Qt::ControlModifier);
+    } else {
+      QTest::mouseClick(mark, Qt::LeftButton);
     }
+    EXPECT_FALSE(mark->isVisible());
   }
 }
 
