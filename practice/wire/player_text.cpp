@@ -4,10 +4,10 @@
 #include <charconv>
 #include <iterator>
 
+#include "base/ascii_case.h"
+
 namespace korvanta::practice {
 namespace {
-
-constexpr char LowerCase(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
 
 constexpr bool IsLetterOrDigit(char c) {
   const char lower = LowerCase(c);

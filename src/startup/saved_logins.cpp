@@ -75,10 +75,7 @@ std::optional<std::string> modData::ScrambleLoginText(std::string_view text, boo
   return result;
 }
 
-bool SameName(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return LowerCase(x) == LowerCase(y); });
-}
+bool SameName(std::string_view a, std::string_view b) { return EqualIgnoringCase(a, b); }
 
 void SavedLogins::Reset() {
   slots_.assign(1, {});
