@@ -1,6 +1,5 @@
 #include "lobby/caret_mover.h"
 
-#include <algorithm>
 #include <limits>
 
 namespace korvanta {
@@ -34,7 +33,7 @@ void CaretMover::DragTo(ScreenPlace place) {
   if (reached.from < pressed_.from) {
     view_.Select(pressed_.to, reached.from);
   } else {
-    view_.Select(pressed_.from, std::max(reached.to, pressed_.to));
+    view_.Select(pressed_.from, reached.to);
   }
 }
 

@@ -77,9 +77,9 @@ TEST_F(CaretMoverTest, TheMouseSelectsInUnits) {
       {{0, 1}, Unit::Character, false, {0, 99}, 1, 7},  // the end of a wrapped row
       {{0, 99}, Unit::Character, false, {0, 0}, 6, 0},
       {{1, 2}, Unit::Character, true, {1, 2}, 6, 9},
-      {{1, 0.9F}, Unit::Word, true, {1, 0.9F}, 7, 12},
-      {{1, 0.9F}, Unit::Word, false, {2, 1}, 7, 18},
-      {{1, 0.9F}, Unit::Word, false, {0, 1}, 12, 0},
+      {{1, 4.9F}, Unit::Word, true, {1, 4.9F}, 7, 12},
+      {{1, 4.9F}, Unit::Word, false, {2, 1}, 7, 18},
+      {{1, 4.9F}, Unit::Word, false, {0, 1}, 12, 0},
       {{2, 99}, Unit::Word, false, {2, 99}, 13, 18},
       {{1, 0}, Unit::Line, false, {1, 0}, 0, 20},
       {{1, 0}, Unit::Line, false, {3, 0}, 0, 24},
