@@ -53,7 +53,16 @@ TEST_F(CaretMoverTest, KeysMoveAndExtend) {
   }
 }
 
-TEST_F(CaretMoverTest, TheColumnIsForgottenWhenATextComesIn) {
+TEST_F(CaretMoverTest, TheColumnIsForgottenWhenTheCaretGoesElsewhere) {
+  view.MoveCaret(18, false);
+  caret.Move(Motion::Down, false);
+  caret.Press({0, 1}, Unit::Character, false);
+  caret.Move(Motion::Down, false);
+  EXPECT_EQ(view.caret(), 8U);
+
+  view.MoveCaret(18, false);
+  caret.Move(Motion::Up, false);
+  caret.Move(Motion::Left, false);
   view.MoveCaret(18, false);
   caret.Move(Motion::Down, false);
   view.AppendMessage("x", MessageKind::Status);
