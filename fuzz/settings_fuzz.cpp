@@ -112,7 +112,7 @@ void CheckEntriesAndLogins(std::string_view file, Events events) {
     Event event = events.Next();
     const auto take = [&rest = event] {
       const std::size_t size = rest.TakeNumber() % 16 + 1;
-      const std::string taken(rest.text.substr(0, size));
+      std::string taken(rest.text.substr(0, size));
       rest.text.remove_prefix(taken.size());
       return taken;
     };

@@ -37,15 +37,13 @@ InstanceLock::InstanceLock(const QString& program_name) : lock_(LockFile(program
   lock_.setStaleLockTime(0);
 }
 
-bool InstanceLock::TryAcquire() {
-  if (lock_.isLocked() || lock_.tryLock(kStartingTime)) {
-    return true;
+bool InstanceLock::IsAnotherRunning() {
+  if (lock_.isLocked() || lock_.tryLock(kStartingTime) ||
+      lock_.error() != QLockFile::LockFailedError) {
+    return false;
   }
-  if (lock_.error() != QLockFile::LockFailedError) {
-    return true;
-  }
-  // Succeeds only where no process holds the system's lock.
-  return lock_.removeStaleLockFile() && lock_.tryLock(0);
+  // The file goes only where no process holds the system's lock.
+  return !lock_.removeStaleLockFile() || !lock_.tryLock(0);
 }
 
 }  // namespace korvanta

@@ -16,11 +16,9 @@ class InstanceLock final : public InstanceGuard {
   /// `program_name` is the base name of the executable.
   explicit InstanceLock(const QString& program_name);
 
-  /// False only when another process holds the lock. True as well when no lock file can be made:
-  /// then nothing is known of others, and the player may play. Held until this object ends.
-  bool TryAcquire();
-
-  bool IsAnotherRunning() override { return !TryAcquire(); }
+  /// True only when another process holds the lock. When no lock file can be made, nothing is known
+  /// of others, and the player may play.
+  bool IsAnotherRunning() override;
 
  private:
   QLockFile lock_;

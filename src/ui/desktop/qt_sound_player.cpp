@@ -10,6 +10,11 @@
 #include "ui/kit/text.h"
 
 namespace korvanta {
+namespace {
+
+constexpr qsizetype kMostTogether = 4;
+
+}  // namespace
 
 QtSoundPlayer::QtSoundPlayer(QString program_folder) : program_folder_(std::move(program_folder)) {}
 

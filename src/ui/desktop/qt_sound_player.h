@@ -18,9 +18,6 @@ class QtSoundPlayer final : public SoundPlayer {
 
   void Play(std::string_view file) override;
 
-  static constexpr qsizetype kMostTogether = 4;
-  qsizetype PlayingCount() const { return playing_.children().size(); }
-
  private:
   QString program_folder_;
   QObject playing_;  ///< owns the sounds, oldest first

@@ -1,4 +1,4 @@
-/// Timers, message boxes, web addresses and sounds of the desktop.
+/// Timers, message boxes and web addresses of the desktop.
 #include <QApplication>
 #include <QDesktopServices>
 #include <QElapsedTimer>
@@ -17,7 +17,6 @@
 
 #include "ui/desktop/desktop_web_opener.h"
 #include "ui/desktop/qt_message_box.h"
-#include "ui/desktop/qt_sound_player.h"
 #include "ui/desktop/qt_timers.h"
 
 namespace korvanta {
@@ -177,18 +176,6 @@ TEST_F(DesktopWebOpenerTest, WithoutXdgOpenTheToolkitIsAsked) {
   opener_.Open("http://korvanta.example/", note);
   QDesktopServices::unsetUrlHandler(QStringLiteral("http"));
   EXPECT_THAT(codes, testing::ElementsAre(31, 33));
-}
-
-TEST(QtSoundPlayerTest, WhateverIsMissingIsSilenceAndManyDoNotPileUp) {
-  QtSoundPlayer player(QCoreApplication::applicationDirPath());
-  for (int i = 0; i < 50; ++i) {
-    for (const char* name : {"sounds/tick.wav", "sounds/absent.wav", "sounds", "deployment.ini"}) {
-      player.Play(name);
-      EXPECT_LE(player.PlayingCount(), QtSoundPlayer::kMostTogether);
-    }
-  }
-  EXPECT_TRUE(QTest::qWaitFor([&] { return player.PlayingCount() == 0; }))
-      << "sounds are dropped when they end";
 }
 
 }  // namespace
