@@ -35,14 +35,14 @@ class CaretMover {
   /// The caret comes into sight. With `extend` the selection reaches to it from where it began.
   void Move(Motion motion, bool extend);
 
-  /// The mouse goes down: selects the unit there, or moves the caret when that is a character.
+  /// The mouse button goes down: selects the unit there, or moves the caret if that is a character.
   /// `extend` makes a character's press a drag from where the selection began.
   void Press(ScreenPlace place, Unit unit, bool extend);
 
   /// The mouse has come to `place`: the selection reaches from the unit pressed to the unit there.
   void DragTo(ScreenPlace place);
 
-  /// Comes with each change of the view.
+  /// Call it with each change of the view.
   void TextChanged(const MessageView::Change& change);
 
  private:

@@ -45,7 +45,7 @@ class MessageSearch {
   /// Empty when there is none.
   TextRange match() const { return match_; }
 
-  /// Keeps to the match while the text changes around it; comes with each change of the view.
+  /// Keeps to the match while the text changes around it. Call it with each change of the view.
   void TextChanged(const MessageView::Change& change);
 
  private:

@@ -52,7 +52,7 @@ class MessageView final : public ChatOutput {
 
   bool IsScrollLocked() const { return options_.mnuScrollLock; }
 
-  /// Comes when the option has been switched; it has no effect on the text.
+  /// Call it when the option has been switched; it has no effect on the text.
   void ScrollLockToggled() const { Notify(on_changed, {Change::What::ScrollLock}); }
 
   /// The ends of the selection: `anchor` stays where `caret` is moved with extension. Both are

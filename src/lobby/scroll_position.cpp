@@ -81,7 +81,7 @@ void ScrollPosition::Show(std::size_t offset) {
   SetTop(TopShowing(offset));
 }
 
-void ScrollPosition::ShowAmidst(TextRange range) {
+void ScrollPosition::ShowCentred(TextRange range) {
   SettleChanges();
   if (!IsInSight(range.from) || !IsInSight(range.to)) {
     SetTop(rows_.Up(rows_.StartOf(range.from), whole_rows_ / 2));

@@ -43,18 +43,18 @@ class ScrollPosition {
   bool IsInSight(std::size_t offset) const { return TopShowing(offset) == top_; }
   std::size_t OffsetAt(ScreenPlace place, Aim aim) const;
 
-  /// Comes with each change of the view.
+  /// Call it with each change of the view.
   void TextChanged(const MessageView::Change& change);
 
   /// The changes take effect.
   void Settle();
 
-  /// Comes after the rows have got another width or height; `whole_rows` of them, 1 or more, are
+  /// Call it after the rows have got another width or height; `whole_rows` of them, 1 or more, are
   /// seen whole. The first byte in sight stays there, or the end of the text if it was in sight and
   /// Scroll Lock is off.
   void Rewrap(std::size_t whole_rows);
 
-  /// Comes before the rows change: the end of the text, if it is in sight, is to stay there even
+  /// Call it before the rows change: the end of the text, if it is in sight, is to stay there even
   /// with Scroll Lock.
   void HoldEnd();
 
@@ -68,7 +68,7 @@ class ScrollPosition {
   void Show(std::size_t offset);
 
   /// Unless all of the range is in sight, brings its start to the middle.
-  void ShowAmidst(TextRange range);
+  void ShowCentred(TextRange range);
 
   /// Scrolls to the newest of the unseen lines; the caret stays.
   void ShowUnseen();

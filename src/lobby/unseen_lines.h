@@ -19,7 +19,7 @@ class UnseenLines {
   /// They have been seen, or nobody is held back any more.
   void Clear() { count_ = 0; }
 
-  /// Comes with each change of the view.
+  /// Call it with each change of the view.
   void TextChanged(const MessageView::Change& change, bool scroll_locked) {
     if (change.what == MessageView::Change::What::Inserted && scroll_locked) {
       ++count_;

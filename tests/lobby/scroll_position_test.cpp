@@ -47,12 +47,12 @@ TEST_F(ScrollPositionTest, FollowsTheEndAndScrollsByRowsAndPagesBetweenBothEnds)
       {"into sight above", [&] { position.Show(8); }, "line 1"},
       {"to the middle",
        [&] {
-         position.ShowAmidst({8 * 5, 8 * 5 + 3});
+         position.ShowCentred({8 * 5, 8 * 5 + 3});
        },
        "line 3"},
       {"in sight",
        [&] {
-         position.ShowAmidst({8 * 6, 8 * 6 + 3});
+         position.ShowCentred({8 * 6, 8 * 6 + 3});
        },
        "line 3"},
       {"beyond the end", [&] { position.ScrollRows(99); }, "line 16"},

@@ -77,7 +77,7 @@ void Finder::ShowOutcome(MessageSearch::Outcome outcome) {
     const std::size_t start = LineStart(view_.text(), match.from);
     const std::size_t end = LineEnd(view_.text(), match.from);
     line = ToQString(view_.text().Bytes(start, std::min(end, start + kMostToRead)));
-    position_.ShowAmidst(match);
+    position_.ShowCentred(match);
   }
   bar_->ShowOutcome(outcome, line);
   on_changed();

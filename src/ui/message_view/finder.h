@@ -36,7 +36,7 @@ class Finder {
   /// Puts the bar directly below `viewport`.
   void PlaceBelow(const QRect& viewport);
 
-  /// Comes with each change of the view.
+  /// Call it with each change of the view.
   void TextChanged(const MessageView::Change& change) { search_.TextChanged(change); }
 
   /// Called when the search opens or closes, and when the match has changed.

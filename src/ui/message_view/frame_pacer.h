@@ -22,7 +22,7 @@ class FramePacer {
     });
   }
 
-  /// A frame is wanted: it comes as soon as the one before is long enough ago.
+  /// Asks for a frame, which comes as soon as the one before is long enough ago.
   void Schedule() {
     if (!timer_.isActive()) {
       const qint64 since = last_.isValid() ? last_.elapsed() : kMilliseconds;

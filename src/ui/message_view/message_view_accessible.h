@@ -8,7 +8,7 @@ namespace korvanta {
 
 class MessageViewWidget;
 
-/// Makes the toolkit describe every message view this way. Comes before anything that may ask it
+/// Makes the toolkit describe every message view this way. Call it before anything may ask it
 /// for a view's description; more than once does no harm.
 void InstallMessageViewAccessibility();
 
