@@ -1,7 +1,5 @@
 #include "harness/accessibility_bus.h"
 
-#include "harness/host.h"
-
 namespace korvanta::harness {
 
 AccessibilityBus::AccessibilityBus(const QProcessEnvironment& environment)
@@ -22,12 +20,29 @@ AccessibilityBus::AccessibilityBus(const QProcessEnvironment& environment)
 AccessibilityBus::~AccessibilityBus() { EndChild(bus_); }
 
 QStringList AccessibilityBus::ControlsOf(qint64 pid) const {
-  const ToolResult result =
-      RunTool("/usr/bin/python3", {KORVANTA_ACCESSIBLE_TREE, QString::number(pid)}, environment_);
+  const ToolResult result = Assist({QString::number(pid)});
   if (result.status != 0) {
     throw HarnessError("the windows cannot be walked: " + QString::fromUtf8(result.errors));
   }
   return QString::fromUtf8(result.output).split('\n', Qt::SkipEmptyParts);
+}
+
+void AccessibilityBus::Press(qint64 pid, const QString& window, const QString& name) const {
+  WaitUntil(name + " in " + window + " is pressed", [&] {
+    return Assist({QString::number(pid), window, name}).status == 0;
+  });
+}
+
+void AccessibilityBus::Fill(qint64 pid, const QString& window, const QString& name,
+                            const QString& text) const {
+  WaitUntil(name + " in " + window + " is filled", [&] {
+    return Assist({QString::number(pid), window, name, text}).status == 0;
+  });
+}
+
+ToolResult AccessibilityBus::Assist(const QStringList& arguments) const {
+  return RunTool("/usr/bin/python3", QStringList(KORVANTA_ACCESSIBLE_TREE) + arguments,
+                 environment_);
 }
 
 }  // namespace korvanta::harness

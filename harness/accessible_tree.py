@@ -1,8 +1,10 @@
-"""Prints the controls of a process as assistive programs meet them: one a line, its role, a tab and
-its name; windows are among them. Text that is typed or read follows as a line of its own, behind
-"says".
+"""Meets the windows of a process as assistive programs do.
 
-accessible_tree.py PID
+accessible_tree.py PID                    prints the controls, one a line: its role, a tab and its
+                                          name. Windows are among them. Text that is typed or read
+                                          follows as a line of its own, behind "says".
+accessible_tree.py PID WINDOW NAME        presses a button or tab of the window with that title.
+accessible_tree.py PID WINDOW NAME TEXT   replaces the text of one of its boxes.
 """
 
 import sys
@@ -45,9 +47,50 @@ def walk(node, is_window=False):
         walk(node.get_child_at_index(index))
 
 
-desktop = Atspi.get_desktop(0)
-for index in range(desktop.get_child_count()):
-    application = desktop.get_child_at_index(index)
-    if application is not None and application.get_process_id() == int(sys.argv[1]):
-        for child in range(application.get_child_count()):
-            walk(application.get_child_at_index(child), is_window=True)
+def windows(pid):
+    desktop = Atspi.get_desktop(0)
+    for index in range(desktop.get_child_count()):
+        application = desktop.get_child_at_index(index)
+        if application is not None and application.get_process_id() == pid:
+            for child in range(application.get_child_count()):
+                yield application.get_child_at_index(child)
+
+
+def find(node, name, roles):
+    """The control of that name that is seen, or None."""
+    if node is None:
+        return None
+    seen = node.get_state_set().contains(Atspi.StateType.SHOWING)
+    if seen and node.get_name() == name and node.get_role_name() in roles:
+        return node
+    children = (node.get_child_at_index(index) for index in range(node.get_child_count()))
+    return next((found for child in children if (found := find(child, name, roles))), None)
+
+
+def find_in_window(pid, title, name, roles):
+    for window in windows(pid):
+        if window.get_name() == title and (found := find(window, name, roles)):
+            return found
+    sys.exit(f"no {name} in {title}")
+
+
+def press(button):
+    """Has no effect on a disabled one."""
+    if button.get_state_set().contains(Atspi.StateType.SENSITIVE):
+        Atspi.Action.do_action(button, 0)
+
+
+def fill(box, text):
+    """Half at once and half at the end, which are different requests."""
+    half = len(text) // 2
+    Atspi.EditableText.set_text_contents(box, text[:half])
+    Atspi.EditableText.insert_text(box, half, text[half:], len(text[half:].encode()))
+
+
+if len(sys.argv) == 2:
+    for window in windows(int(sys.argv[1])):
+        walk(window, is_window=True)
+elif len(sys.argv) == 4:
+    press(find_in_window(int(sys.argv[1]), *sys.argv[2:4], ("push button", "page tab")))
+else:
+    fill(find_in_window(int(sys.argv[1]), *sys.argv[2:4], ("text", "password text")), sys.argv[4])

@@ -37,7 +37,7 @@ class Player {
   void Choose(const QString& shortcut);
   /// Opens it by its shortcut, or raises it.
   Window Open(const SideWindow& side);
-  /// Chooses an item of the popup menu, counted from 1, once it is open; the first one is ready.
+  /// Chooses an item, counted from 1, of the popup menu that the keyboard opened.
   void ChooseItem(int position) const;
   /// Leaves by the menu's shortcut; returns the program's exit status.
   int Leave();

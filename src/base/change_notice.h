@@ -14,11 +14,6 @@ void Notify(const std::function<void(Args...)>& listener, std::type_identity_t<A
   }
 }
 
-template <typename... Args>
-void Tell(const std::function<void(Args...)>& listener, std::type_identity_t<Args>... args) {
-  Notify(listener, args...);
-}
-
 /// Notifies once at its end, also when that is an error's, if the state is then another than it was
 /// when the notice was made. Lives as long as the handler that changes the state.
 template <typename State>

@@ -1,5 +1,7 @@
 #include "lobby/chat_input.h"
 
+#include <utility>
+
 #include "base/change_notice.h"
 #include "base/trim.h"
 #include "protocol/message_catalogue.h"
@@ -28,7 +30,7 @@ void ChatInput::TextEdited(std::string_view text) {
     return;
   }
   text_ = text;
-  position_ = history_.size();
+  position_ = typed_.size();
   Notify(on_changed);
 }
 
@@ -42,23 +44,23 @@ void ChatInput::HistoryUp() {
   if (position_ == 0) {
     return;
   }
-  if (position_ == history_.size()) {
+  if (position_ == typed_.size()) {
     draft_ = text_;
   }
   --position_;
-  ShowHistoryLine();
+  ShowRecalled();
 }
 
 void ChatInput::HistoryDown() {
-  if (position_ == history_.size()) {
+  if (position_ == typed_.size()) {
     return;
   }
   ++position_;
-  ShowHistoryLine();
+  ShowRecalled();
 }
 
-void ChatInput::ShowHistoryLine() {
-  text_ = position_ == history_.size() ? draft_ : history_[position_];
+void ChatInput::ShowRecalled() {
+  text_ = position_ == typed_.size() ? draft_ : typed_[position_];
   Notify(on_changed);
 }
 
@@ -72,9 +74,9 @@ void ChatInput::SendChatLine() {
     return;
   }
   history_.push_back(std::move(line));
-  position_ = history_.size();
+  typed_.push_back(std::exchange(text_, {}));
+  position_ = typed_.size();
   draft_.clear();
-  text_.clear();
   Notify(on_changed);
 }
 

@@ -1,5 +1,5 @@
-/// The chat input below the message view: the line being typed, the history of sent lines and the
-/// send button. The plain half of `cboSend` and `btnSend`.
+/// The chat input below the message view: the line being typed, the lines sent before, and whether
+/// one may be sent. The presenter of `cboSend` and `btnSend`.
 #pragma once
 
 #include <cstddef>
@@ -28,13 +28,13 @@ class ChatInput {
   /// Characters left below the limit; negative beyond it.
   std::ptrdiff_t Remaining() const;
 
-  /// The user typed, pasted or deleted: this is the whole text now, and a new draft.
+  /// Whatever the user did to the text, this is all of it now, and a new draft.
   void TextEdited(std::string_view text);
 
-  /// The user chose an entry of the drop-down list.
+  /// The user chose a line of the drop-down list.
   void HistoryChosen(std::size_t index);
 
-  /// Walk the history one line up or down; below its newest line stands the draft again.
+  /// Recall the next older or newer line as it was typed; after the newest one comes the draft.
   void HistoryUp();
   void HistoryDown();
 
@@ -46,14 +46,15 @@ class ChatInput {
   std::function<void()> on_changed;
 
  private:
-  void ShowHistoryLine();
+  void ShowRecalled();
 
   Connection& connection_;
   const Options& options_;
   std::string text_;
   std::string draft_;
   std::vector<std::string> history_;
-  std::size_t position_ = 0;  // in history_; its size stands for the draft
+  std::vector<std::string> typed_;  // the same lines as they were typed
+  std::size_t position_ = 0;        // in typed_; its size stands for the draft
 };
 
 }  // namespace korvanta

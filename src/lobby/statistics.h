@@ -18,23 +18,23 @@ namespace korvanta {
 /// One read-only field of the window.
 struct StatisticsField {
   std::string_view control;
-  std::string_view label;
+  std::string_view label;   ///< with the mark of its mnemonic
   std::size_t reply_field;  ///< where the server's reply holds its text
 };
 
 /// From top to bottom.
 inline constexpr std::array<StatisticsField, 11> kStatisticsFields = {{
-    {"rbScore", "Total Score", 9},
-    {"txtAlliance", "Alliance", 1},
-    {"txtID", "Identification #", 2},
-    {"txtWins", "Game Wins", 3},
-    {"txtAllianceWins", "Alliance Wins", 11},
-    {"txtPlayed", "Games Played", 4},
-    {"txtResearch", "Total Research", 5},
-    {"txtLost", "Research Lost", 6},
-    {"txtDestroy", "Enemy Research Destroyed", 7},
-    {"txtBlocks", "Total Blocks", 10},
-    {"txtScrew", "Alliance Screw-Overs", 8},
+    {"rbScore", "&Total Score", 9},
+    {"txtAlliance", "&Alliance", 1},
+    {"txtID", "&Identification #", 2},
+    {"txtWins", "&Game Wins", 3},
+    {"txtAllianceWins", "Alliance &Wins", 11},
+    {"txtPlayed", "Games &Played", 4},
+    {"txtResearch", "Total &Research", 5},
+    {"txtLost", "Research &Lost", 6},
+    {"txtDestroy", "&Enemy Research Destroyed", 7},
+    {"txtBlocks", "Total &Blocks", 10},
+    {"txtScrew", "Alliance S&crew-Overs", 8},
 }};
 
 /// What the window shows.

@@ -1,4 +1,4 @@
-/// The splash window's plain half: its texts, its two timers, and the moment when it gives way to
+/// The splash window's presenter: its texts, its two timers, and the moment when it gives way to
 /// the main window.
 #pragma once
 

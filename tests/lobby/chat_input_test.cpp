@@ -33,24 +33,28 @@ class ChatInputTest : public testing::Test, protected fakes::OfflinePlayer {
 };
 
 TEST_F(ChatInputTest, AutoChatTurnsTextIntoTheChatCommand) {
-  const std::pair<std::string_view, std::string_view> cases[] = {
-      {"hello", "c hello"}, {"  hello  ", "c hello"}, {"/who", "who"},
-      {" /who", "who"},     {"//who", "/who"},        {"/", ""},
-      {"   ", "c "},        {"\thi", "c \thi"},       {"/ who", " who"},
+  const struct {
+    std::string_view typed, with_auto_chat, without;
+  } cases[] = {
+      {"hello", "c hello", "hello"},
+      {"  hello  ", "c hello", "hello"},
+      {"/who", "who", "/who"},
+      {" /who", "who", "/who"},
+      {"//who", "/who", "//who"},
+      {"/", "", "/"},
+      {"   ", "c ", ""},
+      {"\thi", "c \thi", "\thi"},
+      {"/ who", " who", "/ who"},
   };
-  for (const auto& [typed, sent] : cases) {
-    EXPECT_EQ(Send(typed), sent) << typed;
-    EXPECT_EQ(input.history().back(), sent);
-    EXPECT_EQ(input.text(), "");
+  for (const auto& c : cases) {
+    for (const bool on : {true, false}) {
+      options.mnuAutoChat = on;
+      const std::string_view sent = on ? c.with_auto_chat : c.without;
+      EXPECT_EQ(Send(c.typed), sent) << c.typed;
+      EXPECT_EQ(input.history().back(), sent);
+      EXPECT_EQ(input.text(), "");
+    }
   }
-}
-
-TEST_F(ChatInputTest, WithoutAutoChatTheTrimmedTextLeavesAsItIs) {
-  options.mnuAutoChat = false;
-  EXPECT_EQ(Send(" hello "), "hello");
-  EXPECT_EQ(Send("/who"), "/who");
-  EXPECT_EQ(Send("   "), "");
-  EXPECT_THAT(input.history(), ElementsAre("hello", "/who", ""));
 }
 
 TEST_F(ChatInputTest, NothingHappensWhenEmptyOrNotLoggedIn) {
@@ -74,36 +78,26 @@ TEST_F(ChatInputTest, TheLimitCountsTheTextAsTyped) {
   EXPECT_EQ(Send(limit), "c " + limit);
 }
 
-TEST_F(ChatInputTest, UpAndDownWalkTheHistoryAndKeepTheDraft) {
-  Send("one");
-  Send("two");
-  Send("two");
+TEST_F(ChatInputTest, UpAndDownRecallLinesAsTypedAndKeepTheDraft) {
+  for (const char* line : {"one", " /two", " /two"}) {
+    Send(line);
+  }
+  EXPECT_THAT(input.history(), ElementsAre("c one", "two", "two"));
   input.TextEdited("draft");
-  input.HistoryUp();
-  input.HistoryUp();
-  input.HistoryUp();
-  EXPECT_EQ(input.text(), "c one");
-  input.HistoryUp();
-  EXPECT_EQ(input.text(), "c one");
-  input.HistoryDown();
-  EXPECT_EQ(input.text(), "c two");
-  input.HistoryDown();
-  input.HistoryDown();
-  EXPECT_EQ(input.text(), "draft");
-  input.HistoryDown();
-  EXPECT_EQ(input.text(), "draft");
-}
-
-TEST_F(ChatInputTest, AnEditedHistoryLineIsTheNewDraft) {
-  Send("one");
-  Send("two");
-  input.HistoryUp();
-  input.HistoryUp();
-  input.TextEdited("c one more");
-  input.HistoryUp();
-  EXPECT_EQ(input.text(), "c two");
-  input.HistoryDown();
-  EXPECT_EQ(input.text(), "c one more");
+  const auto walk = [this](std::string_view keys) {
+    for (const char key : keys) {
+      key == 'u' ? input.HistoryUp() : input.HistoryDown();
+    }
+    return input.text();
+  };
+  EXPECT_EQ(walk("uu"), " /two");
+  EXPECT_EQ(walk("uu"), "one");
+  EXPECT_EQ(walk("d"), " /two");
+  EXPECT_EQ(walk("ddd"), "draft");
+  walk("uuu");
+  input.TextEdited("one more");  // the new draft
+  EXPECT_EQ(walk("u"), " /two");
+  EXPECT_EQ(walk("d"), "one more");
 }
 
 TEST_F(ChatInputTest, AChosenLineGoesThroughTheRewriteAgain) {

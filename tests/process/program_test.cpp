@@ -42,6 +42,8 @@ TEST_F(ProgramStory, LogsInChatsPlaysAndLeavesWithEveryWindow) {
   server_.Send(Bytes("[onl]Aster\0014\00131\0010\0[msg]cht\001Aster: here\001False\0"));
   player_->WaitForMessage("Aster: here");
   user_.Click(main_window(), kFirstPlayer, 3);
+  WaitFor("Korvanta");  // the menu, with no item chosen: Enter sends nothing yet
+  user_.Press({"Return"});
   player_->ChooseItem(1);
   server_.Expect(Bytes("[att]Aster\0"));
 

@@ -1,9 +1,10 @@
 #include "ui/board/board_accessible.h"
 
 #include <QAccessible>
+#include <QAccessibleObject>
 #include <QAccessibleWidget>
-#include <array>
 
+#include "ui/board/board_element.h"
 #include "ui/board/board_layout.h"
 #include "ui/board/board_widget.h"
 
@@ -13,128 +14,146 @@ using namespace board_layout;
 
 namespace {
 
-class BoxAccessible : public QAccessibleInterface, public QAccessibleActionInterface {
- public:
-  BoxAccessible(BoardWidget& board, int box) : board_(board), box_(box) {}
+using Kind = BoardElement::Kind;
 
-  bool isValid() const override { return true; }
-  QObject* object() const override { return nullptr; }
+/// A box is a button with a menu, inside its frame. Frames and lines have a place but nothing to
+/// say: the box's name says what they show.
+class ElementAccessible : public QAccessibleObject, public QAccessibleActionInterface {
+ public:
+  explicit ElementAccessible(BoardElement& element)
+      : QAccessibleObject(&element), element_(element), board_(element.board()) {}
+
   QWindow* window() const override { return parent()->window(); }
   QAccessibleInterface* parent() const override {
-    return QAccessible::queryAccessibleInterface(&board_);
+    return QAccessible::queryAccessibleInterface(IsBox() ? Inside(Kind::Frame) : &board_);
   }
-  QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
-  int childCount() const override { return 0; }
-  int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
-  QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
+  QAccessibleInterface* child(int index) const override {
+    return index < childCount() ? QAccessible::queryAccessibleInterface(Inside(Kind::Box))
+                                : nullptr;
+  }
+  int childCount() const override { return element_.kind() == Kind::Frame ? 1 : 0; }
+  int indexOfChild(const QAccessibleInterface* box) const override {
+    return box != nullptr && box == child(0) ? 0 : -1;
+  }
+  QAccessibleInterface* childAt(int x, int y) const override {
+    return rect().contains(x, y) ? child(0) : nullptr;
+  }
 
   QString text(QAccessible::Text kind) const override {
-    return kind == QAccessible::Name ? board_.BoxText(box_) : QString();
+    if (!IsBox()) {
+      return {};
+    }
+    return kind == QAccessible::Name          ? board_.BoxText(element_.box())
+           : kind == QAccessible::Description ? BoardWidget::BoxHint()
+                                              : QString();
   }
-  void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
   QRect rect() const override {
-    const QRect place = BoxRect(box_);
+    const QRect place = element_.place();
     return {board_.mapToGlobal(place.topLeft()), place.size()};
   }
-  QAccessible::Role role() const override { return QAccessible::ButtonMenu; }
+  QAccessible::Role role() const override {
+    return IsBox()                          ? QAccessible::ButtonMenu
+           : element_.kind() == Kind::Frame ? QAccessible::Grouping
+                                            : QAccessible::Separator;
+  }
   QAccessible::State state() const override {
     QAccessible::State state;
-    state.focusable = true;
-    state.hasPopup = true;
-    state.focused = board_.hasFocus() && board_.current_box() == box_;
+    state.focusable = state.hasPopup = IsBox();
+    state.focused = IsBox() && board_.hasFocus() && board_.current_box() == element_.box();
     state.disabled = !board_.isEnabled();
     state.invisible = !board_.isVisible();
     return state;
   }
 
   void* interface_cast(QAccessible::InterfaceType type) override {
-    return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this)
-                                                : nullptr;
+    return IsBox() && type == QAccessible::ActionInterface
+               ? static_cast<QAccessibleActionInterface*>(this)
+               : nullptr;
   }
   QStringList actionNames() const override { return {showMenuAction(), setFocusAction()}; }
   void doAction(const QString& name) override {
     if (name == setFocusAction()) {
-      board_.SetCurrentBox(box_);
+      board_.SetCurrentBox(element_.box());
       board_.setFocus(Qt::OtherFocusReason);
     } else if (name == showMenuAction()) {
-      board_.OpenBoxMenu(box_, rect().center());
+      board_.OpenBoxMenu(element_.box(), rect().center(), OpenedBy::Keyboard);
     }
   }
   QStringList keyBindingsForAction(const QString& /*name*/) const override { return {}; }
 
  private:
+  bool IsBox() const { return element_.kind() == Kind::Box; }
+  QObject* Inside(Kind kind) const { return board_.Element(kind, element_.box()); }
+
+  BoardElement& element_;
   BoardWidget& board_;
-  int box_;
 };
 
-/// The labels come first, as children of their own; the boxes follow.
+/// The labels come first, as children of their own; the frames with their boxes follow, then the
+/// lines.
 class BoardAccessible : public QAccessibleWidget {
  public:
-  explicit BoardAccessible(BoardWidget& board) : QAccessibleWidget(&board, QAccessible::Grouping) {
-    for (int box = 0; box < kBoxes; ++box) {
-      boxes_[static_cast<std::size_t>(box)] =
-          QAccessible::registerAccessibleInterface(new BoxAccessible(board, box));
-    }
-  }
-  ~BoardAccessible() override {
-    for (const QAccessible::Id id : boxes_) {
-      QAccessible::deleteAccessibleInterface(id);
-    }
-  }
+  explicit BoardAccessible(BoardWidget& board)
+      : QAccessibleWidget(&board, QAccessible::Grouping), board_(board) {}
 
-  int childCount() const override { return Labels() + kBoxes; }
+  int childCount() const override { return Labels() + kBoxes + kLines; }
   QAccessibleInterface* child(int index) const override {
-    return index < Labels() ? QAccessibleWidget::child(index) : Box(index - Labels());
+    const int frame = index - Labels();
+    if (frame < 0) {
+      return QAccessibleWidget::child(index);
+    }
+    const int line = frame - kBoxes;
+    return QAccessible::queryAccessibleInterface(line < 0 ? board_.Element(Kind::Frame, frame)
+                                                          : board_.Element(Kind::Line, line));
   }
   int indexOfChild(const QAccessibleInterface* child) const override {
-    for (int box = 0; box < kBoxes; ++box) {
-      if (Box(box) == child) {
-        return Labels() + box;
-      }
+    const auto* element = dynamic_cast<BoardElement*>(child->object());
+    if (element == nullptr) {
+      return QAccessibleWidget::indexOfChild(child);
     }
-    return QAccessibleWidget::indexOfChild(child);
+    return Labels() + (element->kind() == Kind::Line ? kBoxes : 0) + element->box();
   }
   QAccessibleInterface* childAt(int x, int y) const override {
-    const int box = BoardWidget::BoxUnder(widget()->mapFromGlobal(QPoint(x, y)));
-    return box >= 0 ? Box(box) : QAccessibleWidget::childAt(x, y);
+    const int box = BoardWidget::BoxUnder(board_.mapFromGlobal(QPoint(x, y)));
+    return box >= 0 ? child(Labels() + box) : QAccessibleWidget::childAt(x, y);
   }
   QAccessibleInterface* focusChild() const override {
-    return widget()->hasFocus() ? Box(static_cast<BoardWidget*>(widget())->current_box()) : nullptr;
+    return board_.hasFocus() ? QAccessible::queryAccessibleInterface(
+                                   board_.Element(Kind::Box, board_.current_box()))
+                             : nullptr;
   }
 
  private:
   int Labels() const { return QAccessibleWidget::childCount(); }
-  QAccessibleInterface* Box(int box) const {
-    if (box < 0 || box >= kBoxes) {
-      return nullptr;
-    }
-    return QAccessible::accessibleInterface(boxes_[static_cast<std::size_t>(box)]);
-  }
 
-  std::array<QAccessible::Id, kBoxes> boxes_{};
+  BoardWidget& board_;
 };
 
-QAccessibleInterface* MakeBoardAccessible(const QString& /*class_name*/, QObject* object) {
+QAccessibleInterface* Describe(const QString& /*class_name*/, QObject* object) {
+  if (auto* element = dynamic_cast<BoardElement*>(object)) {
+    return new ElementAccessible(*element);
+  }
   auto* board = dynamic_cast<BoardWidget*>(object);
   return board == nullptr ? nullptr : new BoardAccessible(*board);
 }
 
-void Tell(BoardWidget& board, int box, QAccessible::Event kind) {
-  if (!QAccessible::isActive()) {
-    return;
+void Announce(const BoardWidget& board, int box, QAccessible::Event kind) {
+  if (QAccessible::isActive()) {
+    QAccessibleEvent event(board.Element(Kind::Box, box), kind);
+    QAccessible::updateAccessibility(&event);
   }
-  const QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&board);
-  QAccessibleEvent event(&board, kind);
-  event.setChild(interface->childCount() - kBoxes + box);
-  QAccessible::updateAccessibility(&event);
 }
 
 }  // namespace
 
-void InstallBoardAccessibility() { QAccessible::installFactory(MakeBoardAccessible); }
+void InstallBoardAccessibility() { QAccessible::installFactory(Describe); }
 
-void TellBoxRenamed(BoardWidget& board, int box) { Tell(board, box, QAccessible::NameChanged); }
+void AnnounceBoxRenamed(const BoardWidget& board, int box) {
+  Announce(board, box, QAccessible::NameChanged);
+}
 
-void TellBoxFocused(BoardWidget& board, int box) { Tell(board, box, QAccessible::Focus); }
+void AnnounceBoxFocused(const BoardWidget& board, int box) {
+  Announce(board, box, QAccessible::Focus);
+}
 
 }  // namespace korvanta

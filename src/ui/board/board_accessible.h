@@ -1,5 +1,5 @@
-/// The research board as screen readers meet it: beside its labels, every box is an element with a
-/// name, a state, and its menu as an action.
+/// The research board as screen readers meet it: beside its labels, every box has a name, a state,
+/// and its menu as an action.
 #pragma once
 
 namespace korvanta {
@@ -10,8 +10,8 @@ class BoardWidget;
 /// board's description; more than once does no harm.
 void InstallBoardAccessibility();
 
-/// Tell screen readers, if any listens. Boxes count as in board_layout.h.
-void TellBoxRenamed(BoardWidget& board, int box);
-void TellBoxFocused(BoardWidget& board, int box);
+/// For assistive programs, if any is there. Boxes count as in board_layout.h.
+void AnnounceBoxRenamed(const BoardWidget& board, int box);
+void AnnounceBoxFocused(const BoardWidget& board, int box);
 
 }  // namespace korvanta

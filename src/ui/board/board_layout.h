@@ -35,6 +35,7 @@ inline constexpr int kPortPitch = 14;
 /// The boxes count row by row, level by level; the last one is the Golden Knowledge.
 inline constexpr int kBoxes = static_cast<int>(kTopicRows) * kTopLevel + 1;
 inline constexpr int kGoldenIndex = kBoxes - 1;
+inline constexpr int kLines = kGoldenIndex;  ///< one behind each box of a row
 
 constexpr std::size_t RowOf(int box) { return static_cast<std::size_t>(box / kTopLevel); }
 constexpr int LevelOf(int box) { return box % kTopLevel + 1; }
@@ -60,6 +61,17 @@ constexpr int RowMiddle(std::size_t row) {
 constexpr int PortOf(std::size_t row) {
   const int fan = static_cast<int>(kTopicRows - 1) * kPortPitch;
   return kGoldenBox.y() + kGoldenBox.height() / 2 - fan / 2 + static_cast<int>(row) * kPortPitch;
+}
+
+/// From the frame of that level to the next one, or to the goal's frame.
+constexpr QRect LineRect(std::size_t row, int level) {
+  const QRect from = BoxRect(BoxAt(row, level));
+  const QRect to = level < kTopLevel ? BoxRect(BoxAt(row, level + 1)) : kGoldenBox;
+  const int start = RowMiddle(row);
+  const int end = level < kTopLevel ? start : PortOf(row);
+  const int top = (start < end ? start : end) - kReachedWidth / 2;
+  const int bottom = (start < end ? end : start) + kReachedWidth / 2;
+  return {from.right() + 1, top, to.left() - from.right() - 1, bottom - top};
 }
 
 }  // namespace korvanta::board_layout

@@ -15,9 +15,7 @@ using namespace board_layout;
 namespace {
 
 constexpr QColor kBoxGround{0x0c, 0x0d, 0x11};
-constexpr QColor kBoxGroundHovered{0x26, 0x28, 0x30};
 constexpr QColor kGoldenGround{0x12, 0x0f, 0x04};
-constexpr QColor kGoldenGroundHovered{0x30, 0x29, 0x0e};
 constexpr qreal kCornerRadius = 5;
 constexpr int kRingWidth = 2;
 constexpr int kGlowRadius = 150;
@@ -26,12 +24,12 @@ constexpr float kGlowStrength = 0.75F;  ///< at its middle
 class Painting {
  public:
   Painting(QPaintDevice& device, const QRegion& region, const ResearchBoard& board,
-           const BoardPictures& pictures, BoardPointers pointers)
+           const BoardPictures& pictures, int focused_box)
       : painter_(&device),
         region_(region),
         board_(board),
         pictures_(pictures),
-        pointers_(pointers) {
+        focused_box_(focused_box) {
     painter_.setClipRegion(region);
     painter_.setRenderHint(QPainter::Antialiasing);
     to_device_ = painter_.deviceTransform();
@@ -54,9 +52,9 @@ class Painting {
         PaintBox(box);
       }
     }
-    if (pointers_.focused >= 0) {
+    if (focused_box_ >= 0) {
       const int gap = kRingReach - kRingWidth;
-      const QRectF inner = Snapped(BoxRect(pointers_.focused)).adjusted(-gap, -gap, gap, gap);
+      const QRectF inner = Snapped(BoxRect(focused_box_)).adjusted(-gap, -gap, gap, gap);
       PaintFrame(Snapped(inner.adjusted(-kRingWidth, -kRingWidth, kRingWidth, kRingWidth)),
                  kRingWidth, kCornerRadius + kRingReach, theme::kGoldText);
     }
@@ -127,17 +125,14 @@ class Painting {
 
   void PaintBox(int box) {
     const bool golden = box == kGoldenIndex;
-    const bool hovered = box == pointers_.hovered;
     const QRectF outer = Snapped(BoxRect(box));
     const std::size_t picture = golden ? kTopicRows : RowOf(box);
     const QColor colour = ToQColor(golden ? kGoldenKnowledgeColour : kTopics[picture].colour);
     const int width = golden ? kPlainWidth : board_.FrameWidth(picture, LevelOf(box));
 
-    const QColor ground = golden ? (hovered ? kGoldenGroundHovered : kGoldenGround)
-                                 : (hovered ? kBoxGroundHovered : kBoxGround);
     QPainterPath inside;
     inside.addRoundedRect(outer, kCornerRadius, kCornerRadius);
-    painter_.fillPath(inside, ground);
+    painter_.fillPath(inside, golden ? kGoldenGround : kBoxGround);
 
     const QSizeF size = pictures_[picture].deviceIndependentSize();
     const QPointF corner = outer.center() - QPointF(size.width(), size.height()) / 2;
@@ -149,15 +144,15 @@ class Painting {
   const QRegion& region_;
   const ResearchBoard& board_;
   const BoardPictures& pictures_;
-  BoardPointers pointers_;
+  int focused_box_;
   QTransform to_device_;
 };
 
 }  // namespace
 
 void PaintBoard(QPaintDevice& device, const QRegion& region, const ResearchBoard& board,
-                const BoardPictures& pictures, BoardPointers pointers) {
-  Painting(device, region, board, pictures, pointers).Paint();
+                const BoardPictures& pictures, int focused_box) {
+  Painting(device, region, board, pictures, focused_box).Paint();
 }
 
 }  // namespace korvanta

@@ -19,15 +19,9 @@ using BoardPictures = std::array<QPixmap, kTopicRows + 1>;
 /// How far a box's focus ring reaches beyond its frame, in logical pixels.
 inline constexpr int kRingReach = 6;
 
-/// Boxes count as in board_layout.h; -1 is none.
-struct BoardPointers {
-  int focused;
-  int hovered;
-};
-
-/// Draws what lies in `region`, which covers it wholly. Straight edges fall on whole device pixels
-/// at any scale.
+/// Draws what lies in `region`, and all of it. Straight edges fall on whole device pixels at any
+/// scale. `focused_box`, counted as in board_layout.h, has the focus ring; -1 for none.
 void PaintBoard(QPaintDevice& device, const QRegion& region, const ResearchBoard& board,
-                const BoardPictures& pictures, BoardPointers pointers);
+                const BoardPictures& pictures, int focused_box);
 
 }  // namespace korvanta

@@ -22,6 +22,7 @@ namespace {
 constexpr QColor kWhite{255, 255, 255};
 constexpr QColor kHintColour{255, 255, 0};
 constexpr QColor kResearchColour{0, 255, 0};
+constexpr int kResearchPixels = 17;
 constexpr Qt::Alignment kRight = Qt::AlignRight | Qt::AlignVCenter;
 
 }  // namespace
@@ -31,8 +32,7 @@ BoardWidget::BoardWidget(ResearchBoard& board, QWidget* parent) : QWidget(parent
   setObjectName(QStringLiteral("ResearchBoard"));
   setAccessibleName(QStringLiteral("Research board"));
   setFixedSize(kSize);
-  setMouseTracking(true);
-  // A right click opens a menu and leaves the caret where it was; mousePressEvent takes left ones.
+  // No click takes the keyboard from the chat line.
   setFocusPolicy(Qt::TabFocus);
   setContextMenuPolicy(Qt::PreventContextMenu);
 
@@ -57,9 +57,16 @@ BoardWidget::BoardWidget(ResearchBoard& board, QWidget* parent) : QWidget(parent
   Label6.setWordWrap(true);
   Label6.setText(hint);
   Label6.setAccessibleName(hint);
-  Research =
-      &MakeLabel(this, QStringLiteral("Research"), {kResearch, kResearchColour, 17, false, kRight});
+  Research = &MakeLabel(this, QStringLiteral("Research"),
+                        {kResearch, kResearchColour, kResearchPixels, false, kRight});
   TickTime = &MakeLabel(this, QStringLiteral("TickTime"), {kTickTime, kWhite, 20, true, kRight});
+  for (const auto& [kind, count] : {std::pair{BoardElement::Kind::Box, kBoxes},
+                                    {BoardElement::Kind::Frame, kBoxes},
+                                    {BoardElement::Kind::Line, kLines}}) {
+    for (int box = 0; box < count; ++box) {
+      elements_.append(new BoardElement(kind, box, *this));
+    }
+  }
   Refresh(BoardPart::Research);
   Refresh(BoardPart::TickTime);
   board_.on_changed = [this](BoardPart part) { Refresh(part); };
@@ -69,14 +76,14 @@ BoardWidget::~BoardWidget() { board_.on_changed = nullptr; }
 
 void BoardWidget::Refresh(BoardPart part) {
   if (part == BoardPart::Research) {
-    ShowLine(*Research, ToQString(board_.Research()));
+    ShowLine(*Research, ToQString(board_.Research()), kResearchPixels);
   } else if (part == BoardPart::TickTime) {
     ShowLine(*TickTime, ToQString(board_.TickTime()));
   } else {
     const auto row = static_cast<std::size_t>(part);
     update();  // parts of it would end inside device pixels at 125 and 150 %
     for (int level = 1; level <= kTopLevel; ++level) {
-      TellBoxRenamed(*this, BoxAt(row, level));
+      AnnounceBoxRenamed(*this, BoxAt(row, level));
     }
   }
 }
@@ -95,6 +102,14 @@ QString BoardWidget::BoxText(int box) const {
       .arg(IsReached(box) ? QStringLiteral("reached") : QStringLiteral("not reached"));
 }
 
+QString BoardWidget::BoxHint() {
+  return QStringLiteral("Right click or Shift+F10: research this, or ask for information");
+}
+
+BoardElement* BoardWidget::Element(BoardElement::Kind kind, int box) const {
+  return elements_[static_cast<int>(kind) * kBoxes + box];
+}
+
 int BoardWidget::BoxUnder(QPoint position) {
   for (int box = 0; box < kBoxes; ++box) {
     if (BoxRect(box).contains(position)) {
@@ -109,14 +124,15 @@ QVariant BoardWidget::inputMethodQuery(Qt::InputMethodQuery query) const {
                                         : QWidget::inputMethodQuery(query);
 }
 
-void BoardWidget::OpenBoxMenu(int box, QPoint global_pos) const {
+void BoardWidget::OpenBoxMenu(int box, QPoint global_pos, OpenedBy opened_by) const {
   if (!on_box_menu) {
     return;
   }
   if (box == kGoldenIndex) {
-    on_box_menu(TopicCode::GoldenKnowledge, kGoldenKnowledgeLevel, global_pos);
+    on_box_menu(TopicCode::GoldenKnowledge, kGoldenKnowledgeLevel, global_pos, opened_by);
   } else {
-    on_box_menu(kTopics[RowOf(box)].code, static_cast<std::int16_t>(LevelOf(box)), global_pos);
+    on_box_menu(kTopics[RowOf(box)].code, static_cast<std::int16_t>(LevelOf(box)), global_pos,
+                opened_by);
   }
 }
 
@@ -130,17 +146,10 @@ void BoardWidget::SetCurrentBox(int box) {
   }
   update();
   if (hasFocus()) {
-    TellBoxFocused(*this, current_);
+    AnnounceBoxFocused(*this, current_);
   }
   if (on_current_box) {
     on_current_box(BoxRect(current_).center());
-  }
-}
-
-void BoardWidget::SetHovered(int box) {
-  if (box != hovered_) {
-    hovered_ = box;
-    update();
   }
 }
 
@@ -153,7 +162,8 @@ bool BoardWidget::event(QEvent* event) {
   if (box < 0) {
     QToolTip::hideText();
   } else {
-    QToolTip::showText(help->globalPos(), BoxText(box), this, BoxRect(box));
+    QToolTip::showText(help->globalPos(), BoxText(box) + QLatin1Char('\n') + BoxHint(), this,
+                       BoxRect(box));
   }
   return true;
 }
@@ -161,15 +171,9 @@ bool BoardWidget::event(QEvent* event) {
 void BoardWidget::mouseReleaseEvent(QMouseEvent* event) {
   const int box = BoxUnder(event->position().toPoint());
   if (event->button() == Qt::RightButton && box >= 0) {
-    OpenBoxMenu(box, event->globalPosition().toPoint());
+    OpenBoxMenu(box, event->globalPosition().toPoint(), OpenedBy::Mouse);
   }
 }
-
-void BoardWidget::mouseMoveEvent(QMouseEvent* event) {
-  SetHovered(BoxUnder(event->position().toPoint()));
-}
-
-void BoardWidget::leaveEvent(QEvent* /*event*/) { SetHovered(-1); }
 
 int BoardWidget::Neighbour(int key) const {
   if (current_ == kGoldenIndex) {
@@ -204,7 +208,7 @@ void BoardWidget::keyPressEvent(QKeyEvent* event) {
       }
       [[fallthrough]];
     case Qt::Key_Menu:
-      OpenBoxMenu(current_, mapToGlobal(BoxRect(current_).center()));
+      OpenBoxMenu(current_, mapToGlobal(BoxRect(current_).center()), OpenedBy::Keyboard);
       return;
     default:
       break;
@@ -214,10 +218,10 @@ void BoardWidget::keyPressEvent(QKeyEvent* event) {
 
 void BoardWidget::focusInEvent(QFocusEvent* /*event*/) {
   update();
-  // behind the toolkit's own word that the board as a whole has the focus
+  // after the toolkit has announced that the board as a whole has the focus
   QTimer::singleShot(0, this, [this] {
     if (hasFocus()) {
-      TellBoxFocused(*this, current_);
+      AnnounceBoxFocused(*this, current_);
     }
   });
 }
@@ -238,7 +242,7 @@ const BoardPictures& BoardWidget::Pictures() {
 }
 
 void BoardWidget::paintEvent(QPaintEvent* event) {
-  PaintBoard(*this, event->region(), board_, Pictures(), {hasFocus() ? current_ : -1, hovered_});
+  PaintBoard(*this, event->region(), board_, Pictures(), hasFocus() ? current_ : -1);
 }
 
 }  // namespace korvanta

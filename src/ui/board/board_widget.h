@@ -1,5 +1,5 @@
-/// The research board on the screen: drawn from the model, its boxes within reach of mouse,
-/// keyboard and screen readers. The main window owns one.
+/// The research board on the screen: drawn from the model, its boxes operated by mouse, keyboard
+/// and screen readers. The main window owns one.
 #pragma once
 
 #include <QWidget>
@@ -7,7 +7,9 @@
 #include <functional>
 
 #include "board/research_board.h"
+#include "ui/board/board_element.h"
 #include "ui/board/board_painter.h"
+#include "ui/kit/popup_menu.h"
 
 class QLabel;
 
@@ -19,22 +21,27 @@ class BoardWidget : public QWidget {
   BoardWidget(ResearchBoard& board, QWidget* parent);
   ~BoardWidget() override;
 
-  /// The right mouse button was released over a box, or its menu was asked for with the keyboard.
-  /// The Golden Knowledge has topic 5 and level 5. The position is one of the screen.
-  std::function<void(TopicCode topic, std::int16_t level, QPoint global_pos)> on_box_menu;
+  /// The right mouse button was released over a box, or the keyboard asked for its menu. The
+  /// Golden Knowledge has topic 5 and level 5. The position is one of the screen.
+  std::function<void(TopicCode topic, std::int16_t level, QPoint global_pos, OpenedBy opened_by)>
+      on_box_menu;
 
-  /// The keyboard is at another box, whose middle this is.
+  /// The keyboard went to another box, whose middle this is.
   std::function<void(QPoint middle)> on_current_box;
 
   /// Boxes count as in board_layout.h.
   int current_box() const { return current_; }
   void SetCurrentBox(int box);
-  void OpenBoxMenu(int box, QPoint global_pos) const;
+  void OpenBoxMenu(int box, QPoint global_pos, OpenedBy opened_by) const;
   bool IsReached(int box) const;
   /// What a box is, in words: "Military, level 2, reached".
   QString BoxText(int box) const;
+  /// What can be done with any box.
+  static QString BoxHint();
   /// The box at a position of this widget, or -1.
   static int BoxUnder(QPoint position);
+  /// Lines count like the boxes that they start from.
+  BoardElement* Element(BoardElement::Kind kind, int box) const;
   /// Tells screen magnifiers, and the area that scrolls, where the keyboard is.
   QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
@@ -42,15 +49,12 @@ class BoardWidget : public QWidget {
   bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
-  void mouseMoveEvent(QMouseEvent* event) override;
-  void leaveEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
   void Refresh(BoardPart part);
-  void SetHovered(int box);
   int Neighbour(int key) const;
   /// Rendered once for each device pixel ratio.
   const BoardPictures& Pictures();
@@ -58,8 +62,8 @@ class BoardWidget : public QWidget {
   QLabel* Research = nullptr;
   QLabel* TickTime = nullptr;
   ResearchBoard& board_;
+  QList<BoardElement*> elements_;  ///< boxes, frames, lines
   int current_ = 0;
-  int hovered_ = -1;
   std::size_t last_row_ = 0;  ///< the row that the way back from the Golden Knowledge leads to
   BoardPictures pictures_;
 };

@@ -3,24 +3,31 @@
 
 #include <QComboBox>
 #include <QLineEdit>
-#include <QWheelEvent>
+#include <string>
+#include <vector>
 
 namespace korvanta {
 
-/// Takes any text and changes none by itself. The wheel passes over it: a choice has
-/// effects, such as another password in the place of the one typed.
+/// Takes a text of any length and changes none by itself, also when it is left. The wheel passes
+/// over it: a choice has effects, such as another password in the place of the one typed.
 class ChoiceBox : public QComboBox {
  public:
-  explicit ChoiceBox(QWidget* parent = nullptr) : QComboBox(parent) {
-    setEditable(true);
-    setCompleter(nullptr);
-    setInsertPolicy(QComboBox::NoInsert);
-    setDuplicatesEnabled(true);
-    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  }
+  explicit ChoiceBox(const char* name, QWidget* parent = nullptr);
+
+  /// Sets what there is to choose from. The text stays, its caret and selection too.
+  void ShowChoices(const std::vector<std::string>& choices);
+
+  void showPopup() override;
 
  protected:
-  void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+  void keyPressEvent(QKeyEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+
+ private:
+  void ReplaceChoices(const std::vector<std::string>& choices);
+  void FollowText();
+
+  std::vector<std::string> choices_;
 };
 
 }  // namespace korvanta

@@ -7,8 +7,8 @@
 namespace korvanta {
 namespace {
 
-/// Where the access key goes, or -1.
-qsizetype PlaceOfKey(const QString& caption, const QString& taken) {
+/// Where the mnemonic goes, or -1.
+qsizetype MnemonicPlace(const QString& caption, const QString& taken) {
   for (const bool at_word_start : {true, false}) {
     for (qsizetype i = 0; i < caption.size(); ++i) {
       const bool starts_word = i == 0 || caption[i - 1].isSpace();
@@ -23,14 +23,14 @@ qsizetype PlaceOfKey(const QString& caption, const QString& taken) {
 
 }  // namespace
 
-void GiveAccessKeys(QMenu& menu) {
+void AddMnemonics(QMenu& menu) {
   QString taken;
   for (const QAction* action : menu.actions()) {
     taken += QKeySequence::mnemonic(action->text()).toString().right(1);
   }
   for (QAction* action : menu.actions()) {
     const QString caption = action->text();
-    const qsizetype place = PlaceOfKey(caption, taken);
+    const qsizetype place = MnemonicPlace(caption, taken);
     if (place >= 0 && QKeySequence::mnemonic(caption).isEmpty()) {
       taken += caption[place];
       action->setText(QString(caption).insert(place, QLatin1Char('&')));

@@ -1,12 +1,12 @@
-/// Access keys for menus whose captions name none; used by the main window and the login dialog.
+/// Mnemonics for menus whose captions name none; used by the main window and the login dialog.
 #pragma once
 
 class QMenu;
 
 namespace korvanta {
 
-/// Gives each item that has no access key the first free letter of its caption, beginnings of words
-/// before others. Captions stay as they are but for the line below that letter.
-void GiveAccessKeys(QMenu& menu);
+/// Gives each item without a mnemonic the first letter of its caption that no other item has, the
+/// first letters of words before others. The caption stays, but for the line below that letter.
+void AddMnemonics(QMenu& menu);
 
 }  // namespace korvanta

@@ -1,6 +1,14 @@
 #include "ui/kit/plain_label.h"
 
+#include "ui/kit/plain_text.h"
+
 namespace korvanta {
+namespace {
+
+/// The smallest legible letters.
+constexpr int kSmallestPixels = 9;
+
+}  // namespace
 
 void SetUpLabel(QLabel& label, const QString& name, const LabelLook& look) {
   label.setObjectName(name);
@@ -24,7 +32,22 @@ QLabel& MakeLabel(QWidget* parent, const QString& name, const LabelLook& look) {
 
 void ShowLine(QLabel& label, const QString& text) {
   label.setAccessibleName(text);
-  label.setText(label.fontMetrics().elidedText(text, Qt::ElideRight, label.width()));
+  const QString line = OneLine(text);
+  const QString shown = label.fontMetrics().elidedText(line, Qt::ElideRight, label.width());
+  label.setText(shown);
+  label.setToolTip(shown == text ? QString() : PlainToolTip(text));
+}
+
+void ShowLine(QLabel& label, const QString& text, int pixels) {
+  QFont font = label.font();
+  for (font.setPixelSize(pixels); font.pixelSize() > kSmallestPixels;) {
+    if (QFontMetrics(font).horizontalAdvance(text) <= label.width()) {
+      break;
+    }
+    font.setPixelSize(font.pixelSize() - 1);
+  }
+  label.setFont(font);
+  ShowLine(label, text);
 }
 
 }  // namespace korvanta

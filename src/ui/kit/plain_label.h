@@ -22,7 +22,11 @@ void SetUpLabel(QLabel& label, const QString& name, const LabelLook& look);
 /// A new label, owned by `parent`.
 QLabel& MakeLabel(QWidget* parent, const QString& name, const LabelLook& look);
 
-/// Sets a text of one line. What does not fit gives way to an ellipsis; screen readers get all.
+/// Sets a text of one line. What does not fit gives way to an ellipsis; the tool tip and screen
+/// readers have all of it.
 void ShowLine(QLabel& label, const QString& text);
+
+/// The same in letters of `pixels`, or in smaller ones that are still legible when it fits in them.
+void ShowLine(QLabel& label, const QString& text, int pixels);
 
 }  // namespace korvanta

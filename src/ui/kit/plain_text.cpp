@@ -1,9 +1,6 @@
 #include "ui/kit/plain_text.h"
 
-#include <QLineEdit>
 #include <algorithm>
-
-#include "ui/kit/text.h"
 
 namespace korvanta {
 namespace {
@@ -14,29 +11,12 @@ constexpr qsizetype kToolTipLength = 20 * kToolTipLine;
 /// More characters than a line on a screen can show.
 constexpr qsizetype kLineLength = 1000;
 
-/// More than anyone reads in a box of one line.
-constexpr qsizetype kBoxLength = 10'000;
-
 /// The text, or its first `most` characters and an ellipsis.
 QString Head(const QString& text, qsizetype most) {
   return text.size() > most ? text.first(most) + QChar(u'\u2026') : text;
 }
 
 }  // namespace
-
-void NameControl(QWidget& control, const QString& name, const QString& accessible_name) {
-  control.setObjectName(name);
-  control.setAccessibleName(accessible_name);
-}
-
-void ShowText(QLineEdit& box, std::string_view text) {
-  const QString head = Head(ToQString(text), kBoxLength);
-  // What the user typed is whole, however long.
-  if (box.text() != head && ToBytes(box.text()) != text) {
-    box.setText(head);
-    box.setCursorPosition(0);
-  }
-}
 
 QString OneLine(const QString& text) {
   QString line = Head(text, kLineLength);

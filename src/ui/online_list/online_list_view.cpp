@@ -9,6 +9,7 @@
 #include <QStyledItemDelegate>
 #include <optional>
 
+#include "base/change_notice.h"
 #include "ui/kit/theme.h"
 
 namespace korvanta {
@@ -74,7 +75,7 @@ bool OnlineListView::viewportEvent(QEvent* event) {
     case QEvent::MouseButtonRelease:
       if (const auto& mouse = *static_cast<QMouseEvent*>(event);
           mouse.button() == Qt::RightButton) {
-        AskForMenu(mouse.globalPosition().toPoint());
+        Notify(on_menu, mouse.globalPosition().toPoint(), OpenedBy::Mouse);
         return true;
       }
       break;
@@ -89,7 +90,7 @@ bool OnlineListView::viewportEvent(QEvent* event) {
 void OnlineListView::keyPressEvent(QKeyEvent* event) {
   const bool shift_f10 = event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier;
   if (event->key() == Qt::Key_Menu || shift_f10) {
-    AskForMenu(CurrentEntryPosition());
+    Notify(on_menu, CurrentEntryPosition(), OpenedBy::Keyboard);
   } else {
     QTreeView::keyPressEvent(event);
   }
@@ -111,12 +112,6 @@ void OnlineListView::SelectAt(QPoint point) {
   if (const QModelIndex entry = indexAt(point); entry.isValid()) {
     selectionModel()->setCurrentIndex(
         entry, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-  }
-}
-
-void OnlineListView::AskForMenu(QPoint global_pos) const {
-  if (on_menu) {
-    on_menu(global_pos);
   }
 }
 

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "lobby/online_list.h"
+#include "ui/kit/popup_menu.h"
 #include "ui/online_list/online_list_model.h"
 
 namespace korvanta {
@@ -17,7 +18,7 @@ class OnlineListView : public QTreeView {
 
   /// The player menu is asked for, at this place of the screen: by the right mouse button's release
   /// anywhere in the list, or by the Menu key or Shift+F10 at the selected entry.
-  std::function<void(QPoint global_pos)> on_menu;
+  std::function<void(QPoint global_pos, OpenedBy opened_by)> on_menu;
 
  protected:
   bool viewportEvent(QEvent* event) override;
@@ -28,7 +29,6 @@ class OnlineListView : public QTreeView {
 
  private:
   void SelectAt(QPoint point);
-  void AskForMenu(QPoint global_pos) const;
 
   /// Where a menu for the current entry opens when the keyboard asks for it.
   QPoint CurrentEntryPosition() const;

@@ -3,9 +3,8 @@
 #include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QSignalBlocker>
 
-#include "ui/kit/text.h"
+#include "ui/kit/controls.h"
 #include "ui/kit/theme.h"
 
 namespace korvanta {
@@ -19,52 +18,30 @@ constexpr int kRemainingWidth = 5 * theme::kUnit;
 
 }  // namespace
 
-ChatBox::ChatBox(ChatInput& input, QWidget* parent) : ChoiceBox(parent), input_(input) {
-  setObjectName(QStringLiteral("cboSend"));
-  setAccessibleName(QStringLiteral("Chat line"));
-  lineEdit()->setAccessibleName(accessibleName());
+ChatBox::ChatBox(ChatInput& input, QWidget* parent)
+    : ChoiceBox("cboSend", parent), input_(input), lblRemaining(new QLabel(lineEdit())) {
+  NameControl(*this, "cboSend", QStringLiteral("Chat line"));
   view()->setAccessibleName(QStringLiteral("Earlier lines"));
   lineEdit()->setTextMargins(0, 0, kRemainingWidth, 0);
 
-  lblRemaining = new QLabel(lineEdit());
   lblRemaining->setObjectName(QStringLiteral("lblRemaining"));
   lblRemaining->setTextFormat(Qt::PlainText);
   lblRemaining->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   lblRemaining->setAttribute(Qt::WA_TransparentForMouseEvents);
 
-  connect(lineEdit(), &QLineEdit::textEdited, this,
-          [this](const QString& text) { input_.TextEdited(ToBytes(text)); });
-  connect(this, &QComboBox::activated, this, [this](int index) {
-    input_.HistoryChosen(static_cast<std::size_t>(index));
-    Refresh();
-  });
+  OnTyped(*lineEdit(), [this](const std::string& text) { input_.TextEdited(text); });
+  connect(this, &QComboBox::activated, this,
+          [this](int index) { input_.HistoryChosen(static_cast<std::size_t>(index)); });
   Refresh();
 }
 
 void ChatBox::Refresh() {
-  RefreshHistory();
-  if (ToBytes(lineEdit()->text()) != input_.text()) {
-    lineEdit()->setText(ToQString(input_.text()));
-  }
-  RefreshRemaining();
+  ShowText(*lineEdit(), input_.text());
+  ShowChoices(input_.history());
+  ShowRemaining();
 }
 
-/// The toolkit takes the box for a choice among its items; here it is a line of its own.
-void ChatBox::RefreshHistory() {
-  const QSignalBlocker blocker(this);
-  const QString text = lineEdit()->text();
-  const int caret = lineEdit()->cursorPosition();
-  for (auto i = static_cast<std::size_t>(count()); i < input_.history().size(); ++i) {
-    addItem(ToQString(input_.history()[i]));
-  }
-  if (currentIndex() != -1) {
-    setCurrentIndex(-1);
-    lineEdit()->setText(text);
-    lineEdit()->setCursorPosition(caret);
-  }
-}
-
-void ChatBox::RefreshRemaining() {
+void ChatBox::ShowRemaining() {
   const std::ptrdiff_t remaining = input_.Remaining();
   const bool near = remaining <= kShowRemainingFrom;
   lblRemaining->setVisible(near);
@@ -88,7 +65,7 @@ void ChatBox::keyPressEvent(QKeyEvent* event) {
   const bool chooses = key == Qt::Key_PageUp || key == Qt::Key_PageDown ||
                        (vertical && !modifiers.testFlag(Qt::AltModifier));
   if (!chooses) {
-    QComboBox::keyPressEvent(event);
+    ChoiceBox::keyPressEvent(event);
   }
 }
 

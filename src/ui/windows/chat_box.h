@@ -1,4 +1,4 @@
-/// The chat line's combo box: types into and draws from the plain chat input.
+/// The chat line's combo box, drawn from the chat input.
 #pragma once
 
 #include "lobby/chat_input.h"
@@ -21,11 +21,10 @@ class ChatBox : public ChoiceBox {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  void RefreshHistory();
-  void RefreshRemaining();
+  void ShowRemaining();
 
   ChatInput& input_;
-  QLabel* lblRemaining = nullptr;
+  QLabel* lblRemaining;
 };
 
 }  // namespace korvanta

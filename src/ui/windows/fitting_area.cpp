@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QScreen>
 #include <QScrollBar>
+#include <QWindow>
 
 #include "ui/kit/theme.h"
 
@@ -51,11 +52,30 @@ QSize FittingArea::ContentSize() const {
   return widget()->sizeHint().expandedTo(widget()->minimumSize());
 }
 
-bool FittingArea::MayScroll() const {
-  const QSize chrome = window()->size() - size();
-  const QSize room = screen()->availableSize() - kFrame - chrome;
-  const QSize content = ContentSize();
-  return widgetResizable() || room.width() < content.width() || room.height() < content.height();
+void FittingArea::FitWindow(QSize wanted) {
+  wanted_ = wanted;
+  window()->resize(Affordable());
+  LimitWindow();
+}
+
+QSize FittingArea::Affordable() const {
+  const QSize room = screen()->availableSize() - kFrame;
+  const int bar = verticalScrollBar()->sizeHint().width();
+  const QSize with_bars(wanted_.width() + (wanted_.height() > room.height() ? bar : 0),
+                        wanted_.height() + (wanted_.width() > room.width() ? bar : 0));
+  return with_bars.boundedTo(room);
+}
+
+void FittingArea::LimitWindow() {
+  if (!widgetResizable()) {
+    window()->setMinimumSize(Affordable());
+  }
+}
+
+void FittingArea::showEvent(QShowEvent* event) {
+  QScrollArea::showEvent(event);
+  connect(window()->windowHandle(), &QWindow::screenChanged, this, &FittingArea::LimitWindow,
+          Qt::UniqueConnection);
 }
 
 void FittingArea::resizeEvent(QResizeEvent* event) {
@@ -64,10 +84,8 @@ void FittingArea::resizeEvent(QResizeEvent* event) {
   const auto missing = [&](int room, bool other_bar, int needed) {
     return room - (other_bar ? bar : 0) < needed - kSlack;
   };
-  const bool may = MayScroll();
-  const bool wide =
-      may && missing(width(), missing(height(), false, content.height()), content.width());
-  const bool tall = may && missing(height(), wide, content.height());
+  const bool wide = missing(width(), missing(height(), false, content.height()), content.width());
+  const bool tall = missing(height(), wide, content.height());
   ShowBar(*this, Qt::Horizontal, wide);
   ShowBar(*this, Qt::Vertical, tall);
   QScrollArea::resizeEvent(event);
@@ -82,14 +100,6 @@ void FittingArea::resizeEvent(QResizeEvent* event) {
 void FittingArea::scrollContentsBy(int dx, int dy) {
   QScrollArea::scrollContentsBy(dx, dy);
   viewport()->update();  // what was moved would end inside device pixels at 125 and 150 %
-}
-
-void FitToScreen(QWidget& window, QSize wanted) {
-  const QSize room = window.screen()->availableSize() - kFrame;
-  const int bar = window.findChild<FittingArea*>()->verticalScrollBar()->sizeHint().width();
-  const QSize with_bars(wanted.width() + (wanted.height() > room.height() ? bar : 0),
-                        wanted.height() + (wanted.width() > room.width() ? bar : 0));
-  window.resize(with_bars.boundedTo(room));
 }
 
 }  // namespace korvanta

@@ -1,12 +1,10 @@
 /// The login dialog's window; `LoginDialog` holds its state and decides everything.
 #pragma once
 
-#include <QDialog>
-
 #include "startup/login_dialog.h"
+#include "ui/windows/side_window.h"
 
 class QCheckBox;
-class QComboBox;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
@@ -15,35 +13,30 @@ class QToolButton;
 
 namespace korvanta {
 
-/// Made when the dialog is shown, destroyed after it was unloaded. Closing it by its frame or by
-/// Esc unloads the dialog.
-class frmLogin : public QDialog {
+class ChoiceBox;
+
+class frmLogin : public SideWindow {
  public:
-  /// `dialog` outlives the window and tells it of changes until it is destroyed.
+  /// `dialog` outlives the window.
   frmLogin(LoginDialog& dialog, QWidget* owner);
 
-  void reject() override;
-
- protected:
-  void closeEvent(QCloseEvent* event) override;
+  void Refresh();
 
  private:
-  void Build();
+  void LayOut();
   void Connect();
   void FocusFirstNeeded();
   void ShowUserNameMenu(const QPoint& at);
-  void Refresh();
-  void RefreshUserNames(const LoginForm& form);
 
   LoginDialog& dialog_;
 
   QGroupBox* frmValues;
+  ChoiceBox* cboServer;
+  ChoiceBox* cboUsernames;
+  QLineEdit* txtPassword;
   QLabel* lblServer;
   QLabel* lblUsername;
   QLabel* lblPassword;
-  QComboBox* cboServer;
-  QComboBox* cboUsernames;
-  QLineEdit* txtPassword;
   QToolButton* imgDispose;
   QPushButton* btnLogin;
   QCheckBox* chkSave;

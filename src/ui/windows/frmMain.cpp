@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "ui/board/board_widget.h"
+#include "ui/kit/controls.h"
 #include "ui/kit/mnemonics.h"
 #include "ui/kit/text.h"
 #include "ui/kit/theme.h"
@@ -35,12 +36,6 @@ constexpr int kOnlineListWidth = 316;
 constexpr int kSendWidth = 112;
 constexpr int kBoxInSight = 8 * theme::kUnit;  ///< around the middle of the board's current box
 
-/// With its first item ready for Enter.
-void OpenMenu(QMenu& menu, QPoint global_pos) {
-  menu.popup(global_pos);
-  menu.setActiveAction(menu.actions().constFirst());
-}
-
 }  // namespace
 
 frmMain::frmMain(Client& client) : client_(client) {
@@ -52,16 +47,14 @@ frmMain::frmMain(Client& client) : client_(client) {
   mnuWarMenu->setAccessibleName(QStringLiteral("Player"));
   RefreshMenus();
 
-  // Where the screen has room, the content keeps its size and place whatever becomes of the
-  // window's.
+  // The content keeps its size and place whatever becomes of the window's.
   auto* area = new FittingArea(MakeContent(), false);
   setCentralWidget(area);
   board->on_current_box = [this, area](QPoint middle) {
     const QPoint place = board->mapTo(area->widget(), middle);
     area->ensureVisible(place.x(), place.y(), kBoxInSight, kBoxInSight);
   };
-  FitToScreen(*this,
-              {kContentSize.width(), kContentSize.height() + menuBar()->sizeHint().height()});
+  area->FitWindow(kContentSize + QSize(0, menuBar()->sizeHint().height()));
 
   BindClient();
   cboSend->setFocus();
@@ -73,9 +66,7 @@ QWidget* frmMain::MakeContent() {
   board = new BoardWidget(client_.research_board, content);
   rbMessages = new MessageViewWidget(client_.message_view, content);
   cboSend = new ChatBox(client_.chat_input, content);
-  btnSend = new QPushButton(QStringLiteral("Trans&mit"), content);
-  btnSend->setObjectName(QStringLiteral("btnSend"));
-  btnSend->setAccessibleName(QStringLiteral("Transmit"));
+  btnSend = MakeButton("btnSend", QStringLiteral("Trans&mit"));
   btnSend->setDefault(true);
   lstOnline = new OnlineListView(client_.online_list, content);
 
@@ -100,13 +91,13 @@ QWidget* frmMain::MakeContent() {
   column->addWidget(board);
   column->addLayout(lobby, 1);
 
-  const std::pair<Qt::Key, QWidget*> access_keys[] = {
+  const std::pair<Qt::Key, QWidget*> shortcuts[] = {
       {Qt::Key_1, board},
       {Qt::Key_2, rbMessages},
       {Qt::Key_3, cboSend},
       {Qt::Key_4, lstOnline},
   };
-  for (const auto& [key, control] : access_keys) {
+  for (const auto& [key, control] : shortcuts) {
     new QShortcut(Qt::ALT | key, control,
                   [control = control] { control->setFocus(Qt::ShortcutFocusReason); });
   }
@@ -161,10 +152,13 @@ void frmMain::BindClient() {
   connect(btnSend, &QPushButton::clicked, this, [this] { client_.chat_input.SendChatLine(); });
   connect(cboSend->lineEdit(), &QLineEdit::returnPressed, btnSend, &QPushButton::click);
   qApp->installEventFilter(this);
-  board->on_box_menu = [this](TopicCode topic, std::int16_t level, QPoint global_pos) {
-    ShowBoxMenu(topic, level, global_pos);
+  board->on_box_menu = [this](TopicCode topic, std::int16_t level, QPoint global_pos,
+                              OpenedBy opened_by) {
+    ShowBoxMenu(topic, level, global_pos, opened_by);
   };
-  lstOnline->on_menu = [this](QPoint global_pos) { ShowPlayerMenu(global_pos); };
+  lstOnline->on_menu = [this](QPoint global_pos, OpenedBy opened_by) {
+    ShowPlayerMenu(global_pos, opened_by);
+  };
 
   BindWindow<frmLogin>(client_.login_dialog, this);
   WindowLife& login = client_.login_dialog.window();
@@ -183,7 +177,7 @@ void frmMain::RefreshMenus() {
     action->setChecked(item->option != nullptr && client_.options.*(item->option));
   }
   for (QMenu* menu : findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly)) {
-    GiveAccessKeys(*menu);
+    AddMnemonics(*menu);
   }
 }
 
@@ -192,14 +186,15 @@ void frmMain::RefreshChatInput() {
   btnSend->setEnabled(client_.chat_input.IsSendEnabled());
 }
 
-void frmMain::ShowBoxMenu(TopicCode topic, std::int16_t level, QPoint global_pos) {
+void frmMain::ShowBoxMenu(TopicCode topic, std::int16_t level, QPoint global_pos,
+                          OpenedBy opened_by) {
   client_.board_actions.BoxRightClicked(topic, level);
-  OpenMenu(*mPopMenu, global_pos);
+  OpenMenu(*mPopMenu, global_pos, opened_by);
 }
 
-void frmMain::ShowPlayerMenu(QPoint global_pos) {
+void frmMain::ShowPlayerMenu(QPoint global_pos, OpenedBy opened_by) {
   if (client_.board_actions.PlayerRightClicked()) {
-    OpenMenu(*mnuWarMenu, global_pos);
+    OpenMenu(*mnuWarMenu, global_pos, opened_by);
   }
 }
 

@@ -1,5 +1,5 @@
 /// The main window: menu bar, research board, message view, chat line and online list, each drawn
-/// from its plain half in the client.
+/// from what the client holds.
 #pragma once
 
 #include <QList>
@@ -9,6 +9,7 @@
 
 #include "client/client.h"
 #include "client/menus.h"
+#include "ui/kit/popup_menu.h"
 
 class QAction;
 class QMenu;
@@ -42,8 +43,8 @@ class frmMain : public QMainWindow {
   void BindClient();
   void RefreshMenus();
   void RefreshChatInput();
-  void ShowBoxMenu(TopicCode topic, std::int16_t level, QPoint global_pos);
-  void ShowPlayerMenu(QPoint global_pos);
+  void ShowBoxMenu(TopicCode topic, std::int16_t level, QPoint global_pos, OpenedBy opened_by);
+  void ShowPlayerMenu(QPoint global_pos, OpenedBy opened_by);
   bool IsMenuShortcut(const QKeyEvent& event) const;
 
   Client& client_;

@@ -18,6 +18,8 @@ class frmNews : public SideWindow {
   frmNews& operator=(const frmNews&) = delete;
   ~frmNews() override;
 
+  void Refresh();
+
  private:
   News& news_;
   const Options no_options_;

@@ -17,9 +17,10 @@ class frmStats : public SideWindow {
  public:
   frmStats(Statistics& statistics, QWidget* owner);
 
+  void Refresh();
+
  private:
   void LayOut();
-  void Refresh();
 
   Statistics& statistics_;
   QLineEdit* UserInput;

@@ -1,53 +1,35 @@
 #include "ui/windows/frmTournament.h"
 
-#include <QAbstractItemView>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMouseEvent>
-#include <QPointer>
-#include <QScreen>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <QWheelEvent>
-#include <algorithm>
-#include <limits>
 
-#include "ui/kit/choice_box.h"
-#include "ui/kit/plain_text.h"
+#include "ui/kit/controls.h"
 #include "ui/kit/text.h"
 #include "ui/kit/theme.h"
 
 namespace korvanta {
 namespace {
 
-/// While a tool window has the keyboard its owner's access keys hold too; none stands in both.
+/// While a tool window has the keyboard its owner's mnemonics hold too; no letter stands in both.
 constexpr Qt::WindowFlags kToolWindow = Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                                         Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
 
 constexpr int kPageWidth = 320;
 
-QString WithoutAccessKey(QString caption) { return caption.remove(QLatin1Char('&')); }
-
-QGroupBox* MakePage(const char16_t* name, const char16_t* caption) {
-  const QString title = QString::fromUtf16(caption);
-  auto* page = new QGroupBox(title);
-  NameControl(*page, QString::fromUtf16(name), title);
+QGroupBox* MakePage(const char* name, const QString& caption) {
+  auto* page = new QGroupBox(caption);
+  NameControl(*page, name, caption);
   return page;
 }
 
-/// The label of a control, which takes its accessible name from it.
-QLabel* MakeLabel(const char16_t* caption, QWidget* control) {
-  const QString text = QString::fromUtf16(caption);
-  auto* label = new QLabel(text);
-  label->setBuddy(control);
-  control->setAccessibleName(WithoutAccessKey(text));
-  return label;
-}
-
-void AddRow(QGridLayout& grid, const char16_t* caption, QLineEdit* box) {
+void AddRow(QGridLayout& grid, const QString& caption, QLineEdit* box) {
   const int row = grid.rowCount();
-  grid.addWidget(MakeLabel(caption, box), row, 0);
+  grid.addWidget(MakeCaption(caption, *box), row, 0);
   grid.addWidget(box, row, 1);
 }
 
@@ -98,29 +80,34 @@ frmTournament::frmTournament(Tournament& tournament, QWidget* owner)
       tournament_(tournament),
       TStrip(new TabStrip),
       pages_(new QStackedWidget),
-      fInfo(MakePage(u"fInfo", u"Information")),
-      iEntryFee(MakeBox(u"iEntryFee", &TournamentTexts::iEntryFee)),
-      txtPurse(MakeBox(u"txtPurse", &TournamentTexts::txtPurse)),
-      iMaxTeams(MakeBox(u"iMaxTeams", &TournamentTexts::iMaxTeams)),
-      iMaxPlayers(MakeBox(u"iMaxPlayers", &TournamentTexts::iMaxPlayers)),
-      cmbTeam(new ChoiceBox),
-      txtPassword(MakeBox(u"txtPassword", &TournamentTexts::txtPassword)),
-      Command4(MakeButton(u"Command4", u"C&reate/Join", &Tournament::CreateJoinClicked)),
-      fTeams(MakePage(u"fTeams", u"Teams")),
+      fInfo(MakePage("fInfo", QStringLiteral("Information"))),
+      iEntryFee(MakeBox("iEntryFee", &TournamentTexts::iEntryFee)),
+      txtPurse(MakeBox("txtPurse", &TournamentTexts::txtPurse)),
+      iMaxTeams(MakeBox("iMaxTeams", &TournamentTexts::iMaxTeams)),
+      iMaxPlayers(MakeBox("iMaxPlayers", &TournamentTexts::iMaxPlayers)),
+      cmbTeam(new ChoiceBox("cmbTeam")),
+      txtPassword(MakeBox("txtPassword", &TournamentTexts::txtPassword)),
+      Command4(
+          MakeCommand("Command4", QStringLiteral("C&reate/Join"), &Tournament::CreateJoinClicked)),
+      fTeams(MakePage("fTeams", QStringLiteral("Teams"))),
       lstTeams(new PlainListView(QStringLiteral("Team Information"))),
-      KickPlayer(MakeButton(u"KickPlayer", u"&Kick Player", &Tournament::KickPlayerClicked)),
-      btnDisband(MakeButton(u"btnDisband", u"&Disband Team", &Tournament::DisbandTeamClicked)),
-      fAdmin(MakePage(u"fAdmin", u"Admin")),
-      EntryFee(MakeBox(u"EntryFee", &TournamentTexts::EntryFee)),
-      MaxTeams(MakeBox(u"MaxTeams", &TournamentTexts::MaxTeams)),
-      MaxPlayers(MakeBox(u"MaxPlayers", &TournamentTexts::MaxPlayers)),
-      Command1(MakeButton(u"Command1", u"&Start Tournament", &Tournament::StartTournamentClicked)),
-      Command2(
-          MakeButton(u"Command2", u"Set To&urnament Game", &Tournament::SetTournamentGameClicked)),
-      Command3(MakeButton(u"Command3", u"E&nd Tournament", &Tournament::EndTournamentClicked)) {
+      KickPlayer(MakeCommand("KickPlayer", QStringLiteral("&Kick Player"),
+                             &Tournament::KickPlayerClicked)),
+      btnDisband(MakeCommand("btnDisband", QStringLiteral("&Disband Team"),
+                             &Tournament::DisbandTeamClicked)),
+      fAdmin(MakePage("fAdmin", QStringLiteral("Admin"))),
+      EntryFee(MakeBox("EntryFee", &TournamentTexts::EntryFee)),
+      MaxTeams(MakeBox("MaxTeams", &TournamentTexts::MaxTeams)),
+      MaxPlayers(MakeBox("MaxPlayers", &TournamentTexts::MaxPlayers)),
+      Command1(MakeCommand("Command1", QStringLiteral("&Start Tournament"),
+                           &Tournament::StartTournamentClicked)),
+      Command2(MakeCommand("Command2", QStringLiteral("Set To&urnament Game"),
+                           &Tournament::SetTournamentGameClicked)),
+      Command3(MakeCommand("Command3", QStringLiteral("E&nd Tournament"),
+                           &Tournament::EndTournamentClicked)) {
   setObjectName(QStringLiteral("frmTournament"));
   setWindowTitle(QStringLiteral("Tournament Window"));
-  NameControl(*TStrip, QStringLiteral("TStrip"), windowTitle());
+  NameControl(*TStrip, "TStrip", windowTitle());
 
   FillInfoPage();
   FillTeamsPage();
@@ -141,38 +128,28 @@ frmTournament::frmTournament(Tournament& tournament, QWidget* owner)
   all->addWidget(TStrip);
   all->addWidget(pages_);
   all->setSizeConstraint(QLayout::SetFixedSize);
-  Command4->setDefault(true);  // the dialog hears of it only from a button that it has
 
   TStrip->on_chosen = [this](int index) {
     tournament_.TabChosen(static_cast<TournamentTab>(index));
   };
-  tournament_.on_changed = [self = QPointer(this)] {
-    if (self) {
-      self->Refresh();
-    }
-  };
   Refresh();
   cmbTeam->setFocus();
-  if (owner != nullptr) {
-    CentreOver(*owner);
-  }
 }
 
-QLineEdit* frmTournament::MakeBox(const char16_t* name, std::string TournamentTexts::*text) {
-  auto* box = new QLineEdit;
-  box->setObjectName(QString::fromUtf16(name));
-  box->setMaxLength(std::numeric_limits<int>::max());
-  connect(box, &QLineEdit::textEdited, this,
-          [this, text](const QString& typed) { tournament_.Typed(text, ToBytes(typed)); });
-  boxes_.push_back({box, text});
+QLineEdit* frmTournament::MakeBox(const char* name, std::string TournamentTexts::*text) {
+  QLineEdit* box = MakeTextBox(name);
+  BindBox(box, text);
   return box;
 }
 
-QPushButton* frmTournament::MakeButton(const char16_t* name, const char16_t* caption,
-                                       void (Tournament::*clicked)()) {
-  const QString text = QString::fromUtf16(caption);
-  auto* button = new QPushButton(text);
-  NameControl(*button, QString::fromUtf16(name), WithoutAccessKey(text));
+void frmTournament::BindBox(QLineEdit* box, std::string TournamentTexts::*text) {
+  OnTyped(*box, [this, text](const std::string& typed) { tournament_.Typed(text, typed); });
+  boxes_.push_back({box, text});
+}
+
+QPushButton* frmTournament::MakeCommand(const char* name, const QString& caption,
+                                        void (Tournament::*clicked)()) {
+  QPushButton* button = MakeButton(name, caption);
   connect(button, &QPushButton::clicked, this,
           [&tournament = tournament_, clicked] { (tournament.*clicked)(); });
   return button;
@@ -180,26 +157,16 @@ QPushButton* frmTournament::MakeButton(const char16_t* name, const char16_t* cap
 
 void frmTournament::FillInfoPage() {
   txtPassword->setEchoMode(QLineEdit::Password);
-  cmbTeam->setObjectName(QStringLiteral("cmbTeam"));
-  cmbTeam->setItemDelegate(new OneLineDelegate(cmbTeam));
-  cmbTeam->view()->setTextElideMode(Qt::ElideRight);
-  cmbTeam->view()->setAccessibleName(QStringLiteral("Team Name"));
-  cmbTeam->lineEdit()->setMaxLength(std::numeric_limits<int>::max());
-  cmbTeam->lineEdit()->setAccessibleName(QStringLiteral("Team Name"));
-  const auto typed = [this](const QString& text) {
-    tournament_.Typed(&TournamentTexts::cmbTeam, ToBytes(text));
-  };
-  connect(cmbTeam->lineEdit(), &QLineEdit::textEdited, this, typed);
-  connect(cmbTeam, &QComboBox::textActivated, this, typed);
+  BindBox(cmbTeam->lineEdit(), &TournamentTexts::cmbTeam);
 
   QGridLayout* grid = MakeGrid(fInfo);
-  AddRow(*grid, u"&Entry Fee", iEntryFee);
-  AddRow(*grid, u"Current &Purse", txtPurse);
-  AddRow(*grid, u"&Current Teams", iMaxTeams);
-  AddRow(*grid, u"C&urrent Players", iMaxPlayers);
-  AddBelow(*grid, MakeLabel(u"Team &Name", cmbTeam));
+  AddRow(*grid, QStringLiteral("&Entry Fee"), iEntryFee);
+  AddRow(*grid, QStringLiteral("Current &Purse"), txtPurse);
+  AddRow(*grid, QStringLiteral("&Current Teams"), iMaxTeams);
+  AddRow(*grid, QStringLiteral("C&urrent Players"), iMaxPlayers);
+  AddBelow(*grid, MakeCaption(QStringLiteral("Team &Name"), *cmbTeam));
   AddBelow(*grid, cmbTeam);
-  AddBelow(*grid, MakeLabel(u"Team Pass&word", txtPassword));
+  AddBelow(*grid, MakeCaption(QStringLiteral("Team Pass&word"), *txtPassword));
   AddBelow(*grid, txtPassword);
   AddBelow(*grid, Command4);
 }
@@ -220,9 +187,9 @@ void frmTournament::FillTeamsPage() {
 
 void frmTournament::FillAdminPage() {
   QGridLayout* grid = MakeGrid(fAdmin);
-  AddRow(*grid, u"&Entry Fee", EntryFee);
-  AddRow(*grid, u"Ma&x Teams", MaxTeams);
-  AddRow(*grid, u"Max &Players", MaxPlayers);
+  AddRow(*grid, QStringLiteral("&Entry Fee"), EntryFee);
+  AddRow(*grid, QStringLiteral("Ma&x Teams"), MaxTeams);
+  AddRow(*grid, QStringLiteral("Max &Players"), MaxPlayers);
   AddBelow(*grid, Command1);
   AddBelow(*grid, Command2);
   AddBelow(*grid, Command3);
@@ -235,24 +202,12 @@ void frmTournament::showEvent(QShowEvent* event) {
   activateWindow();
 }
 
-void frmTournament::CentreOver(const QWidget& owner) {
-  const QRect screen = owner.screen()->availableGeometry();
-  QRect place({}, sizeHint());
-  place.moveCenter(owner.frameGeometry().center());
-  place.moveRight(std::min(place.right(), screen.right()));
-  place.moveBottom(std::min(place.bottom(), screen.bottom()));
-  place.moveLeft(std::max(place.left(), screen.left()));
-  place.moveTop(std::max(place.top(), screen.top()));
-  move(place.topLeft());
-}
-
 void frmTournament::Refresh() {
   const TournamentState& state = tournament_.state();
   for (const Box& box : boxes_) {
-    ShowText(*box.control, state.texts.*box.text);
+    ShowReply(*box.control, state.texts.*box.text);
   }
-  ShowTeamNames();
-  ShowText(*cmbTeam->lineEdit(), state.texts.cmbTeam);
+  cmbTeam->ShowChoices(state.team_names);
 
   QStringList teams;
   for (const TeamListEntry& entry : state.lstTeams) {
@@ -263,39 +218,6 @@ void frmTournament::Refresh() {
   const int chosen = static_cast<int>(state.chosen_tab);
   TStrip->ShowChosen(chosen);
   pages_->setCurrentIndex(chosen);
-}
-
-void frmTournament::ShowTeamNames() {
-  QStringList names;
-  for (const std::string& name : tournament_.state().team_names) {
-    names.append(ToQString(name));
-  }
-  QStringList shown;
-  for (int i = 0; i < cmbTeam->count(); ++i) {
-    shown.append(cmbTeam->itemText(i));
-  }
-  if (names == shown) {
-    return;
-  }
-  // Changing the list writes to the text field; what is typed there stays, caret and selection too.
-  QLineEdit& box = *cmbTeam->lineEdit();
-  const QString typed = box.text();
-  const int caret = box.cursorPosition();
-  const int selection_start = box.selectionStart();
-  const int selection_length = box.selectionLength();
-  const bool backwards = selection_start == caret;
-  cmbTeam->clear();
-  cmbTeam->addItem(
-      QString());  // the first item comes into the text field, where it would be laid out
-  cmbTeam->addItems(names);
-  cmbTeam->setCurrentIndex(-1);
-  cmbTeam->removeItem(0);
-  box.setText(typed);
-  box.setCursorPosition(caret);
-  if (selection_start >= 0) {
-    box.setSelection(backwards ? selection_start + selection_length : selection_start,
-                     backwards ? -selection_length : selection_length);
-  }
 }
 
 }  // namespace korvanta

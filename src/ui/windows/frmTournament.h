@@ -1,9 +1,7 @@
 /// The tournament window on the screen.
 #pragma once
 
-#include <QComboBox>
 #include <QGroupBox>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QTabBar>
@@ -12,12 +10,13 @@
 #include <vector>
 
 #include "board/tournament.h"
+#include "ui/kit/choice_box.h"
 #include "ui/kit/plain_list.h"
 #include "ui/windows/side_window.h"
 
 namespace korvanta {
 
-/// The tab strip: tells of every choice, by mouse or keyboard, also of the chosen tab again. The
+/// The tab strip. Every choice counts, by mouse or keyboard, also that of the chosen tab again. The
 /// wheel chooses nothing, for a choice sends a request.
 class TabStrip : public QTabBar {
  public:
@@ -37,20 +36,18 @@ class frmTournament : public SideWindow {
  public:
   frmTournament(Tournament& tournament, QWidget* owner);
 
+  void Refresh();
+
  protected:
   void showEvent(QShowEvent* event) override;
 
  private:
-  QLineEdit* MakeBox(const char16_t* name, std::string TournamentTexts::*text);
-  QPushButton* MakeButton(const char16_t* name, const char16_t* caption,
-                          void (Tournament::*clicked)());
+  QLineEdit* MakeBox(const char* name, std::string TournamentTexts::*text);
+  void BindBox(QLineEdit* box, std::string TournamentTexts::*text);
+  QPushButton* MakeCommand(const char* name, const QString& caption, void (Tournament::*clicked)());
   void FillInfoPage();
   void FillTeamsPage();
   void FillAdminPage();
-  void CentreOver(const QWidget& owner);
-
-  void Refresh();
-  void ShowTeamNames();
 
   struct Box {
     QLineEdit* control;
@@ -68,7 +65,7 @@ class frmTournament : public SideWindow {
   QLineEdit* txtPurse;
   QLineEdit* iMaxTeams;
   QLineEdit* iMaxPlayers;
-  QComboBox* cmbTeam;
+  ChoiceBox* cmbTeam;
   QLineEdit* txtPassword;
   QPushButton* Command4;
 

@@ -1,5 +1,5 @@
-/// Ties a window's plain half to its Qt half: the Qt window exists from the moment the plain half
-/// shows it until the plain half unloads it.
+/// Ties a window to its presenter: it exists from the moment the presenter shows it until the
+/// presenter unloads it.
 #pragma once
 
 #include <QPointer>
@@ -11,23 +11,24 @@ class QWidget;
 
 namespace korvanta {
 
-/// `Form` is made as `new Form(plain, owner)` and sets `plain.on_changed`, which the binding clears
-/// when the window goes: a window on its way out hears of nothing, and takes nothing from the next.
-template <typename Form, typename Plain>
-void BindWindow(Plain& plain, QWidget* owner) {
+/// `Form` is made as `new Form(presenter, owner)`, and its `Refresh` called whenever the presenter
+/// changes. A window that closes is refreshed no more.
+template <typename Form, typename Presenter>
+void BindWindow(Presenter& presenter, QWidget* owner) {
   const auto form = std::make_shared<QPointer<Form>>();
-  plain.window().on_show = [&plain, owner, form] {
+  presenter.window().on_show = [&presenter, owner, form] {
     if (form->isNull()) {
-      *form = new Form(plain, owner);
-      (*form)->show();  // where the desktop puts a new window, and with what focus, is its affair
-      return;
+      *form = new Form(presenter, owner);
+      presenter.on_changed = [form] {
+        if (!form->isNull()) {
+          (*form)->Refresh();
+        }
+      };
     }
-    (*form)->show();
-    (*form)->raise();
-    (*form)->activateWindow();
+    (*form)->Appear();
   };
-  plain.window().on_unload = [&plain, form] {
-    plain.on_changed = nullptr;
+  presenter.window().on_unload = [&presenter, form] {
+    presenter.on_changed = nullptr;
     if (!form->isNull()) {
       (*form)->hide();
       (*form)->deleteLater();

@@ -1,149 +1,143 @@
 #include "ui/board/board_widget.h"
 
-#include <QApplication>
+#include <QAccessible>
 #include <QImage>
 #include <QLabel>
-#include <QLineEdit>
-#include <QTest>
-#include <QVBoxLayout>
 #include <cstdlib>
 #include <gmock/gmock.h>
 
-#include "tests/fakes/fake_platform.h"
+#include "tests/ui/main_window_test.h"
 #include "ui/board/board_layout.h"
 #include "ui/kit/text.h"
-#include "ui/kit/theme.h"
 
 namespace korvanta {
 namespace {
 
 using namespace board_layout;
 using std::chrono_literals::operator""ms;
+using testing::ElementsAre;
+using testing::IsEmpty;
 
-struct MenuCall {
-  TopicCode topic;
-  std::int16_t level;
-  QPoint position;
-  bool operator==(const MenuCall&) const = default;
-};
-
-/// A window with a line edit, which has the focus at first, and the board.
-class BoardWidgetTest : public testing::Test {
+class BoardWidgetTest : public MainWindowTest {
  protected:
+  struct MenuCall {
+    TopicCode topic;
+    std::int16_t level;
+    QPoint position;
+    OpenedBy opened_by;
+    bool operator==(const MenuCall&) const = default;
+  };
+
   BoardWidgetTest() {
-    auto* column = new QVBoxLayout(&window_);
-    column->addWidget(&other_);
-    column->addWidget(&widget_);
-    widget_.on_box_menu = [this](TopicCode topic, std::int16_t level, QPoint position) {
-      menu_ = MenuCall{topic, level, position};
+    board.on_box_menu = [this](TopicCode topic, std::int16_t level, QPoint position, OpenedBy by) {
+      menus.push_back({topic, level, position, by});
     };
-    window_.show();
-    other_.setFocus();
-    QApplication::setActiveWindow(&window_);
-    QCoreApplication::processEvents();
   }
 
   static QPoint Middle(int box) { return BoxRect(box).center(); }
-  std::optional<MenuCall> TakeMenu() { return std::exchange(menu_, std::nullopt); }
-  QLabel* Label(const char* name) const {
-    return widget_.findChild<QLabel*>(QString::fromLatin1(name));
-  }
-  fakes::FakeTimers timers_;
-  GameClock clock_{timers_};
-  ResearchBoard board_{clock_};
-  QWidget window_;
-  QLineEdit other_{&window_};
-  BoardWidget widget_{board_, &window_};
-  std::optional<MenuCall> menu_;
+  std::vector<MenuCall> TakeMenus() { return std::exchange(menus, {}); }
+  QLabel& Label(const char* name) const { return *board.findChild<QLabel*>(QLatin1String(name)); }
+
+  BoardWidget& board = Get<BoardWidget>("ResearchBoard");
+  std::vector<MenuCall> menus;
 };
 
 TEST_F(BoardWidgetTest, RightButtonReleasedOpensTheMenuOfEveryBox) {
   for (int box = 0; box < kBoxes; ++box) {
-    QTest::mouseClick(&widget_, Qt::LeftButton, {}, Middle(box));
-    QTest::mouseClick(&widget_, Qt::MiddleButton, {}, Middle(box));
-    QTest::mousePress(&widget_, Qt::RightButton, {}, Middle(box));
-    EXPECT_EQ(TakeMenu(), std::nullopt) << box;
-    QTest::mouseRelease(&widget_, Qt::RightButton, {}, Middle(box));
+    QTest::mouseClick(&board, Qt::LeftButton, {}, Middle(box));
+    QTest::mouseClick(&board, Qt::MiddleButton, {}, Middle(box));
+    QTest::mousePress(&board, Qt::RightButton, {}, Middle(box));
+    EXPECT_THAT(TakeMenus(), IsEmpty()) << box;
+    QTest::mouseRelease(&board, Qt::RightButton, {}, Middle(box));
     const auto topic = static_cast<TopicCode>(box / 4 + 1);
     const auto level = static_cast<std::int16_t>(box == 16 ? 5 : box % 4 + 1);
-    EXPECT_EQ(TakeMenu(), (MenuCall{topic, level, widget_.mapToGlobal(Middle(box))})) << box;
+    EXPECT_THAT(TakeMenus(), ElementsAre(MenuCall{topic, level, board.mapToGlobal(Middle(box)),
+                                                  OpenedBy::Mouse}))
+        << box;
   }
 }
 
-TEST_F(BoardWidgetTest, WhereTheButtonIsReleasedCounts) {
-  const QPoint between = (Middle(0) + Middle(1)) / 2;
-  QTest::mousePress(&widget_, Qt::RightButton, {}, Middle(0));
-  QTest::mouseRelease(&widget_, Qt::RightButton, {}, between);
-  EXPECT_EQ(TakeMenu(), std::nullopt);
-  for (const QPoint corner : {BoxRect(6).topLeft(), BoxRect(6).bottomRight()}) {
-    QTest::mouseClick(&widget_, Qt::RightButton, {}, corner);
-    EXPECT_TRUE(TakeMenu().has_value());
+TEST_F(BoardWidgetTest, WhereTheButtonIsReleasedCountsAndNoClickTakesTheFocus) {
+  QTest::mousePress(&board, Qt::RightButton, {}, Middle(0));
+  QTest::mouseRelease(&board, Qt::RightButton, {}, (Middle(0) + Middle(1)) / 2);
+  EXPECT_THAT(TakeMenus(), IsEmpty());
+  const QRect box = BoxRect(6);
+  const std::pair<QPoint, bool> places[] = {{box.topLeft(), true},
+                                            {box.bottomRight(), true},
+                                            {box.topLeft() - QPoint(1, 0), false},
+                                            {box.bottomRight() + QPoint(0, 1), false}};
+  for (const auto& [place, inside] : places) {
+    QTest::mouseClick(&board, Qt::RightButton, {}, place);
+    EXPECT_EQ(TakeMenus().empty(), !inside);
+    QTest::mouseClick(&board, Qt::LeftButton, {}, place);
   }
-  for (const QPoint outside :
-       {BoxRect(6).topLeft() - QPoint(1, 0), BoxRect(6).bottomRight() + QPoint(0, 1)}) {
-    QTest::mouseClick(&widget_, Qt::RightButton, {}, outside);
-    EXPECT_EQ(TakeMenu(), std::nullopt);
-  }
-}
-
-TEST_F(BoardWidgetTest, NoClickTakesTheFocusFromTheChatLine) {
-  QTest::mouseClick(&widget_, Qt::RightButton, {}, Middle(5));
-  QTest::mouseClick(&widget_, Qt::LeftButton, {}, QPoint(2, 2));
-  QTest::mouseClick(&widget_, Qt::LeftButton, {}, Middle(5));
-  EXPECT_TRUE(other_.hasFocus());
-  EXPECT_EQ(widget_.current_box(), 0);
+  EXPECT_TRUE(Get("cboSend").hasFocus());
+  EXPECT_EQ(board.current_box(), 0);
 }
 
 TEST_F(BoardWidgetTest, ArrowKeysWalkAndTheMenuKeysOpen) {
-  QTest::keyClick(&other_, Qt::Key_Tab);
-  ASSERT_TRUE(widget_.hasFocus());
-  struct Step {
-    Qt::Key key;
-    int box;
-  };
-  const std::vector<Step> steps = {
+  board.setFocus();
+  const std::pair<Qt::Key, int> steps[] = {
       {Qt::Key_Left, 0},   {Qt::Key_Up, 0},     {Qt::Key_Right, 1},  {Qt::Key_Down, 5},
       {Qt::Key_Down, 9},   {Qt::Key_Down, 13},  {Qt::Key_Down, 13},  {Qt::Key_Up, 9},
       {Qt::Key_Right, 10}, {Qt::Key_Right, 11}, {Qt::Key_Right, 16}, {Qt::Key_Right, 16},
       {Qt::Key_Up, 16},    {Qt::Key_Down, 16},  {Qt::Key_Left, 11},  {Qt::Key_Left, 10},
   };
-  for (const Step& step : steps) {
-    QTest::keyClick(&widget_, step.key);
-    EXPECT_EQ(widget_.current_box(), step.box) << step.box;
+  for (const auto& [key, box] : steps) {
+    QTest::keyClick(&board, key);
+    EXPECT_EQ(board.current_box(), box) << box;
   }
-  EXPECT_EQ(TakeMenu(), std::nullopt);
-  const MenuCall expected{TopicCode::Population, 3, widget_.mapToGlobal(Middle(10))};
-  QTest::keyClick(&widget_, Qt::Key_Menu);
-  EXPECT_EQ(TakeMenu(), expected);
-  QTest::keyClick(&widget_, Qt::Key_F10, Qt::ShiftModifier);
-  EXPECT_EQ(TakeMenu(), expected);
-  QTest::keyClick(&widget_, Qt::Key_F10);
-  EXPECT_EQ(TakeMenu(), std::nullopt);
+  EXPECT_THAT(TakeMenus(), IsEmpty());
+  const MenuCall expected{TopicCode::Population, 3, board.mapToGlobal(Middle(10)),
+                          OpenedBy::Keyboard};
+  QTest::keyClick(&board, Qt::Key_Menu);
+  EXPECT_THAT(TakeMenus(), ElementsAre(expected));
+  QTest::keyClick(&board, Qt::Key_F10, Qt::ShiftModifier);
+  EXPECT_THAT(TakeMenus(), ElementsAre(expected));
+  QTest::keyClick(&board, Qt::Key_F10);
+  EXPECT_THAT(TakeMenus(), IsEmpty());
 }
 
 TEST_F(BoardWidgetTest, LabelsShowTheModel) {
-  EXPECT_EQ(Label("Label1(0)")->text(), QStringLiteral("Level 1"));
-  EXPECT_EQ(Label("Label1(3)")->text(), QStringLiteral("Level 4"));
-  EXPECT_EQ(Label("Label3")->text(), QStringLiteral("Industry"));
-  EXPECT_EQ(Label("Label6")->text(),
+  EXPECT_EQ(Label("Label1(0)").text(), QStringLiteral("Level 1"));
+  EXPECT_EQ(Label("Label1(3)").text(), QStringLiteral("Level 4"));
+  EXPECT_EQ(Label("Label3").text(), QStringLiteral("Industry"));
+  EXPECT_EQ(Label("Label6").text(),
             QStringLiteral("Research any 2-Level 4 Topics and research Golden Knowledge to Win!"));
-  board_.ShowResearchPoints(2.5);
-  clock_.StartGameClock(90);
-  timers_.Tick(1000ms);
-  EXPECT_EQ(Label("Research")->text(), QStringLiteral("Research Points: 2.5"));
-  EXPECT_EQ(Label("TickTime")->text(), QStringLiteral("Tick Time - 1:29"));
+  client.game_clock.StartGameClock(90);
+  platform.timers.Tick(1000ms);
+  EXPECT_EQ(Label("TickTime").text(), QStringLiteral("Tick Time - 1:29"));
+}
 
-  board_.ShowResearchPoints(-1e308);
-  EXPECT_TRUE(Label("Research")->text().endsWith(QChar(0x2026)));
-  EXPECT_EQ(Label("Research")->accessibleName(), ToQString(board_.Research()));
-  for (const QLabel* label : widget_.findChildren<QLabel*>()) {
-    EXPECT_FALSE(label->accessibleName().isEmpty());
-  }
+TEST_F(BoardWidgetTest, LongResearchPointsAreWholeInSmallerLettersAndTheLongestInTheToolTip) {
+  const QLabel& research = Label("Research");
+  const int usual = research.font().pixelSize();
+  const auto show = [&](double points) {
+    client.research_board.ShowResearchPoints(points);
+    EXPECT_EQ(research.accessibleName(), ToQString(client.research_board.Research()));
+    return research.text() == ToQString(client.research_board.Research());
+  };
+  EXPECT_TRUE(show(-1e30));
+  EXPECT_LT(research.font().pixelSize(), usual);
+  EXPECT_LE(research.fontMetrics().horizontalAdvance(research.text()), research.width());
+  EXPECT_FALSE(show(-1e308));
+  EXPECT_TRUE(research.text().endsWith(QChar(0x2026)));
+  EXPECT_EQ(research.toolTip().count(QLatin1Char('0')), 308);
+  EXPECT_TRUE(show(2.5));
+  EXPECT_EQ(research.font().pixelSize(), usual);
+  EXPECT_EQ(research.toolTip(), QString());
+}
+
+TEST_F(BoardWidgetTest, NothingChangesUnderTheMouse) {
+  const QImage before = board.grab().toImage();
+  QTest::mouseMove(&board, Middle(5));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(board.grab().toImage(), before);
 }
 
 TEST_F(BoardWidgetTest, FramesLinesAndCaptionsAreDrawnInTheirColoursAsThickAsTheModelSays) {
-  const QImage plain = widget_.grab().toImage();
-  const auto count = [](const QImage& image, QRect place, QColor colour) {
+  QImage image = board.grab().toImage();
+  const auto count = [&image](QRect place, QColor colour) {
     int found = 0;
     for (int x = place.left(); x <= place.right(); ++x) {
       for (int y = place.top(); y <= place.bottom(); ++y) {
@@ -156,6 +150,10 @@ TEST_F(BoardWidgetTest, FramesLinesAndCaptionsAreDrawnInTheirColoursAsThickAsThe
     }
     return found;
   };
+  const auto element = [this](std::string_view name, int level) {
+    const QString whole = QStringLiteral("%1(%2)").arg(ToQString(name)).arg(level);
+    return board.findChild<BoardElement*>(whole)->place();
+  };
   const QColor yellow(255, 255, 0);
   const QColor rows[] = {{0, 255, 0}, {255, 0, 0}, {0, 255, 255}, {0, 0, 255}};
   const std::pair<const char*, QColor> labels[] = {
@@ -164,25 +162,74 @@ TEST_F(BoardWidgetTest, FramesLinesAndCaptionsAreDrawnInTheirColoursAsThickAsThe
       {"Label4", rows[2]},      {"Label5", rows[3]},      {"Label6", yellow},
       {"Research", rows[0]}};
   for (const auto& [name, colour] : labels) {
-    EXPECT_GT(count(plain, Label(name)->geometry(), colour), 20) << name;
+    EXPECT_GT(count(Label(name).geometry(), colour), 20) << name;
   }
   for (std::size_t row = 0; row < kTopicRows; ++row) {
     for (int level = 0; level <= kTopLevel; ++level) {
-      modLight::LightTopic(board_, kTopics[row].code, static_cast<std::int16_t>(level));
-      const QImage image = widget_.grab().toImage();
+      modLight::LightTopic(client.research_board, kTopics[row].code,
+                           static_cast<std::int16_t>(level));
+      image = board.grab().toImage();
       for (int i = 1; i <= kTopLevel; ++i) {
-        const QRect box = BoxRect(BoxAt(row, i));
-        const bool line_reached = i < kTopLevel ? i + 1 <= level : level == kTopLevel;
-        EXPECT_EQ(count(image, {box.left(), box.top() + 8, 6, 1}, rows[row]), i <= level ? 4 : 1);
-        EXPECT_EQ(count(image, {box.right() + 2, RowMiddle(row) - 6, 1, 12}, rows[row]),
-                  line_reached ? 4 : 1)
-            << row << ", line " << i << " at level " << level;
+        const QRect frame = element(kTopics[row].frames, i);
+        const QRect line = element(kTopics[row].lines, i);
+        const int thick = i < kTopLevel ? (i + 1 <= level ? 4 : 1) : (level == kTopLevel ? 4 : 1);
+        EXPECT_EQ(count({frame.left(), frame.top() + 8, 6, 1}, rows[row]), i <= level ? 4 : 1);
+        for (const int x : {line.left() + 1, line.right() - 1}) {
+          EXPECT_EQ(count({x, line.top() - 4, 1, line.height() + 8}, rows[row]), thick)
+              << row << ", line " << i << " at level " << level;
+        }
       }
-      EXPECT_EQ(count(image, {kGoldenBox.left() - 2, PortOf(row) - 6, 1, 12}, rows[row]),
-                level == kTopLevel ? 4 : 1);
-      EXPECT_EQ(count(image, {kGoldenBox.left(), kGoldenBox.top() + 8, 6, 1}, yellow), 1);
+      EXPECT_EQ(count({kGoldenBox.left(), kGoldenBox.top() + 8, 6, 1}, yellow), 1);
     }
   }
+}
+
+TEST_F(BoardWidgetTest, LabelsAndBoxesHaveNamesAndEverythingKnowsItsPlace) {
+  modLight::LightTopic(client.research_board, TopicCode::Military, 2);
+  QAccessibleInterface& tree = *QAccessible::queryAccessibleInterface(&board);
+  QStringList names;
+  std::function<void(const QAccessibleInterface&)> walk = [&](const QAccessibleInterface& node) {
+    for (int i = 0; i < node.childCount(); ++i) {
+      const QAccessibleInterface& child = *node.child(i);
+      EXPECT_EQ(node.indexOfChild(&child), i);
+      EXPECT_EQ(child.parent(), &node);
+      EXPECT_TRUE(node.rect().contains(child.rect())) << i;
+      names += child.text(QAccessible::Name);
+      EXPECT_EQ(names.back().isEmpty(),
+                child.role() == QAccessible::Grouping || child.role() == QAccessible::Separator);
+      walk(child);
+    }
+  };
+  walk(tree);
+  names.removeAll(QString());
+  EXPECT_EQ(names.size(), 4 + 4 + 3 + kBoxes);
+  for (const char* name : {"Military, level 2, reached", "Military, level 3, not reached",
+                           "Golden Knowledge", "Level 4", "Research Points: 0"}) {
+    EXPECT_EQ(names.count(QString::fromLatin1(name)), 1) << name;
+  }
+}
+
+TEST_F(BoardWidgetTest, BoxesAreFoundByNamePositionAndFocusInsideTheirFrames) {
+  const std::pair<const char*, const char*> boxes[] = {{"Military(1)", "MilitaryBord(1)"},
+                                                       {"Industry(4)", "IndustryBord(4)"},
+                                                       {"Pop(2)", "PopBord(2)"},
+                                                       {"Defense(3)", "DefenseBorder(3)"},
+                                                       {"GoldKnow", "Shape1"}};
+  QAccessibleInterface& tree = *QAccessible::queryAccessibleInterface(&board);
+  const auto element = [this](const char* name) {
+    auto* found = board.findChild<BoardElement*>(QLatin1String(name));
+    return QAccessible::queryAccessibleInterface(found);
+  };
+  for (const auto& [box, frame] : boxes) {
+    const QPoint middle = element(box)->rect().center();
+    EXPECT_EQ(element(box)->parent(), element(frame)) << box;
+    EXPECT_EQ(tree.childAt(middle.x(), middle.y()), element(frame)) << box;
+    EXPECT_EQ(element(frame)->childAt(middle.x(), middle.y()), element(box)) << box;
+    element(box)->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+    EXPECT_EQ(tree.focusChild(), element(box));
+    EXPECT_TRUE(element(box)->state().focused);
+  }
+  EXPECT_FALSE(element("Military(1)")->state().focused);
 }
 
 }  // namespace

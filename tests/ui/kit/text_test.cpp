@@ -5,19 +5,14 @@
 namespace korvanta {
 namespace {
 
-TEST(Text, EveryByteSurvivesTheRoundTrip) {
+TEST(Text, BytesShowTheCharactersOfTheirCodePageAndComeBackUnchanged) {
   std::string all;
   for (int byte = 0; byte < 256; ++byte) {
     all += static_cast<char>(byte);
   }
   EXPECT_EQ(ToBytes(ToQString(all)), all);
-}
-
-TEST(Text, BytesShowTheCharactersOfTheirCodePage) {
   EXPECT_EQ(ToQString("caf\xe9 \x80\x99"), QStringLiteral(u"caf\u00e9 \u20ac\u2122"));
-}
-
-TEST(Text, CharactersOutsideTheSetLeaveAsOneQuestionMarkEach) {
+  // One '?' for each character outside the set.
   EXPECT_EQ(ToBytes(QStringLiteral(u"a\u03a9b\U0001F600c\u202ed")), "a?b?c?d");
 }
 

@@ -1,37 +1,21 @@
-#include "ui/windows/chat_box.h"
-
 #include <QClipboard>
-#include <QGuiApplication>
+#include <QComboBox>
 #include <QLabel>
-#include <QLineEdit>
-#include <QTest>
-#include <gtest/gtest.h>
-#include <memory>
 
-#include "tests/fakes/logged_in_player.h"
+#include "tests/ui/main_window_test.h"
 
 namespace korvanta {
 namespace {
 
-class ChatBoxTest : public testing::Test, protected fakes::OfflinePlayer {
+class ChatBoxTest : public MainWindowTest {
  protected:
-  ChatBoxTest() {
-    values.IsConnected = true;
-    input.on_changed = [this] { box.Refresh(); };
-    box.resize(400, 34);
-    box.show();
-    box.setFocus();
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(&box));
-  }
+  ChatBoxTest() { LogIn(); }
 
-  void Type(const char* text) { QTest::keyClicks(box.lineEdit(), QString::fromLatin1(text)); }
-  void Press(Qt::Key key) { QTest::keyClick(&box, key); }
-  std::string Shown() const { return box.lineEdit()->text().toStdString(); }
-  QLabel& Remaining() const { return *box.findChild<QLabel*>(QStringLiteral("lblRemaining")); }
+  void Type(const std::string& text) { QTest::keyClicks(&box, QString::fromStdString(text)); }
 
-  Options options;
-  ChatInput input{connection, options};
-  ChatBox box{input, nullptr};
+  ChatInput& input = client.chat_input;
+  QComboBox& box = Get<QComboBox>("cboSend");
+  QLabel& remaining = Get<QLabel>("lblRemaining");
 };
 
 TEST_F(ChatBoxTest, TypingIsNeitherCompletedNorChanged) {
@@ -41,33 +25,35 @@ TEST_F(ChatBoxTest, TypingIsNeitherCompletedNorChanged) {
   }
   EXPECT_EQ(box.count(), 3);
   Type("c h");
-  EXPECT_EQ(Shown(), "c h");
+  EXPECT_EQ(box.currentText().toStdString(), "c h");
   EXPECT_FALSE(box.lineEdit()->hasSelectedText());
 }
 
-TEST_F(ChatBoxTest, UpAndDownWalkTheHistoryAndBringTheDraftBack) {
-  Type("one");
+TEST_F(ChatBoxTest, UpAndDownRecallWhatWasTypedAndTheListHoldsWhatWasSent) {
+  Type("/who");
   input.SendChatLine();
+  EXPECT_EQ(box.itemText(0), QStringLiteral("who"));
   Type("draft");
   for (const Qt::KeyboardModifier pad : {Qt::NoModifier, Qt::KeypadModifier}) {
     QTest::keyClick(box.lineEdit(), Qt::Key_Up, pad);
-    EXPECT_EQ(Shown(), "c one");
+    EXPECT_EQ(box.currentText().toStdString(), "/who");
+    EXPECT_EQ(box.lineEdit()->cursorPosition(), 4);
     QTest::keyClick(box.lineEdit(), Qt::Key_Down, pad);
-    EXPECT_EQ(Shown(), "draft");
+    EXPECT_EQ(box.currentText().toStdString(), "draft");
   }
   QTest::keyClick(box.lineEdit(), Qt::Key_Down, Qt::ShiftModifier);
-  Press(Qt::Key_PageDown);
-  EXPECT_EQ(Shown(), "draft");
+  QTest::keyClick(&box, Qt::Key_PageDown);
+  EXPECT_EQ(box.currentText().toStdString(), "draft");
 }
 
 TEST_F(ChatBoxTest, TheRemainingCharactersAppearNearTheLimit) {
-  Type(std::string(199, 'x').c_str());
-  EXPECT_FALSE(Remaining().isVisible());
+  Type(std::string(199, 'x'));
+  EXPECT_FALSE(remaining.isVisible());
   Type("x");
-  EXPECT_TRUE(Remaining().isVisible());
-  EXPECT_EQ(Remaining().text(), QStringLiteral("50"));
-  Type(std::string(51, 'y').c_str());
-  EXPECT_EQ(Remaining().text(), QStringLiteral("-1"));
+  EXPECT_TRUE(remaining.isVisible());
+  EXPECT_EQ(remaining.text(), QStringLiteral("50"));
+  Type(std::string(51, 'y'));
+  EXPECT_EQ(remaining.text(), QStringLiteral("-1"));
 }
 
 TEST_F(ChatBoxTest, CharactersOutsideTheSetStayInTheBoxAndLeaveAsQuestionMarks) {

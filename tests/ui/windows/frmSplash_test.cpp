@@ -34,9 +34,11 @@ TEST(FrmSplash, ShowsHowLoadingGoesAndGivesWayToNobodyForFourSeconds) {
           {"Label5(0)", "All rights reserved"},
           {"Label5(1)", "The Maker"},
           {"Label5(2)", "2002-2024"}});
-  platform.timers.Tick(200ms);
-  platform.timers.Tick(200ms);
-  expect({{"Label4", "Now Loading.."}});
+  for (const char* dots : {".", "..", "...", "....", "."}) {
+    platform.timers.Tick(200ms);
+    const std::string text = std::string("Now Loading") + dots;
+    expect({{"Label4", text.c_str()}});
+  }
 
   QCloseEvent by_the_user;
   QSpontaneKeyEvent::setSpontaneous(&by_the_user);
