@@ -50,7 +50,7 @@ FindBar::FindBar(QWidget* parent) : QWidget(parent) {
   txtFind->setMaxLength(kMostCharacters);
   txtFind->setToolTip(
       QStringLiteral("Enter: older, Shift+Enter: newer, Ctrl+Enter: select it, Esc: close"));
-  connect(txtFind, &QLineEdit::textEdited, this, [this](const QString& text) { on_typed(text); });
+  connect(txtFind, &QLineEdit::textChanged, this, [this](const QString& text) { on_typed(text); });
   row->addWidget(txtFind, 1);
 
   lblOutcome = new QLabel(this);

@@ -257,6 +257,20 @@ TEST_F(EveryWindow, CaptionsAreReadAloud) {
   }
 }
 
+TEST_F(EveryWindow, StatisticsStandInOrderAndAwaitAName) {
+  Receive("[bre]Ann\0017\0017\0017\0017\0017\0017\0017\0017\0017\0017\0017\00111\00224");
+  Open("frmStats");
+  EXPECT_EQ(CaptionOf(Get("frmAward")), QStringLiteral("Awards for 'Ann'"));
+  EXPECT_EQ(Get<QTreeView>("lstAwards").model()->rowCount(), 2);
+  EXPECT_TRUE(Get("UserInput").hasFocus());
+  int y = 0;
+  for (const StatisticsField& field : kStatisticsFields) {
+    const auto& box = Get<QLineEdit>(std::string(field.control));
+    EXPECT_TRUE(box.isReadOnly());
+    EXPECT_GT(box.y(), std::exchange(y, box.y())) << field.control;
+  }
+}
+
 TEST_F(EveryWindow, EnterPressesTheFocusedButtonOrElseTheDefaultOne) {
   const std::map<std::string, std::string> defaults{{"frmLogin", "btnLogin"},
                                                     {"frmStats", "btnLoad"}};
