@@ -27,8 +27,7 @@ void BindWindow(Presenter& presenter, QWidget* owner) {
     }
     (*form)->Appear();
   };
-  presenter.window().on_unload = [&presenter, form] {
-    presenter.on_changed = nullptr;
+  presenter.window().on_unload = [form] {
     if (!form->isNull()) {
       (*form)->hide();
       (*form)->deleteLater();

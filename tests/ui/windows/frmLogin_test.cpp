@@ -82,7 +82,12 @@ TEST_F(FrmLoginTest, ChoosingFromTheListFillsThePasswordAndTheWheelChoosesNobody
 }
 
 TEST_F(FrmLoginTest, LeavingTheNameBoxOrPressingEnterInItIsNoChoice) {
+  client.saved_logins.LastUser = "Bert";
   Open("frmLogin");
+  Type(Password(), "1234");
+  Names().setFocus();
+  Password().setFocus();
+  ExpectForm("Korvanta Beta Server|Bert|1234|off");
   Type(Names(), "anna");
   Type(Password(), "mine5");
   Names().setFocus();

@@ -73,14 +73,18 @@ TEST_F(FrmTournamentTest, JoinsTheTeamTypedOrChosenAndForgetsThePassword) {
 TEST_F(FrmTournamentTest, NewTeamNamesAndFiguresLeaveWhatIsTypedAlone) {
   OpenAs("0");
   QLineEdit& box = *Names().lineEdit();
-  for (const bool backwards : {false, true}) {
+  const struct {
+    int start, length, caret;
+    const char* selected;
+  } selections[] = {{1, 2, 3, "ea"}, {3, -2, 1, "ea"}, {2, 0, 2, ""}};
+  for (const auto& c : selections) {
     Type(Names(), "Team");
-    box.setSelection(backwards ? 3 : 1, backwards ? -2 : 2);
-    Receive(backwards ? "[tdd]X" : "[tdd]Team\001Other");
+    box.setSelection(c.start, c.length);
+    Receive("[tdd]Team\001Other" + std::to_string(c.start));
     Receive("[tif]50\001350\0013\00111");
     EXPECT_EQ(box.text(), QStringLiteral("Team"));
-    EXPECT_EQ(box.selectedText(), QStringLiteral("ea"));
-    EXPECT_EQ(box.cursorPosition(), backwards ? 1 : 3);
+    EXPECT_EQ(box.selectedText(), QLatin1String(c.selected));
+    EXPECT_EQ(box.cursorPosition(), c.caret);
   }
   for (const auto& [figure, text] : {std::pair{"iEntryFee", "50"},
                                      {"txtPurse", "350"},
