@@ -1,4 +1,4 @@
-/// The life of a single-instance window: absent, created unseen, shown. The plain half of every
+/// The life of a single-instance window: absent, created unseen, shown. The presenter of every
 /// window but the main one owns one; the Qt half only follows it.
 #pragma once
 

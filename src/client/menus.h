@@ -38,7 +38,7 @@ struct MenuItem {
 
 struct Menu {
   std::string_view name;
-  std::string_view caption;  ///< '&' marks the letter behind it as the access key
+  std::string_view caption;  ///< '&' marks the letter behind it as the mnemonic
   std::span<const MenuItem> items;
 };
 

@@ -1,4 +1,4 @@
-/// The players online, as the server listed them last. The plain half of `lstOnline`.
+/// The players online, as the server listed them last. `lstOnline` draws from it.
 #pragma once
 
 #include <cstddef>
