@@ -16,7 +16,7 @@ constexpr std::size_t kFewestContenders = 2;
 /// A win without opponents counts when they have played at least this long.
 constexpr int kFewestTicks = 5;
 /// Names that one line shows.
-constexpr std::size_t kMostNames = 12;
+constexpr std::size_t kMostNamed = 12;
 
 // Points of Total Score.
 constexpr int kScoreForWin = 300;
@@ -31,7 +31,7 @@ std::string Names(const People& people) {
   for (const auto* one : people) {
     --left;
     names += one->name();
-    if (++named == kMostNames && left > 1) {
+    if (++named == kMostNamed && left > 1) {
       return names + " and " + std::to_string(left) + " more";
     }
     names += left == 0 ? "" : left == 1 ? " and " : ", ";

@@ -13,7 +13,7 @@
 namespace korvanta {
 namespace {
 
-constexpr qint64 kLongestFile = qint64{64} * 1024;
+constexpr qint64 kLongestDeploymentFile = qint64{64} * 1024;
 constexpr int kLongestNoticeLine = 120;
 constexpr int kLongestQuotation = 200;
 
@@ -82,9 +82,9 @@ QString Read(const QString& path, DeploymentValues& values) {
   if (!file.open(QIODevice::ReadOnly)) {
     return QStringLiteral("cannot be read: %1.").arg(file.errorString());
   }
-  const QByteArray bytes = file.read(kLongestFile + 1);
-  if (bytes.size() > kLongestFile) {
-    return QStringLiteral("is longer than %1 bytes.").arg(kLongestFile);
+  const QByteArray bytes = file.read(kLongestDeploymentFile + 1);
+  if (bytes.size() > kLongestDeploymentFile) {
+    return QStringLiteral("is longer than %1 bytes.").arg(kLongestDeploymentFile);
   }
   return ReadValues(IniText({bytes.constData(), static_cast<std::size_t>(bytes.size())}), values);
 }

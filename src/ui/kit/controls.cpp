@@ -16,7 +16,7 @@ namespace {
 
 /// More bytes than anyone reads in a box of one line.
 constexpr std::size_t kReplyLength = 10'000;
-constexpr char kEllipsis = '\x85';
+constexpr char kEllipsisByte = '\x85';
 
 void SetAccessibleName(QWidget& control, QString caption) {
   caption.remove(QLatin1Char('&'));
@@ -80,7 +80,7 @@ void ShowReply(QLineEdit& box, std::string_view text) {
   if (text.size() <= kReplyLength) {
     ShowText(box, text);
   } else if (ToBytes(box.text()) != text) {
-    ShowText(box, std::string(text.substr(0, kReplyLength)) + kEllipsis);
+    ShowText(box, std::string(text.substr(0, kReplyLength)) + kEllipsisByte);
   }
 }
 
