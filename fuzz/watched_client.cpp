@@ -25,19 +25,7 @@ Needs NeedsOf(ClientMessage message) {
       return Needs::LoggedIn;
     case ClientMessage::LookUpStatistics:
       return Needs::Either;
-    case ClientMessage::FormAlliance:
-    case ClientMessage::AttackPlayer:
-    case ClientMessage::EnterGame:
-    case ClientMessage::TopicInformation:
-    case ClientMessage::ResearchTopic:
-    case ClientMessage::RequestTournamentInfo:
-    case ClientMessage::RequestTeamList:
-    case ClientMessage::StartTournament:
-    case ClientMessage::SetTournamentGame:
-    case ClientMessage::EndTournament:
-    case ClientMessage::JoinTeam:
-    case ClientMessage::DisbandTeam:
-    case ClientMessage::KickPlayer:
+    default:
       break;
   }
   return Needs::Connected;

@@ -14,8 +14,8 @@ void Notify(const std::function<void(Args...)>& listener, std::type_identity_t<A
   }
 }
 
-/// Notifies once at its end, also when that is an error's, if the state is then another than it was
-/// when the notice was made. Lives as long as the handler that changes the state.
+/// Notifies when it goes out of scope, be it by an exception, if the state then differs from what
+/// it was when the notice was made.
 template <typename State>
 class ChangeNotice {
  public:

@@ -18,18 +18,6 @@ bool BoardActions::PlayerRightClicked() {
   return true;
 }
 
-void BoardActions::ResearchThis() {
-  connection_.SendIfSocketConnected(outbound::ResearchTopic(SelectedTopic, SelectedLevel));
-}
-
-void BoardActions::Information() {
-  connection_.SendIfSocketConnected(outbound::TopicInformation(SelectedTopic));
-}
-
-void BoardActions::AttackPlayer() {
-  connection_.SendIfSocketConnected(outbound::AttackPlayer(SelectedPlayer));
-}
-
 void BoardActions::ShowStatistics() {
   if (!connection_.IsSocketConnected()) {
     return;
@@ -44,7 +32,5 @@ void BoardActions::FormAlliance() {
     connection_.SendIfSocketConnected(outbound::FormAlliance(player));
   }
 }
-
-void BoardActions::EnterGame() { connection_.SendIfSocketConnected(outbound::EnterGame()); }
 
 }  // namespace korvanta

@@ -9,6 +9,7 @@
 #include "lobby/statistics.h"
 #include "platform/message_box.h"
 #include "protocol/connection.h"
+#include "protocol/message_catalogue.h"
 #include "protocol/topic_code.h"
 
 namespace korvanta {
@@ -30,14 +31,18 @@ class BoardActions {
   /// only when this returns true.
   bool PlayerRightClicked();
 
-  void ResearchThis();
-  void Information();
-  void AttackPlayer();
+  void ResearchThis() {
+    connection_.SendIfSocketConnected(outbound::ResearchTopic(SelectedTopic, SelectedLevel));
+  }
+  void Information() {
+    connection_.SendIfSocketConnected(outbound::TopicInformation(SelectedTopic));
+  }
+  void AttackPlayer() { connection_.SendIfSocketConnected(outbound::AttackPlayer(SelectedPlayer)); }
   /// Opens the statistics window, then asks for the player's record, so that of the two answers it
   /// is the last.
   void ShowStatistics();
   void FormAlliance();
-  void EnterGame();
+  void EnterGame() { connection_.SendIfSocketConnected(outbound::EnterGame()); }
 
   TopicCode SelectedTopic{};  ///< 0 until a box is chosen
   std::int16_t SelectedLevel = 0;

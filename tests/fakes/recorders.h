@@ -34,30 +34,20 @@ class RecordingDisplay : public ConnectionDisplay {
   std::vector<std::string> calls;
 };
 
-class RecordingGame : public ClockReceiver, public BoardReceiver {
+/// "clock seconds", "light topic level", …; for a message that is handed on "tag payload".
+class RecordingThings : public ClockReceiver,
+                        public BoardReceiver,
+                        public OnlineListReceiver,
+                        public StatisticsReceiver,
+                        public NewsReceiver,
+                        public TournamentReceiver {
  public:
-  void StartGameClock(std::int16_t seconds) override {
-    calls.push_back("clock " + std::to_string(seconds));
-  }
+  void StartGameClock(std::int16_t seconds) override { Record("clock", std::to_string(seconds)); }
   void ShowTopicLevel(TopicCode topic, std::int16_t level) override {
-    calls.push_back("light " + std::to_string(static_cast<int>(topic)) + " " +
-                    std::to_string(level));
+    Record("light", std::to_string(static_cast<int>(topic)) + " " + std::to_string(level));
   }
-  void ShowClearedBoard() override { calls.emplace_back("reset"); }
-  void ShowResearchPoints(double points) override {
-    calls.push_back("points " + std::to_string(points));
-  }
-  std::vector<std::string> Take() { return std::exchange(calls, {}); }
-
-  std::vector<std::string> calls;
-};
-
-/// "tag payload" for each message handed on.
-class RecordingLobby : public OnlineListReceiver,
-                       public StatisticsReceiver,
-                       public NewsReceiver,
-                       public TournamentReceiver {
- public:
+  void ShowClearedBoard() override { Record("reset", "board"); }
+  void ShowResearchPoints(double points) override { Record("points", std::to_string(points)); }
   void ShowOnlineList(std::string_view payload) override { Record("onl", payload); }
   void ShowUserStatistics(std::string_view payload) override { Record("bre", payload); }
   void ShowNews(std::string_view payload) override { Record("nws", payload); }
@@ -69,8 +59,8 @@ class RecordingLobby : public OnlineListReceiver,
   std::vector<std::string> calls;
 
  private:
-  void Record(const std::string& tag, std::string_view payload) {
-    calls.push_back(tag + " " + std::string(payload));
+  void Record(const std::string& what, std::string_view payload) {
+    calls.push_back(what + " " + std::string(payload));
   }
 };
 

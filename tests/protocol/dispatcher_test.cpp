@@ -34,12 +34,11 @@ class DispatcherTest : public testing::Test, protected fakes::OfflinePlayer {
     dispatcher.HandleBlock(block);
   }
 
-  fakes::RecordingGame game;
-  fakes::RecordingLobby lobby;
+  fakes::RecordingThings things;
   StarFilter filter;
   Options options;
-  Dispatcher dispatcher{
-      {connection, options, chat, filter, platform.sounds, game, game, lobby, lobby, lobby, lobby}};
+  Dispatcher dispatcher{{connection, options, chat, filter, platform.sounds, things, things, things,
+                         things, things, things}};
 };
 
 TEST_F(DispatcherTest, EveryTagReachesItsHandlerWithItsPayload) {
@@ -47,9 +46,9 @@ TEST_F(DispatcherTest, EveryTagReachesItsHandlerWithItsPayload) {
            "[bre]b", "[end]", "[upg]2x\0013abc", "[clr]x", "[clt]", "[poi]2.5", "[att]4\0011",
            "[msg]cht\001Ann: hi\001True", "[nws]n\r\nm", "[onl]o", "[tif]i", "[ttm]t", "[tdd]d"});
   EXPECT_THAT(chat.Take(), ElementsAre("3|Connected as Ann", "3|Bob logged in", "0|Ann: hi"));
-  EXPECT_THAT(game.Take(), ElementsAre("clock 90", "clock 0", "light 2 3", "reset", "reset",
-                                       "points 2.500000", "light 4 1"));
-  EXPECT_THAT(lobby.Take(), ElementsAre("bre b", "nws n\r\nm", "onl o", "tif i", "ttm t", "tdd d"));
+  EXPECT_THAT(things.Take(), ElementsAre("clock 90", "bre b", "clock 0", "light 2 3", "reset board",
+                                         "reset board", "points 2.500000", "light 4 1",
+                                         "nws n\r\nm", "onl o", "tif i", "ttm t", "tdd d"));
   EXPECT_THAT(platform.sounds.played, ElementsAre("sounds/attack.wav"));
   EXPECT_EQ(values.UserID, 12);
   EXPECT_TRUE(values.IsConnected);
@@ -80,7 +79,7 @@ TEST_F(DispatcherTest, UnknownPiecesAreSkipped) {
 
 TEST_F(DispatcherTest, TheLastPieceNeedsNoTerminatorAndNothingIsKeptForLater) {
   dispatcher.HandleBlock(std::string("[poi]5\0[poi]6", 13));
-  EXPECT_THAT(game.Take(), ElementsAre("points 5.000000", "points 6.000000"));
+  EXPECT_THAT(things.Take(), ElementsAre("points 5.000000", "points 6.000000"));
   dispatcher.HandleBlock("[lo");
   dispatcher.HandleBlock("g]tail");
   dispatcher.HandleBlock("");
@@ -90,10 +89,10 @@ TEST_F(DispatcherTest, TheLastPieceNeedsNoTerminatorAndNothingIsKeptForLater) {
 TEST_F(DispatcherTest, TestsGoOnOnWhatTheHandlerLeft) {
   Receive({"[log][tim][poi]7"});
   EXPECT_THAT(chat.Take(), ElementsAre("3|[tim][poi]7"));
-  EXPECT_THAT(game.Take(), ElementsAre("clock 0", "points 7.000000"));
+  EXPECT_THAT(things.Take(), ElementsAre("clock 0", "points 7.000000"));
   Receive({"[poi][log]earlier tags are past", "[clr][log]x", "[log][log]once"});
   EXPECT_THAT(chat.Take(), ElementsAre("3|[log]once"));
-  EXPECT_THAT(game.Take(), ElementsAre("points 0.000000", "reset"));
+  EXPECT_THAT(things.Take(), ElementsAre("points 0.000000", "reset board"));
 }
 
 TEST_F(DispatcherTest, KindCodesAreExact) {
