@@ -84,7 +84,7 @@ void Session::OpenTournament() {
   user_.Press({"alt+x"});
   user_.Type("4");
   user_.Press({"alt+p"});
-  user_.Type("3");
+  user_.Type("8");
   user_.Press({"Tab", "space", "Escape"});
   user_.WaitUntilGone(window);
   player_.WaitForMessage("A tournament is open for 4 teams");
@@ -141,7 +141,7 @@ int Session::LevelsReached() {
 void Session::PlayGame() {
   LogIn("Rowan");
   player_.Choose("ctrl+e");
-  player_.WaitForMessage("You enter the game that is on");
+  player_.WaitForMessage("You enter the game in progress");
   player_.Choose("ctrl+m");  // the others may win before we have come far enough
   OpenTournament();
   int rounds = 0;

@@ -1,25 +1,12 @@
 #include "practice/server.h"
 
-#include <array>
 #include <cmath>
+#include <string>
 #include <utility>
 #include <vector>
 
-#include "practice/wire/player_text.h"
-#include "practice/wire/server_messages.h"
-
 namespace korvanta::practice {
 namespace {
-
-/// Why an account was not given, by Accounts::Verdict; Accepted has no reason.
-constexpr std::array<std::string_view, 5> kRefusals = {
-    "",
-    "A user name has 4 to 20 characters, and only letters and digits.",
-    "A password has 1 to 64 characters.",
-    "Wrong password. A name belongs to the first password it was used with since the server was "
-    "started.",
-    "This server has no room for another name.",
-};
 
 constexpr std::chrono::milliseconds kGameStep{100};
 /// At a time; after a long sleep of the machine the rest follows.
@@ -30,17 +17,17 @@ constexpr int kMostSteps = 10'000;
 Server::Server(Transport& transport, const ServerOptions& options,
                std::function<void(std::string_view line)> journal)
     : transport_(transport),
-      journal_(std::move(journal)),
+      journal_(journal ? std::move(journal) : [](std::string_view) {}),
       dice_(options.seed),
       players_(transport),
-      arena_(players_, tournament_, dice_, options.pace,
-             [this](std::string_view line) { Write(line); }),
-      lobby_(players_, tournament_, arena_, accounts_, dice_),
-      simulation_(accounts_, players_, lobby_, arena_, tournament_, ~options.seed, options.players),
+      arena_(players_, tournament_, dice_, options.pace, journal_),
+      lobby_(players_, accounts_, tournament_, arena_, dice_),
+      simulation_(accounts_, lobby_, arena_, tournament_, ~options.seed, options.players),
       pace_(options.pace) {
-  lobby_.ListenWith([this](const Player& speaker, const Player* listener, std::string_view words) {
-    simulation_.Hear(speaker, listener, words);
-  });
+  lobby_.SetChatListener(
+      [this](const Player& speaker, const Player* listener, std::string_view words) {
+        simulation_.Hear(speaker, listener, words);
+      });
 }
 
 void Server::Connected(ConnectionId connection) {
@@ -57,25 +44,22 @@ void Server::Received(ConnectionId connection, std::string_view bytes) {
     Handle(connection, session->second, *message);
     session = sessions_.find(connection);
     if (session == sessions_.end()) {
-      break;
+      return;
     }
   }
-  if (session != sessions_.end() && session->second.stream.IsBroken()) {
-    End(connection, "A message of your client was far too long.");
+  if (session->second.stream.IsBroken()) {
+    End(connection, Refusal::MessageTooLong);
   }
-  lobby_.SendOnlineListIfDue();
 }
 
 void Server::Vanished(ConnectionId connection) {
   if (auto session = sessions_.extract(connection)) {
     LogOut(session.mapped());
   }
-  lobby_.SendOnlineListIfDue();
 }
 
 void Server::Tick(std::chrono::milliseconds now) {
   now_ = now;
-  lobby_.Tick(now);
   // The game goes on in steps of one length, so that it does not depend on how often this is
   // called.
   const auto game_now =
@@ -92,12 +76,10 @@ void Server::Tick(std::chrono::milliseconds now) {
     }
   }
   for (ConnectionId connection : too_late) {
-    End(connection, "You did not log in within 30 seconds.");
+    End(connection, Refusal::LoginTooLate);
   }
-  lobby_.SendOnlineListIfDue();
+  lobby_.Tick(now);
 }
-
-void Server::SayFarewell() { players_.AnnounceToAll("The server is being stopped. Goodbye!"); }
 
 void Server::Handle(ConnectionId connection, Session& session, std::string_view message) {
   const auto request = ReadRequest(message);
@@ -106,38 +88,36 @@ void Server::Handle(ConnectionId connection, Session& session, std::string_view 
       LogIn(connection, session, *request);
     }
   } else if (!request) {
-    players_.Refuse(*session.player, "Your client sent something that this server does not know.");
-  } else if (request->kind == ClientMessage::Login) {
-    players_.Refuse(*session.player, "You are logged in already.");
+    players_.Refuse(*session.player, Refusal::UnknownMessage);
   } else if (request->kind == ClientMessage::Disconnect) {
-    End(connection, {});
-  } else if (request->kind != ClientMessage::KeepAlive) {
+    End(connection, Refusal::None);
+  } else {
     lobby_.Handle(*session.player, *request);
   }
 }
 
 void Server::LogIn(ConnectionId connection, Session& session, const ClientRequest& request) {
   if (!request.is_complete) {
-    End(connection, "Your client's login lacks its version, name or password.");
+    End(connection, Refusal::IncompleteLogin);
     return;
   }
-  const auto [verdict, account] = accounts_.Admit(request.fields[1], request.fields[2]);
+  const auto [refusal, account] = accounts_.Admit(request.fields[1], request.fields[2]);
   if (account == nullptr) {
-    End(connection, kRefusals.at(static_cast<std::size_t>(verdict)));
+    End(connection, refusal);
     return;
   }
   if (players_.Find(account->name) != nullptr) {
-    End(connection, account->name + " is logged in already.");
+    End(connection, Refusal::LoggedInElsewhere, {account->name});
     return;
   }
   session.player = &lobby_.Enter(connection, *account);
-  Write(account->name + " logged in");
+  journal_(account->name + " logged in");
 }
 
-/// The reason, if there is one, is the last that the client hears.
-void Server::End(ConnectionId connection, std::string_view reason) {
-  if (!reason.empty()) {
-    transport_.Send(connection, messages::ChatLine(MessageKind::Admin, "Server", reason));
+/// The reason, if there is one, is the last that is sent.
+void Server::End(ConnectionId connection, Refusal reason, const std::vector<std::string>& values) {
+  if (reason != Refusal::None) {
+    transport_.Send(connection, LineOf(SentenceFor(reason), values));
   }
   const auto session = sessions_.extract(connection);
   LogOut(session.mapped());
@@ -148,13 +128,7 @@ void Server::LogOut(const Session& session) {
   if (session.player != nullptr) {
     const std::string name = session.player->name();
     lobby_.Leave(*session.player);
-    Write(name + " logged out");
-  }
-}
-
-void Server::Write(std::string_view line) const {
-  if (journal_) {
-    journal_(line);
+    journal_(name + " logged out");
   }
 }
 

@@ -1,23 +1,19 @@
-/// The practice server without its network: it is told what arrives and how time passes, and
-/// answers through a transport. The same calls and the same options give the same answers.
+/// The practice server without its network: its caller hands it what arrives and lets time pass,
+/// and it answers through a transport. The same calls and the same options give the same answers.
 #pragma once
 
 #include <chrono>
-#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
-#include <random>
-#include <string>
 #include <string_view>
 
+#include "practice/base/dice.h"
 #include "practice/game/arena.h"
 #include "practice/lobby/lobby.h"
-#include "practice/players/accounts.h"
 #include "practice/players/players.h"
 #include "practice/simulation/simulation.h"
 #include "practice/tournament/tournament.h"
-#include "practice/wire/client_requests.h"
 #include "practice/wire/message_stream.h"
 #include "practice/wire/transport.h"
 
@@ -34,8 +30,8 @@ class Server {
   /// How long a connection may stay without a login.
   static constexpr std::chrono::seconds kLoginTime{30};
 
-  /// The transport must outlive the server. `journal` hears one line about each login, logout
-  /// and game.
+  /// The transport must outlive the server. `journal` gets one line about each login,
+  /// logout and game.
   Server(Transport& transport, const ServerOptions& options,
          std::function<void(std::string_view line)> journal = {});
 
@@ -49,8 +45,8 @@ class Server {
   /// about ten times a second.
   void Tick(std::chrono::milliseconds now);
 
-  /// Tells everyone who is logged in that the server ends now.
-  void SayFarewell();
+  /// Announces the end of the server to everyone who is logged in.
+  void SayFarewell() { players_.SayToAll(sentences::kFarewell); }
 
  private:
   struct Session {
@@ -61,13 +57,12 @@ class Server {
 
   void Handle(ConnectionId connection, Session& session, std::string_view message);
   void LogIn(ConnectionId connection, Session& session, const ClientRequest& request);
-  void End(ConnectionId connection, std::string_view reason);
+  void End(ConnectionId connection, Refusal reason, const std::vector<std::string>& values = {});
   void LogOut(const Session& session);
-  void Write(std::string_view line) const;
 
   Transport& transport_;
-  std::function<void(std::string_view)> journal_;
-  std::mt19937_64 dice_;
+  std::function<void(std::string_view line)> journal_;
+  Dice dice_;
   Accounts accounts_;
   Players players_;
   Tournament tournament_;

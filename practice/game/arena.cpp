@@ -2,10 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <set>
 #include <utility>
 
-#include "practice/wire/player_text.h"
+#include "practice/wire/server_messages.h"
 
 namespace korvanta::practice {
 namespace {
@@ -22,27 +21,34 @@ constexpr std::size_t kMostNamed = 12;
 constexpr int kScoreForWin = 300;
 constexpr int kScoreForAllianceWin = 200;
 
-/// "Ann", "Ann and Bob", "Ann, Bob and Cid".
+/// "Ann", "Ann and Bob", "Ann, Bob and Cid", "Ann, Bob, …, Lia and 7 more".
 template <typename People>
 std::string Names(const People& people) {
-  std::string names;
-  std::size_t left = people.size();
-  std::size_t named = 0;
+  std::vector<std::string> names;
   for (const auto* one : people) {
-    --left;
-    names += one->name();
-    if (++named == kMostNamed && left > 1) {
-      return names + " and " + std::to_string(left) + " more";
-    }
-    names += left == 0 ? "" : left == 1 ? " and " : ", ";
+    names.push_back(one->name());
   }
-  return names;
+  if (names.size() > kMostNamed + 1) {
+    names[kMostNamed] = std::to_string(names.size() - kMostNamed) + " more";
+    names.resize(kMostNamed + 1);
+  }
+  const std::string last = names.back();
+  names.pop_back();
+  return names.empty() ? last : Joined(names, ", ") + " and " + last;
+}
+
+std::string BoardOf(const Contender& contender) {
+  std::string board;
+  for (Topic topic : kTopicsWithLevels) {
+    board += Message<ServerMessage::TopicResearched>(topic, contender.LevelOf(topic));
+  }
+  return board + Message<ServerMessage::ResearchPoints>(contender.points);
 }
 
 }  // namespace
 
-Arena::Arena(Players& players, Tournament& tournament, std::mt19937_64& dice, double pace,
-             Journal journal)
+Arena::Arena(Players& players, Tournament& tournament, Dice& dice, double pace,
+             std::function<void(std::string_view line)> journal)
     : players_(players),
       tournament_(tournament),
       dice_(dice),
@@ -51,88 +57,64 @@ Arena::Arena(Players& players, Tournament& tournament, std::mt19937_64& dice, do
 
 void Arena::Step(milliseconds now) {
   now_ = now;
-  if (!due_ || now < *due_) {
+  if (!deadline_ || now < *deadline_) {
     return;
   }
   switch (phase_) {
     case Phase::Gathering:
-      Begin();
-      break;
+      return Begin();
     case Phase::Playing:
-      Tick();
-      break;
+      return Tick();
     case Phase::Resting:
-      Clear();
-      break;
+      return Clear();
   }
 }
 
 void Arena::Enter(Player& player) {
-  if (Seat(player) != nullptr) {
-    players_.Refuse(player, "You are in the game already.");
+  if (SeatOf(player) != nullptr) {
+    players_.Refuse(player, Refusal::InGameAlready);
     return;
   }
   player.is_away = false;
-  players_.ListChanges();
-  const bool may_return = phase_ == Phase::Playing && LostSeatOf(player) != lost_.end();
-  if (may_return || (phase_ == Phase::Playing && !is_for_teams_ && game_->IsOpen() &&
-                     !IsMeantForNextGame(player))) {
-    player.is_ready = true;
-    Comment(player.name() + (may_return ? " is back in the game" : " enters the game"));
-    const Contender& contender = TakeSeat(player, {});
-    players_.Answer(player, std::string("You enter the game that is on, with ") +
-                                Counted(contender.points, "point") +
-                                (may_return ? "." : " to catch up."));
+  const bool was_ready = std::exchange(player.is_ready, true);
+  if (phase_ == Phase::Playing && !is_for_teams_ && game_->IsOpen() &&
+      !IsMeantForNextGame(player)) {
+    Comment(sentences::kEnters, {player.name()});
+    const Contender& contender = game_->Enter(*player.account);
+    SendStart(player, contender);
+    players_.Say(player, sentences::kEnterGame, Counted(contender.points, "point"));
     return;
   }
-  const bool was_ready = std::exchange(player.is_ready, true);
-  const bool was_waiting = !due_;
+  const bool clock_ran = deadline_.has_value();
   GatherIfEnough();
-  players_.Answer(player, std::string(was_ready ? "You are ready for the next game already"
-                                                : "You are ready for the next game") +
-                              (phase_ == Phase::Playing ? "; one is being played."
-                               : due_                   ? ", which begins in " + TimeLeft() + "."
-                                      : "; it begins when another player is ready."));
-  if (phase_ == Phase::Gathering && !was_waiting) {
+  const auto time = TimeLeft();
+  const std::string when = Filled(phase_ == Phase::Playing ? sentences::kWhenThisIsOver
+                                  : time                   ? sentences::kWhenClockRuns
+                                                           : sentences::kWhenAnotherIsReady,
+                                  {time.value_or("")});
+  players_.Say(player, was_ready ? sentences::kReadyAlready : sentences::kReady, when);
+  if (phase_ == Phase::Gathering && clock_ran) {
     players_.Send(player, Clock());
   }
 }
 
 void Arena::Leave(Player& player) {
-  if (Seat(player) == nullptr) {
-    if (!player.is_ready) {
-      players_.Refuse(player, "You are in no game.");
-      return;
-    }
-    player.is_ready = false;
-    players_.ListChanges();
-    players_.Answer(player, "You do not take part in the next game.");
-    return;
-  }
-  player.is_ready = false;
-  left_.insert(player.account);
-  RemoveFromGame(*Seat(player), "leaves the game");
-  players_.Answer(player, "You have left the game.");
-  players_.Send(player, messages::ClearBoard());
-}
-
-void Arena::Forget(const Account& account) {
-  if (phase_ != Phase::Playing) {
-    return;
-  }
-  if (const Contender* contender = game_->Find(account)) {
-    lost_.push_back(*contender);
-    RemoveFromGame(*contender, "is gone from the game");
+  const Contender* seat = SeatOf(player);
+  if (!std::exchange(player.is_ready, false)) {
+    players_.Refuse(player, Refusal::NotWaiting);
+  } else if (seat == nullptr) {
+    players_.Say(player, sentences::kReadyNoLonger);
+  } else {
+    left_.insert(player.account);
+    Remove(*seat, sentences::kLeaves);
+    players_.Say(player, sentences::kLeaveGame);
+    players_.Send(player, Message<ServerMessage::BoardCleared>());
   }
 }
 
-void Arena::Hurry(Player& player) {
-  if (phase_ == Phase::Playing) {
-    players_.Refuse(player, "A game is being played.");
-    return;
-  }
-  if (!EnoughAreReady()) {
-    players_.Refuse(player, "A game takes two players who are ready.");
+void Arena::Start(const Player& player) {
+  if (phase_ == Phase::Playing || !EnoughAreReady()) {
+    players_.Refuse(player, phase_ == Phase::Playing ? Refusal::GameIsOn : Refusal::TooFewPlayers);
     return;
   }
   if (phase_ == Phase::Resting) {
@@ -141,18 +123,43 @@ void Arena::Hurry(Player& player) {
   Begin();
 }
 
-const Contender* Arena::ContenderOf(const Player& player) const {
-  return phase_ == Phase::Playing ? game_->Find(*player.account) : nullptr;
-}
-
-Contender* Arena::Seat(const Player& player) {
-  return phase_ == Phase::Playing ? game_->Find(*player.account) : nullptr;
-}
-
-std::list<Contender>::iterator Arena::LostSeatOf(const Player& player) {
-  return std::find_if(lost_.begin(), lost_.end(), [&](const Contender& contender) {
+void Arena::Welcome(Player& player) {
+  const auto lost = std::find_if(lost_.begin(), lost_.end(), [&](const Contender& contender) {
     return contender.account == player.account;
   });
+  if (phase_ == Phase::Playing && lost != lost_.end()) {
+    player.is_ready = true;
+    Comment(sentences::kReturns, {player.name()});
+    const Contender& contender = game_->Return(*lost);
+    lost_.erase(lost);
+    players_.Send(player, BoardOf(contender));
+    SendStart(player, contender);
+    players_.Say(player, sentences::kSeatAgain, Counted(contender.points, "point"));
+    return;
+  }
+  const bool clock_runs = phase_ == Phase::Gathering && deadline_;
+  players_.Send(player, BoardOf(Contender{player.account}) +
+                            (clock_runs ? Clock() : Message<ServerMessage::GameClock>(0)));
+}
+
+void Arena::Forget(const Account& account) {
+  if (phase_ != Phase::Playing) {
+    return;
+  }
+  if (const Contender* contender = game_->Find(account)) {
+    lost_.push_back(*contender);
+    Remove(*contender, sentences::kDisappears);
+  }
+}
+
+void Arena::Win(Contender& finder) { End(game_->WinnersWith(finder), &finder); }
+
+Contender* Arena::SeatOf(const Player& player) {
+  return phase_ == Phase::Playing ? game_->Find(*player.account) : nullptr;
+}
+
+const Contender* Arena::SeatOf(const Player& player) const {
+  return phase_ == Phase::Playing ? game_->Find(*player.account) : nullptr;
 }
 
 bool Arena::IsMeantForNextGame(const Player& player) const {
@@ -169,184 +176,158 @@ bool Arena::EnoughAreReady() const {
 
 /// A gathering starts its clock when there are enough for a game.
 void Arena::GatherIfEnough() {
-  if (phase_ == Phase::Gathering && !due_ && EnoughAreReady()) {
-    due_ = now_ + kGathering;
+  if (phase_ == Phase::Gathering && !deadline_ && EnoughAreReady()) {
+    deadline_ = now_ + kGathering;
     players_.SendToAll(Clock());
   }
 }
 
-void Arena::Begin() {
+/// Everyone who takes part in the game that is to begin. Nobody when it would be one for teams and
+/// fewer than two have come.
+std::vector<Player*> Arena::Entrants(bool is_for_teams) {
   std::vector<Player*> entrants;
   std::set<const Team*> teams;
-  is_for_teams_ = tournament_.is_game_set;
-  const auto gather = [&] {
-    entrants.clear();
-    teams.clear();
-    for (auto& [key, player] : players_.all()) {
-      const Team* team = tournament_.teams.TeamOf(player.name());
-      const bool can_pay = player.account->figures.score >= tournament_.entry_fee;
-      if (player.is_ready && (!is_for_teams_ || (team != nullptr && can_pay))) {
-        entrants.push_back(&player);
-        teams.insert(team);
-      }
+  for (auto& [key, player] : players_.all()) {
+    const Team* team = is_for_teams ? tournament_.teams.TeamOf(player.name()) : nullptr;
+    const bool can_pay = player.account->figures.score >= tournament_.terms.entry_fee;
+    if (player.is_ready && (!is_for_teams || (team != nullptr && can_pay))) {
+      entrants.push_back(&player);
+      teams.insert(team);
     }
-  };
-  gather();
-  if (is_for_teams_ && teams.size() < kFewestContenders) {
-    players_.AnnounceToAll(
-        "Too few teams are ready for the tournament game; an open one is "
-        "played first.");
+  }
+  if (is_for_teams && teams.size() < kFewestContenders) {
+    entrants.clear();
+  }
+  return entrants;
+}
+
+void Arena::Begin() {
+  is_for_teams_ = tournament_.is_game_set;
+  std::vector<Player*> entrants = Entrants(is_for_teams_);
+  if (is_for_teams_ && entrants.empty()) {
+    players_.SayToAll(sentences::kTooFewTeams);
     is_for_teams_ = false;
-    gather();
+    entrants = Entrants(is_for_teams_);
   }
   if (entrants.size() < kFewestContenders) {
-    due_.reset();
-    players_.AnnounceToAll("Too few players are ready for a game.");
+    deadline_.reset();
+    players_.SayToAll(sentences::kTooFewPlayers);
     return;
   }
   phase_ = Phase::Playing;
   game_.emplace(dice_);
   left_.clear();
   lost_.clear();
-  due_ = now_ + kTick;
-  ++games_;
+  deadline_ = now_ + kTick;
+  ++number_;
   purse_ = 0;
   tournament_.is_game_set &= !is_for_teams_;
-  const std::string title = (is_for_teams_ ? "Tournament game " : "Game ") + std::to_string(games_);
+  const std::string title =
+      (is_for_teams_ ? "Tournament game " : "Game ") + std::to_string(number_);
   const std::string names = Names(entrants);
-  players_.AnnounceToAll(
-      title + " begins: " + names +
-      (is_for_teams_ ? ". Your team wins together!" : ". Research, attack, ally!"));
+  players_.SayToAll(is_for_teams_ ? sentences::kTeamGameBegins : sentences::kGameBegins, title,
+                    names);
   journal_(title + " begins: " + names);
   for (Player* player : entrants) {
     std::string team;
     if (is_for_teams_) {
       team = tournament_.teams.TeamOf(player->name())->name;
-      std::int64_t& score = player->account->figures.score;
-      score -= tournament_.entry_fee;
-      purse_ += tournament_.entry_fee;
+      player->account->figures.score -= tournament_.terms.entry_fee;
+      purse_ += tournament_.terms.entry_fee;
     }
-    TakeSeat(*player, team);
+    SendStart(*player, game_->Enter(*player->account, team));
   }
-  if (is_for_teams_) {
-    for (auto& [key, player] : players_.all()) {
-      if (player.is_ready && Seat(player) == nullptr) {
-        player.is_ready = false;
-        players_.Refuse(player,
-                        "The game that begins is for members of teams who can pay the "
-                        "entry fee.");
-      }
+  for (auto& [key, player] : players_.all()) {
+    if (player.is_ready && SeatOf(player) == nullptr) {
+      player.is_ready = false;
+      players_.Refuse(player, Refusal::NotInTournamentGame);
     }
   }
-  players_.ListChanges();
 }
 
-/// A new one, or the one that the player has been lost from.
-const Contender& Arena::TakeSeat(Player& player, std::string_view team) {
-  const auto lost = LostSeatOf(player);
-  const bool is_back = lost != lost_.end();
-  const Contender& contender = is_back ? game_->Return(*lost) : game_->Enter(*player.account, team);
-  std::string board;
-  for (Topic topic : kTopicsWithLevels) {
-    if (const int level = contender.LevelOf(topic); level > 0) {
-      board += messages::Researched(Code(topic), level);
-    }
-  }
-  if (is_back) {
-    lost_.erase(lost);
-  }
-  players_.Send(player, Clock() + board + messages::ResearchPoints(contender.points) +
-                            messages::PlaySound(Sound::GameStart));
-  return contender;
+void Arena::SendStart(const Player& player, const Contender& contender) {
+  players_.Send(player, Clock() + Message<ServerMessage::ResearchPoints>(contender.points) +
+                            Message<ServerMessage::Sound>(Sound::GameStart));
 }
 
 void Arena::Tick() {
   game_->Tick();
-  due_ = *due_ + kTick;
-  const std::string news = messages::Caption("Game " + std::to_string(games_) + ", tick " +
-                                             std::to_string(game_->ticks())) +
-                           Clock() + messages::PlaySound(Sound::Tick);
+  deadline_ = *deadline_ + kTick;
+  const std::string news =
+      Message<ServerMessage::Caption>("Game " + std::to_string(number_) + ", tick " +
+                                      std::to_string(game_->ticks())) +
+      Clock() + Message<ServerMessage::Sound>(Sound::Tick);
   for (const Contender& contender : game_->contenders()) {
-    Tell(contender, news + messages::ResearchPoints(contender.points));
+    Send(contender, news + Message<ServerMessage::ResearchPoints>(contender.points));
   }
 }
 
 /// Everyone in `winners` wins; `finder` has the Golden Knowledge, and is null when all others have
 /// left.
 void Arena::End(const std::vector<Contender*>& winners, const Contender* finder) {
-  const std::string names = Names(winners);
+  const bool alone = winners.size() == 1;
   for (Contender* winner : winners) {
-    Tell(*winner, messages::PlaySound(Sound::Win));
+    Send(*winner, Message<ServerMessage::Sound>(Sound::Win));
     Figures& figures = winner->account->figures;
     figures.score += purse_ / static_cast<std::int64_t>(winners.size());
-    if (finder == nullptr && game_->ticks() < kFewestTicks) {
-      continue;
+    if (finder != nullptr || game_->ticks() >= kFewestTicks) {
+      const bool is_full_win = alone || winner == finder;
+      figures.wins += is_full_win ? 1 : 0;
+      figures.alliance_wins += alone ? 0 : 1;
+      figures.score += is_full_win ? kScoreForWin : kScoreForAllianceWin;
     }
-    const bool alone = winners.size() == 1;
-    if (alone || winner == finder) {
-      ++figures.wins;
-    }
-    if (!alone) {
-      ++figures.alliance_wins;
-    }
-    figures.score += alone || winner == finder ? kScoreForWin : kScoreForAllianceWin;
   }
   if (finder != nullptr) {
-    players_.AnnounceToAll(finder->name() + " has researched the Golden Knowledge!");
+    players_.SayToAll(sentences::kGoldenKnowledge, finder->name());
   }
-  std::string verdict = names + (winners.size() == 1 ? " wins" : " win") + " game " +
-                        std::to_string(games_) + " after " + Counted(game_->ticks(), "tick");
+  const std::string verdict = Names(winners) + (alone ? " wins" : " win") + " game " +
+                              std::to_string(number_) + " after " + Counted(game_->ticks(), "tick");
   journal_(verdict);
-  if (purse_ > 0) {
-    verdict += " and the purse of " + std::to_string(purse_);
-  }
-  players_.AnnounceToAll(verdict + "!");
+  players_.SayToAll(purse_ > 0 ? sentences::kPurseWon : sentences::kGameWon, verdict, purse_);
   phase_ = Phase::Resting;
-  due_ = now_ + kRest;
+  deadline_ = now_ + kRest;
   for (const Contender& contender : game_->contenders()) {
-    Tell(contender, messages::Pause(SecondsLeft()));
+    Send(contender, Message<ServerMessage::GamePause>(Seconds(kRest)));
     if (Player* player = players_.Find(contender.name())) {
       player->is_ready = tournament_.is_game_set && IsMeantForNextGame(*player);
     }
   }
-  players_.ListChanges();
 }
 
 void Arena::Clear() {
   phase_ = Phase::Gathering;
-  due_.reset();
+  deadline_.reset();
   game_.reset();
-  players_.SendToAll(is_for_teams_ ? messages::ClearTournamentBoard() : messages::ClearBoard());
+  players_.SendToAll(is_for_teams_ ? Message<ServerMessage::TournamentBoardCleared>()
+                                   : Message<ServerMessage::BoardCleared>());
   GatherIfEnough();
-  players_.AnnounceToAll(tournament_.is_game_set
-                             ? "The next game is the tournament game. Members of teams, choose "
-                               "\"Enter Game\" (Ctrl+E)!"
-                             : "The next game is open: choose \"Enter Game\" (Ctrl+E) to take "
-                               "part.");
+  players_.SayToAll(tournament_.is_game_set ? sentences::kNextGameIsForTeams
+                                            : sentences::kNextGameIsOpen);
 }
 
-void Arena::RemoveFromGame(const Contender& contender, std::string_view what_it_did) {
+void Arena::Remove(const Contender& contender, const Sentence& departure) {
   const std::string name = contender.name();
   game_->Leave(contender);
-  players_.ListChanges();
-  Comment(name + " " + std::string(what_it_did));
-  const Contender& first = game_->contenders().front();
-  const std::vector<Contender*> side = game_->WinnersWith(first);
+  Comment(departure, {name});
+  const std::vector<Contender*> side = game_->WinnersWith(game_->contenders().front());
   if (side.size() == game_->contenders().size()) {
     End(side, nullptr);
   }
 }
 
-void Arena::Comment(std::string_view words) {
-  const std::string line = messages::ChatLine(MessageKind::Plain, "*", words);
-  for (const Contender& contender : game_->contenders()) {
-    Tell(contender, line);
+void Arena::Send(const Contender& contender, std::string_view messages) {
+  if (const Player* player = players_.Find(contender.name())) {
+    players_.Send(*player, messages);
   }
 }
 
-void Arena::Tell(const Contender& contender, std::string_view messages) {
-  if (const Player* player = players_.Find(contender.name())) {
-    players_.Send(*player, messages);
+void Arena::Comment(const Sentence& sentence, const std::vector<std::string>& values,
+                    const Contender* except) {
+  const std::string line = LineOf(sentence, values);
+  for (const Contender& contender : game_->contenders()) {
+    if (&contender != except) {
+      Send(contender, line);
+    }
   }
 }
 
@@ -356,15 +337,16 @@ std::int64_t Arena::Seconds(milliseconds time) const {
   return std::max<std::int64_t>(1, static_cast<std::int64_t>(std::ceil(seconds)));
 }
 
-std::int64_t Arena::SecondsLeft() const { return Seconds(*due_ - now_); }
+std::string Arena::Clock() const {
+  return Message<ServerMessage::GameClock>(Seconds(*deadline_ - now_));
+}
 
-std::string Arena::Clock() const { return messages::Clock(SecondsLeft()); }
-
-/// Until the next tick, or until the next game at the earliest.
-std::string Arena::TimeLeft() const {
-  const auto seconds =
-      phase_ == Phase::Resting ? Seconds(*due_ - now_ + kGathering) : SecondsLeft();
-  return Counted(seconds, "second");
+std::optional<std::string> Arena::TimeLeft() const {
+  if (!deadline_) {
+    return std::nullopt;
+  }
+  const milliseconds more = phase_ == Phase::Resting ? kGathering : milliseconds(0);
+  return Counted(Seconds(*deadline_ - now_ + more), "second");
 }
 
 }  // namespace korvanta::practice

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
-#include "practice/wire/player_text.h"
+#include "practice/base/player_text.h"
 
 namespace korvanta::practice {
 namespace {
@@ -40,19 +40,10 @@ constexpr std::array<TopicText, 5> kTopicTexts = {{
     {"Industry", "Each level brings one more research point with every tick."},
     {"Population", "Each level makes all research a tenth cheaper."},
     {"Defense", "Each level blocks more of the attacks on you."},
-    {"Golden Knowledge", "It wins the game, and takes two topics at level 4."},
+    {"Golden Knowledge", "It wins the game, and needs two topics at level 4."},
 }};
 
 const TopicText& TextOf(Topic topic) { return kTopicTexts.at(static_cast<std::size_t>(topic) - 1); }
-
-/// The reason why the contender cannot pay; empty when it can.
-std::string Shortage(const Contender& contender, std::string_view what, int cost) {
-  if (contender.points >= cost) {
-    return {};
-  }
-  return std::string(what) + " costs " + Counted(cost, "point") + " and you have " +
-         std::to_string(contender.points) + ".";
-}
 
 }  // namespace
 
@@ -69,8 +60,12 @@ bool Contender::IsNearWinning() const {
   return std::count(levels.begin(), levels.end(), kTopLevel) >= 2;
 }
 
-bool Contender::IsOnOneSideWith(const Contender& other) const {
-  return ally == &other || (!team.empty() && team == other.team);
+bool Contender::IsTeammateOf(const Contender& other) const {
+  return !team.empty() && team == other.team;
+}
+
+bool Contender::IsOnSideOf(const Contender& other) const {
+  return ally == &other || IsTeammateOf(other);
 }
 
 Contender& Game::Enter(Account& account, std::string_view team) {
@@ -147,28 +142,20 @@ int Game::BlockChance(const Contender& attacker, const Contender& target) {
                     kLeastBlock, kMostBlock);
 }
 
-Game::Research Game::DoResearch(Contender& contender, Topic topic, int level) {
-  const std::string name(TopicName(topic));
-  if (topic == Topic::GoldenKnowledge) {
-    if (!contender.IsNearWinning()) {
-      return {"The Golden Knowledge takes two topics at level 4 first."};
-    }
-  } else {
-    const int now = contender.LevelOf(topic);
-    if (level <= now) {
-      return {"You have reached " + name + " level " + std::to_string(level) + " already."};
-    }
-    if (level != now + 1) {
-      return {"Levels come one by one: next is " + name + " level " + std::to_string(now + 1) +
-              "."};
-    }
+Refusal Game::Research(Contender& contender, Topic topic, int level) {
+  const bool wins = topic == Topic::GoldenKnowledge;
+  if (wins && !contender.IsNearWinning()) {
+    return Refusal::GoldenKnowledgeNeedsTopics;
+  }
+  if (!wins && level <= contender.LevelOf(topic)) {
+    return Refusal::LevelReachedAlready;
+  }
+  if (!wins && level != contender.LevelOf(topic) + 1) {
+    return Refusal::LevelOutOfOrder;
   }
   const int cost = Cost(contender, topic);
-  const bool wins = topic == Topic::GoldenKnowledge;
-  if (std::string why = Shortage(
-          contender, wins ? "The " + name : name + " level " + std::to_string(level), cost);
-      !why.empty()) {
-    return {why + " You get " + std::to_string(Income(contender)) + " with each tick."};
+  if (contender.points < cost) {
+    return Refusal::ResearchTooDear;
   }
   contender.points -= cost;
   ++contender.account->figures.research;
@@ -176,45 +163,37 @@ Game::Research Game::DoResearch(Contender& contender, Topic topic, int level) {
   if (!wins) {
     contender.LevelOf(topic) = level;
   }
-  return {{}, level, wins};
+  return Refusal::None;
 }
 
-Game::Attack Game::DoAttack(Contender& attacker, Contender& target) {
-  if (!attacker.team.empty() && attacker.team == target.team) {
-    return {target.name() + " is in your team."};
-  }
-  if (attacker.LevelOf(Topic::Military) == 0) {
-    return {"An attack takes Military level 1 at least."};
-  }
-  if (attacker.has_attacked) {
-    return {"You have attacked already; wait for the next tick."};
-  }
-  if (target.was_set_back) {
-    return {target.name() + " was set back already; wait for the next tick."};
-  }
+Game::AttackResult Game::Attack(Contender& attacker, Contender& target) {
   std::vector<Topic> researched;
   std::copy_if(kTopicsWithLevels.begin(), kTopicsWithLevels.end(), std::back_inserter(researched),
                [&](Topic topic) { return target.LevelOf(topic) > 0; });
-  if (researched.empty()) {
-    return {target.name() + " has researched nothing that you could destroy."};
-  }
-  if (std::string why = Shortage(attacker, "An attack", kAttackCost); !why.empty()) {
-    return {std::move(why)};
+  const Refusal refusal = attacker.IsTeammateOf(target)            ? Refusal::Teammate
+                          : attacker.LevelOf(Topic::Military) == 0 ? Refusal::AttackNeedsMilitary
+                          : attacker.has_attacked                  ? Refusal::AttackedAlready
+                          : target.was_set_back                    ? Refusal::SetBackAlready
+                          : researched.empty()                     ? Refusal::NothingToDestroy
+                          : attacker.points < kAttackCost          ? Refusal::AttackTooDear
+                                                                   : Refusal::None;
+  if (refusal != Refusal::None) {
+    return {refusal};
   }
   attacker.points -= kAttackCost;
   attacker.has_attacked = true;
-  Attack attack;
+  AttackResult attack;
   attack.broke_alliance = attacker.ally == &target;
   if (attack.broke_alliance) {
     EndAlliance(attacker);
     ++attacker.account->figures.alliance_screw_overs;
-  } else if (dice_() % 100 < static_cast<std::uint64_t>(BlockChance(attacker, target))) {
+  } else if (dice_.Chance(BlockChance(attacker, target))) {
     ++target.account->figures.blocks;
     target.account->figures.score += kScorePerBlock;
     attack.was_blocked = true;
     return attack;
   }
-  attack.topic = researched[dice_() % researched.size()];
+  attack.topic = dice_.Pick(researched);
   attack.level = --target.LevelOf(attack.topic);
   target.was_set_back = true;
   ++attacker.account->figures.research_destroyed;
@@ -223,28 +202,24 @@ Game::Attack Game::DoAttack(Contender& attacker, Contender& target) {
   return attack;
 }
 
-Game::Alliance Game::Propose(Contender& contender, Contender& other) {
+Refusal Game::Propose(Contender& contender, Contender& other) {
   if (!contender.team.empty()) {
-    return {"In a tournament game your team is your alliance."};
-  }
-  if (contender.ally == &other) {
-    return {other.name() + " is your ally already."};
+    return Refusal::TeamIsAlliance;
   }
   if (contender.ally != nullptr) {
-    return {"You are allied with " + contender.ally->name() + "; /break ends that."};
+    return contender.ally == &other ? Refusal::AlliedAlready : Refusal::HasAlly;
   }
   if (other.ally != nullptr) {
-    return {other.name() + " has another ally."};
+    return Refusal::OpponentHasAlly;
   }
-  if (other.proposed_to != &contender) {
-    contender.proposed_to = &other;
-    return {};
+  contender.proposed_to = &other;
+  if (other.proposed_to == &contender) {
+    contender.ally = &other;
+    other.ally = &contender;
+    contender.proposed_to = nullptr;
+    other.proposed_to = nullptr;
   }
-  contender.ally = &other;
-  other.ally = &contender;
-  contender.proposed_to = nullptr;
-  other.proposed_to = nullptr;
-  return {{}, true};
+  return Refusal::None;
 }
 
 void Game::EndAlliance(Contender& contender) {
@@ -257,7 +232,7 @@ void Game::EndAlliance(Contender& contender) {
 std::vector<Contender*> Game::WinnersWith(const Contender& contender) {
   std::vector<Contender*> winners;
   for (Contender& other : contenders_) {
-    if (&other == &contender || other.IsOnOneSideWith(contender)) {
+    if (&other == &contender || other.IsOnSideOf(contender)) {
       winners.push_back(&other);
     }
   }

@@ -1,17 +1,18 @@
 /// The rules of one game: who takes part, what research and attacks cost and do, and who wins.
-/// It speaks to nobody; the arena runs it and tells the players.
+/// It says nothing to anybody: the arena runs it, and the moves of players go to it through Moves.
 #pragma once
 
 #include <array>
 #include <cstdint>
 #include <list>
 #include <optional>
-#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "practice/base/dice.h"
 #include "practice/players/accounts.h"
+#include "practice/words/sentences.h"
 
 namespace korvanta::practice {
 
@@ -24,11 +25,10 @@ inline constexpr int kTopLevel = 4;
 /// The level that clients name when they ask for the Golden Knowledge.
 inline constexpr int kGoldenLevel = 5;
 
-constexpr int Code(Topic topic) { return static_cast<int>(topic); }
 std::string_view TopicName(Topic topic);
 /// What the topic is good for, in one sentence.
 std::string_view TopicPurpose(Topic topic);
-/// Nothing for a text that is no topic code.
+/// Nothing for a text that is not a topic code.
 std::optional<Topic> ReadTopic(std::string_view code);
 
 /// One player's place in a game.
@@ -49,7 +49,9 @@ struct Contender {
   int LevelOf(Topic topic) const { return levels.at(static_cast<std::size_t>(topic) - 1); }
   /// Two topics are at level 4, so that the Golden Knowledge alone is missing.
   bool IsNearWinning() const;
-  bool IsOnOneSideWith(const Contender& other) const;
+  bool IsTeammateOf(const Contender& other) const;
+  /// Its ally or teammate, which wins when it does.
+  bool IsOnSideOf(const Contender& other) const;
 };
 
 class Game {
@@ -58,7 +60,7 @@ class Game {
   static constexpr int kGoldenCost = 40;
 
   /// The dice must outlive the game, and so must the accounts that enter.
-  explicit Game(std::mt19937_64& dice) : dice_(dice) {}
+  explicit Game(Dice& dice) : dice_(dice) {}
 
   /// The account must not be in the game. Whoever comes late starts with points to catch up. The
   /// contender stays where it is until it leaves.
@@ -86,30 +88,22 @@ class Game {
   /// The probability that the target blocks the attacker, in percent.
   static int BlockChance(const Contender& attacker, const Contender& target);
 
-  /// The refusal says in one sentence why a move was not made; empty when it was.
-  struct Research {
-    std::string refusal{};
-    int level = 0;  ///< of the topic now
-    bool wins = false;
-  };
-  Research DoResearch(Contender& contender, Topic topic, int level);
+  /// The next level of a topic, or the Golden Knowledge, which wins.
+  Refusal Research(Contender& contender, Topic topic, int level);
 
-  struct Attack {
-    std::string refusal{};
+  struct AttackResult {
+    Refusal refusal = Refusal::None;
     bool was_blocked = false;
     bool broke_alliance = false;
     Topic topic = Topic::Military;  ///< what was hit, when it was not blocked
     int level = 0;                  ///< of that topic now
   };
   /// The target must be another contender.
-  Attack DoAttack(Contender& attacker, Contender& target);
+  AttackResult Attack(Contender& attacker, Contender& target);
 
-  struct Alliance {
-    std::string refusal{};
-    bool is_formed = false;  ///< otherwise it is proposed, and formed when the other proposes too
-  };
-  /// The other must be another contender.
-  static Alliance Propose(Contender& contender, Contender& other);
+  /// Offers an alliance, which is formed when the other has offered one, too. The other must be
+  /// another contender.
+  static Refusal Propose(Contender& contender, Contender& other);
   /// Ends the contender's alliance, if there is one.
   static void EndAlliance(Contender& contender);
 
@@ -119,7 +113,7 @@ class Game {
  private:
   static int Worth(const Contender& contender);
 
-  std::mt19937_64& dice_;
+  Dice& dice_;
   std::list<Contender> contenders_;
   int ticks_ = 0;
 };

@@ -1,189 +1,137 @@
 #include "practice/lobby/lobby.h"
 
-#include <algorithm>
+#include <string>
 #include <vector>
 
-#include "practice/wire/player_text.h"
+#include "base/trim.h"
+#include "practice/base/player_text.h"
+#include "practice/wire/server_messages.h"
 #include "practice/words/news_text.h"
 
 namespace korvanta::practice {
 namespace {
 
-using std::chrono::milliseconds;
+/// The record that fills a statistics window. `ally` is empty for a player without one.
+std::string StatisticsMessage(const Account& account, std::string_view ally) {
+  const Figures& figures = account.figures;
+  std::vector<std::string> awards;
+  for (int code : AwardCodes(figures)) {
+    awards.push_back(std::to_string(code));
+  }
+  return Message<ServerMessage::Statistics>(
+      account.name, ally.empty() ? "None" : ally, account.number, figures.wins,
+      figures.games_played, figures.research, figures.research_lost, figures.research_destroyed,
+      figures.alliance_screw_overs, figures.score, figures.blocks, figures.alliance_wins,
+      Joined(awards, {&kRecordSeparator, 1}));
+}
 
-/// From one online list to the next, at least.
-constexpr milliseconds kOnlineListPause{100};
-/// For each thousand entries that it costs to tell everyone.
-constexpr milliseconds kOnlineListPausePerThousand{1};
+/// A record of noughts for a name that nobody has, so that the window shows that.
+std::string EmptyStatisticsMessage(std::string_view name) {
+  Account nobody;
+  nobody.name = name.substr(0, kLongestName);
+  // A client tests the payload for tags, too.
+  std::erase(nobody.name, '[');
+  return StatisticsMessage(nobody, "Unknown player");
+}
 
 }  // namespace
 
-const std::array<Lobby::Reaction, 16> Lobby::kReactions = {{
-    {ClientMessage::ChatLine,
-     [](Lobby& lobby, Player& player, const Fields& fields) { lobby.Line(player, fields[0]); }},
-    {ClientMessage::FormAlliance,
-     [](Lobby& lobby, Player& player, const Fields& fields) {
-       lobby.arena_.Ally(player, fields[0]);
-     }},
-    {ClientMessage::AttackPlayer,
-     [](Lobby& lobby, Player& player, const Fields& fields) {
-       lobby.arena_.Attack(player, fields[0]);
-     }},
-    {ClientMessage::LookUpStatistics,
-     [](Lobby& lobby, Player& player, const Fields& fields) {
-       lobby.SendStatistics(player, fields[0]);
-     }},
-    {ClientMessage::EnterGame,
-     [](Lobby& lobby, Player& player, const Fields&) { lobby.arena_.Enter(player); }},
-    {ClientMessage::TopicInformation,
-     [](Lobby& lobby, Player& player, const Fields& fields) {
-       lobby.arena_.Explain(player, fields[0]);
-     }},
-    {ClientMessage::ResearchTopic,
-     [](Lobby& lobby, Player& player, const Fields& fields) {
-       lobby.arena_.Research(player, fields[0], fields[1]);
-     }},
-    {ClientMessage::RequestNews,
-     [](Lobby& lobby, Player& player, const Fields&) {
-       lobby.players_.Send(player, messages::News(kNewsText));
-     }},
-    {ClientMessage::RequestTournamentInfo,
-     [](Lobby& lobby, Player& player, const Fields&) { lobby.SendTournamentInfo(player); }},
-    {ClientMessage::RequestTeamList,
-     [](Lobby& lobby, Player& player, const Fields&) { lobby.SendTeamList(player); }},
-    {ClientMessage::StartTournament,
-     [](Lobby& lobby, Player& player, const Fields& fields) {
-       lobby.StartTournament(player, fields);
-     }},
-    {ClientMessage::SetTournamentGame,
-     [](Lobby& lobby, Player& player, const Fields&) { lobby.SetTournamentGame(player); }},
-    {ClientMessage::EndTournament,
-     [](Lobby& lobby, Player& player, const Fields&) { lobby.EndTournament(player); }},
-    {ClientMessage::JoinTeam,
-     [](Lobby& lobby, Player& player,
-        const Fields& fields) { lobby.JoinTeam(player, fields[0], fields[1]); }},
-    {ClientMessage::DisbandTeam,
-     [](Lobby& lobby, Player& player, const Fields&) { lobby.DisbandTeam(player); }},
-    {ClientMessage::KickPlayer,
-     [](Lobby& lobby, Player& player,
-        const Fields& fields) { lobby.KickFromTeam(player, fields[0]); }},
-}};
-
-Lobby::Lobby(Players& players, Tournament& tournament, Arena& arena, const Accounts& accounts,
-             std::mt19937_64& dice)
-    : players_(players), tournament_(tournament), arena_(arena), accounts_(accounts), dice_(dice) {}
+Lobby::Lobby(Players& players, const Accounts& accounts, Tournament& tournament, Arena& arena,
+             Dice& dice)
+    : players_(players),
+      accounts_(accounts),
+      arena_(arena),
+      tournament_desk_(players, accounts, tournament),
+      moves_(players, arena),
+      commands_{players, accounts, tournament_desk_, arena, moves_, dice},
+      online_list_(players, arena, tournament) {}
 
 Player& Lobby::Enter(ConnectionId connection, Account& account) {
-  Player& player = players_.Add(connection, account, now_);
-  players_.Send(player, messages::LoginAccepted(account.name, account.user_id));
-  players_.SendToAll(messages::Notice(account.name + " logged in"), &player);
-  Welcome(player);
-  if (!player.IsSimulated() && now_ < online_list_due_) {
-    players_.Send(player, OnlineListMessage());
+  Player& player = players_.Add(connection, account, commands_.now);
+  players_.SendToAll(Message<ServerMessage::LoginNotice>(account.name + " logged in"), &player);
+  if (player.IsSimulated()) {
+    return player;
   }
+  players_.Send(player, Message<ServerMessage::LoginAccepted>(account.name, account.user_id));
+  players_.Say(player, sentences::kWelcome, account.name);
+  players_.Say(player, sentences::kFirstSteps);
+  if (account.IsAdministrator()) {
+    players_.Say(player, sentences::kAdministratorWelcome);
+  }
+  arena_.Welcome(player);
+  online_list_.SendTo(player);
   return player;
 }
 
 void Lobby::Leave(const Player& player) {
   const Account& account = *player.account;
   players_.Remove(player);
-  players_.SendToAll(messages::Notice(account.name + " logged out"));
+  players_.SendToAll(Message<ServerMessage::LoginNotice>(account.name + " logged out"));
   arena_.Forget(account);
 }
 
 void Lobby::Handle(Player& player, const ClientRequest& request) {
   if (!request.is_complete) {
-    players_.Refuse(player, "That request lacks a part and was not understood.");
+    players_.Refuse(player, Refusal::IncompleteMessage);
     return;
   }
-  const auto reaction =
-      std::find_if(kReactions.begin(), kReactions.end(),
-                   [&](const Reaction& known) { return known.kind == request.kind; });
-  if (reaction != kReactions.end()) {
-    reaction->react(*this, player, request.fields);
+  const auto& fields = request.fields;
+  switch (request.kind) {
+    case ClientMessage::Login:
+      return players_.Refuse(player, Refusal::LoggedInAlready);
+    case ClientMessage::Disconnect:
+    case ClientMessage::KeepAlive:
+      return;
+    case ClientMessage::ChatLine:
+      return RunCommand(commands_, player, fields[0]);
+    case ClientMessage::FormAlliance:
+      return moves_.Ally(player, fields[0]);
+    case ClientMessage::AttackPlayer:
+      return moves_.Attack(player, fields[0]);
+    case ClientMessage::LookUpStatistics:
+      return SendStatistics(player, fields[0]);
+    case ClientMessage::EnterGame:
+      return arena_.Enter(player);
+    case ClientMessage::TopicInformation:
+      return moves_.Explain(player, fields[0]);
+    case ClientMessage::ResearchTopic:
+      return moves_.Research(player, fields[0], fields[1]);
+    case ClientMessage::RequestNews:
+      return players_.Send(player, Message<ServerMessage::News>(kNewsText));
+    case ClientMessage::RequestTournamentInfo:
+      return tournament_desk_.SendInfo(player);
+    case ClientMessage::RequestTeamList:
+      return tournament_desk_.SendTeamList(player);
+    case ClientMessage::StartTournament:
+      return tournament_desk_.Start(player, fields[0], fields[1], fields[2]);
+    case ClientMessage::SetTournamentGame:
+      return tournament_desk_.SetGame(player);
+    case ClientMessage::EndTournament:
+      return tournament_desk_.End(player);
+    case ClientMessage::JoinTeam:
+      return tournament_desk_.Join(player, fields[0], fields[1]);
+    case ClientMessage::DisbandTeam:
+      return tournament_desk_.Disband(player);
+    case ClientMessage::KickPlayer:
+      return tournament_desk_.Kick(player, fields[0]);
   }
 }
 
-void Lobby::Tick(milliseconds now) { now_ = now; }
-
-void Lobby::SendOnlineListIfDue() {
-  list_is_old_ |= players_.TakeListChange();
-  if (!list_is_old_ || now_ < online_list_due_) {
-    return;
-  }
-  players_.SendToAll(OnlineListMessage());
-  list_is_old_ = false;
-  online_list_due_ =
-      now_ + kOnlineListPause +
-      kOnlineListPausePerThousand * (players_.all().size() * players_.people()) / 1000;
+void Lobby::Tick(std::chrono::milliseconds now) {
+  commands_.now = now;
+  online_list_.SendIfDue(now);
 }
 
-std::string Lobby::OnlineListMessage() const {
-  const auto& all = std::as_const(players_).all();
-  std::vector<OnlineEntry> entries;
-  entries.reserve(all.size());
-  for (const auto& [key, player] : all) {
-    entries.push_back(
-        {player.name(), ColourOf(player), PlayerLevel(player.account->figures), player.is_ready});
-  }
-  return messages::OnlineList(entries);
-}
-
-void Lobby::Welcome(const Player& player) {
-  players_.Announce(player,
-                    "Welcome, " + player.name() +
-                        "! Choose \"Enter Game\" (Ctrl+E) to play; right-click a box of the "
-                        "board to research it.");
-  players_.Announce(player,
-                    "Type a line and press Enter to talk. /help lists all commands, /news tells "
-                    "how the game goes.");
-  if (player.account->IsAdministrator()) {
-    players_.Refuse(player,
-                    "You are the administrator of this server: /announce speaks to everyone, and "
-                    "the tournament window has a page of yours.");
-  }
-}
-
-const Account* Lobby::FindAccount(const Player& asker, std::string_view name) {
-  const Account* account = accounts_.Find(Trimmed(name));
+void Lobby::SendStatistics(const Player& player, std::string_view name) {
+  const Account* account = accounts_.Find(TrimSpaces(name));
   if (account == nullptr) {
-    players_.Refuse(asker, "Nobody named \"" + std::string(name.substr(0, kLongestName)) +
-                               "\" has been here since the server was started.");
-  }
-  return account;
-}
-
-void Lobby::SendStatistics(Player& player, std::string_view name) {
-  const Account* account = FindAccount(player, name);
-  if (account == nullptr) {
+    players_.Send(player, EmptyStatisticsMessage(TrimSpaces(name)));
+    players_.Refuse(player, Refusal::UnknownPlayer, name.substr(0, kLongestName));
     return;
   }
   const Contender* contender = arena_.game() == nullptr ? nullptr : arena_.game()->Find(*account);
   const bool is_allied = contender != nullptr && contender->ally != nullptr;
-  players_.Send(player,
-                messages::Statistics({account->name, is_allied ? contender->ally->name() : "None",
-                                      account->number, account->figures}));
-}
-
-/// The first of these that holds, so that what matters most in a game shows.
-NameColour Lobby::ColourOf(const Player& player) const {
-  const Contender* contender = arena_.ContenderOf(player);
-  if (contender != nullptr && contender->IsNearWinning()) {
-    return NameColour::NearWinning;
-  }
-  if (contender != nullptr) {
-    return contender->ally != nullptr ? NameColour::Allied : NameColour::Playing;
-  }
-  if (player.is_away) {
-    return NameColour::Away;
-  }
-  if (player.account->IsAdministrator()) {
-    return NameColour::Administrator;
-  }
-  if (tournament_.teams.TeamOf(player.name()) != nullptr) {
-    return NameColour::InTeam;
-  }
-  return player.IsSimulated() ? NameColour::Simulated : NameColour::Visitor;
+  players_.Send(player, StatisticsMessage(*account, is_allied ? contender->ally->name() : ""));
 }
 
 }  // namespace korvanta::practice

@@ -52,35 +52,36 @@ bool TakeSeed(const QString& text, std::uint64_t& into) {
 }
 
 constexpr Option kOptions[] = {
-    {"address", "address", "Listen on this IP address; 127.0.0.1 unless named.",
+    {"address", "address", "Listen on this IP address; the default is 127.0.0.1.",
      [](const QString& value, CommandLine& into) { return into.address.setAddress(value); },
-     "'%1' is no IP address"},
+     "'%1' is not an IP address"},
     {"allow-remote", nullptr,
-     "Allow an address that other machines can reach. Passwords travel and stay unprotected.",
+     "Allow an address that other machines can reach. Passwords are sent and kept unprotected.",
      [](const QString&, CommandLine& into) { return into.allow_remote = true; }},
-    {"port", "port", "Listen on this TCP port; 7678 unless named, and 0 takes a free one.",
+    {"port", "port", "Listen on this TCP port; the default is 7678, and 0 picks a free one.",
      [](const QString& value, CommandLine& into) {
        int port = 0;
        const bool is_port = TakeWithin(0, 65535, value, port);
        into.port = static_cast<quint16>(port);
        return is_port;
      },
-     "'%1' is no port; ports are 0 to 65535"},
-    {"players", "number", "Simulate this many players; 6 unless named.",
+     "'%1' is not a port; ports are 0 to 65535"},
+    {"players", "number", "Simulate this many players; the default is 6.",
      [](const QString& value, CommandLine& into) {
        return TakeWithin(0, 50000, value, into.server.rules.players);
      },
-     "'%1' is no number of players; 0 to 50000 can be simulated"},
-    {"pace", "factor", "Let the game's clock run this many times faster than usual.",
+     "'%1' is not a number of players; 0 to 50000 can be simulated"},
+    {"pace", "factor", "Run the game's clock this many times faster than usual.",
      [](const QString& value, CommandLine& into) {
        return TakeWithin(0.1, 1000.0, value, into.server.rules.pace);
      },
-     "'%1' is no pace; paces are 0.1 to 1000"},
-    {"seed", "number", "Throw the dice by this whole number, the same each time.",
+     "'%1' is not a pace; paces are 0.1 to 1000"},
+    {"seed", "number",
+     "Seed the dice with this whole number: the same seed plays the same evening.",
      [](const QString& value, CommandLine& into) {
        return TakeSeed(value, into.server.rules.seed);
      },
-     "'%1' is no seed; seeds are whole numbers from 0"},
+     "'%1' is not a seed; seeds are whole numbers from 0"},
     {"flood", "rate",
      "Send everyone this many lines of chat a second; 'max' sends as much as each connection "
      "takes.",
@@ -89,32 +90,33 @@ constexpr Option kOptions[] = {
        load.is_unbounded = value == QStringLiteral("max");
        return load.is_unbounded || TakeWithin(1, 100000, value, load.lines_per_second);
      },
-     "'%1' is no rate; a flood is 1 to 100000 lines a second, or 'max'"},
+     "'%1' is not a rate; a flood is 1 to 100000 lines a second, or 'max'"},
     {"crowd", "number", "Put this many invented players into each online list.",
      [](const QString& value, CommandLine& into) {
        return TakeWithin(0, 100000, value, into.server.load.crowd);
      },
-     "'%1' is no crowd; 0 to 100000 players can be invented"},
+     "'%1' is not a crowd; 0 to 100000 players can be invented"},
     {"mischief", "kinds",
-     "Behave badly: kinds of mischief with commas between them, 'all' by dice, or 'help' to list "
-     "them.",
+     "Behave badly: a comma-separated list of kinds of mischief, 'all' for any of them by chance, "
+     "or "
+     "'help' for the list.",
      [](const QString& value, CommandLine& into) {
        const auto kinds = ReadMischiefKinds(value.toStdString());
        into.server.mischief.kinds = kinds.value_or(MischiefKinds());
        return kinds.has_value();
      },
      "'%1' names an unknown kind of mischief; --mischief help lists them"},
-    {"mischief-seed", "number", "Throw the dice of the mischief by this whole number.",
+    {"mischief-seed", "number", "Seed the dice of the mischief with this whole number.",
      [](const QString& value, CommandLine& into) {
        return TakeSeed(value, into.server.mischief.seed);
      },
-     "'%1' is no seed; seeds are whole numbers from 0"},
+     "'%1' is not a seed; seeds are whole numbers from 0"},
     {"quiet", nullptr, "Do not print logins and logouts.",
      [](const QString&, CommandLine& into) { return into.quiet = true; }},
 };
 
-/// A seed is thrown from the numbers that are easily typed again.
-std::uint64_t ThrowSeed() { return std::random_device{}(); }
+/// Of 32 bits, which are quickly typed again.
+std::uint64_t RandomSeed() { return std::random_device{}(); }
 
 QString MischiefHelp() {
   QString help = QStringLiteral("Kinds of mischief:\n");
@@ -183,13 +185,13 @@ std::optional<CommandLine> ReadCommandLine(const QStringList& arguments, QString
     CheckAddress(read, faults);
   }
   if (!parser.isSet(QStringLiteral("seed"))) {
-    read.server.rules.seed = ThrowSeed();
-    read.thrown += QStringLiteral("Seed %1").arg(read.server.rules.seed);
+    read.server.rules.seed = RandomSeed();
+    read.random_seeds += QStringLiteral("Seed %1").arg(read.server.rules.seed);
   }
   read.server.load.seed = read.server.rules.seed;
   if (parser.isSet(mischief) && !parser.isSet(QStringLiteral("mischief-seed"))) {
-    read.server.mischief.seed = ThrowSeed();
-    read.thrown += QStringLiteral("Mischief seed %1").arg(read.server.mischief.seed);
+    read.server.mischief.seed = RandomSeed();
+    read.random_seeds += QStringLiteral("Mischief seed %1").arg(read.server.mischief.seed);
   }
   return faults.isEmpty() ? std::optional(std::move(read)) : std::nullopt;
 }

@@ -16,8 +16,8 @@ struct CommandLine {
   bool allow_remote = false;
   bool quiet = false;
   NetworkServer::Options server;
-  /// Facts that were thrown by dice and are worth printing, so that a run can be repeated.
-  QStringList thrown;
+  /// Lines that name the seeds that nobody chose, so that a run can be repeated.
+  QStringList random_seeds;
 };
 
 /// What the command line of the application asks for, or nothing and one line for each of its

@@ -30,7 +30,7 @@ void Print(std::string_view line) {
   std::fflush(stdout);
 }
 
-/// A signal writes one byte here; the event loop hears it at the other end.
+/// A signal writes one byte to the one end; the event loop reads it from the other.
 std::array<int, 2> signal_pipe;
 
 extern "C" void OnEndSignal(int /*signal*/) {
@@ -74,11 +74,11 @@ int Run(const CommandLine& command) {
     return Fail(
         QStringLiteral("cannot listen on %1:%2: %3").arg(address).arg(command.port).arg(why));
   }
-  for (const QString& line : command.thrown) {
+  for (const QString& line : command.random_seeds) {
     Print(line.toStdString());
   }
 
-  // The first signal lets the players hear the farewell, a second one ends at once.
+  // The first signal lets the farewell reach the players, a second one ends the program at once.
   bool is_ending = false;
   QSocketNotifier end_signal(signal_pipe[1], QSocketNotifier::Read);
   QObject::connect(&end_signal, &QSocketNotifier::activated, &end_signal, [&] {

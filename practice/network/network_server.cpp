@@ -11,11 +11,11 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kTick = 100ms;
-/// How long a client may take to read its last words and hang up.
+/// How long a client may take to read what is left and hang up.
 constexpr auto kClosingTime = 5s;
 /// How long the players may take to hang up when the server ends.
 constexpr auto kFarewellTime = 2s;
-/// A connection with fewer bytes on their way has room for more of a flood.
+/// A connection with fewer bytes waiting has room for more of a flood.
 constexpr qint64 kLowBacklog = qint64{64} * 1024;
 constexpr int kListenBacklog = 1024;
 /// Bytes taken from one connection at a time, so that no client keeps the others waiting.
@@ -88,7 +88,7 @@ void NetworkServer::Send(ConnectionId id, std::string_view messages) {
     unflushed_.push_back(id);
   }
   if (found->second.socket->bytesToWrite() + found->second.outbox.size() > kMaxBacklog) {
-    return;  // is cut off when the event is over
+    return;  // cut off when the event is over
   }
   found->second.outbox.append(messages.data(), static_cast<qsizetype>(messages.size()));
 }
@@ -167,8 +167,8 @@ void NetworkServer::Forget(ConnectionId id) {
   }
 }
 
-/// Clients do not join messages that arrive in two parts, so what the rules answer to one event
-/// goes out whole.
+/// Clients may take what arrives in two parts for two blocks, so what the server answers to one
+/// event goes out whole.
 void NetworkServer::Flush() {
   if (is_flushing_) {
     return;  // a connection that was cut off; the loop below goes on with what that led to
@@ -197,8 +197,9 @@ void NetworkServer::Flush() {
   is_flushing_ = false;
 }
 
-/// Ends the server's half alone. The client's half is read and thrown away until it hangs up:
-/// closing a socket with unread bytes would reset the connection and could destroy the last words.
+/// Ends only the server's half. The client's half is read and discarded until it hangs up: closing
+/// a socket with unread bytes would reset the connection and could destroy what is still on its
+/// way.
 void NetworkServer::FinishClosing(const Connection& connection) {
   if (connection.is_closing && connection.outbox.isEmpty() &&
       connection.socket->bytesToWrite() == 0) {

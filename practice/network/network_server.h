@@ -1,4 +1,4 @@
-/// The practice server's sockets: hands what arrives to the rules and sends what they answer, on
+/// The practice server's sockets: they hand what arrives to the server and send what it answers, on
 /// one thread, for thousands of connections.
 #pragma once
 
@@ -39,8 +39,8 @@ class NetworkServer : private ResettableTransport {
   /// Starts to take connections. Empty on success, otherwise why it failed.
   QString Listen(const QHostAddress& address, quint16 port);
 
-  /// Tells the players and ends all connections; calls `ended` when the last has gone, or too slow
-  /// a reader has had its time.
+  /// Says farewell to the players and ends all connections; calls `ended` when the last has gone,
+  /// or after two seconds.
   void End(std::function<void()> ended);
 
   quint16 port() const { return listener_.serverPort(); }
@@ -48,9 +48,9 @@ class NetworkServer : private ResettableTransport {
  private:
   struct Connection {
     QTcpSocket* socket;
-    QByteArray outbox;        // leaves in one write when the rules have done with an event
-    bool is_closing = false;  // unknown to the rules; its words are leaving
-    bool is_reset = false;    // to be ended without a word
+    QByteArray outbox;        // sent in one write when the server is done with an event
+    bool is_closing = false;  // already forgotten by the server; its last bytes are being sent
+    bool is_reset = false;    // to be ended at once
   };
 
   void Send(ConnectionId id, std::string_view messages) override;
@@ -72,7 +72,7 @@ class NetworkServer : private ResettableTransport {
   bool is_flushing_ = false;
   ConnectionId last_id_ = 0;
   std::function<void()> ended_;
-  // What the rules send goes through these two on its way to a socket.
+  // What the server sends goes through these two on its way to a socket.
   Mischief mischief_;
   Load load_;
   Server rules_;

@@ -3,31 +3,31 @@
 #include <algorithm>
 #include <utility>
 
-#include "practice/wire/player_text.h"
+#include "practice/base/player_text.h"
 
 namespace korvanta::practice {
 Accounts::Admission Accounts::Admit(std::string_view name, std::string_view password) {
   if (!IsUserName(name)) {
-    return {Verdict::BadName};
+    return {Refusal::BadUserName};
   }
   if (!IsPassword(password)) {
-    return {Verdict::BadPassword};
+    return {Refusal::BadPassword};
   }
   const std::string key = NameKey(name);
   const auto known = accounts_.find(key);
   if (known != accounts_.end()) {
     if (known->second.password != password) {
-      return {Verdict::WrongPassword};
+      return {Refusal::WrongPassword};
     }
-    return {Verdict::Accepted, &known->second};
+    return {Refusal::None, &known->second};
   }
   if (accounts_.size() >= kMost) {
-    return {Verdict::NoRoom};
+    return {Refusal::NoRoomForAccount};
   }
   if (!std::exchange(has_administrator_, true)) {
-    return {Verdict::Accepted, &Add(name, password, kAdministratorId)};
+    return {Refusal::None, &Add(name, password, kAdministratorId)};
   }
-  return {Verdict::Accepted, &Add(name, password, NextUserId())};
+  return {Refusal::None, &Add(name, password, NextUserId())};
 }
 
 Account* Accounts::AddSimulated(std::string_view name) {

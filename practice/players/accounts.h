@@ -1,4 +1,4 @@
-/// The accounts of one run of the server, in memory alone: a name belongs to the first password
+/// The accounts of one run of the server, kept in memory only: a name belongs to the first password
 /// that it was used with.
 #pragma once
 
@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "practice/players/figures.h"
+#include "practice/words/sentences.h"
 
 namespace korvanta::practice {
 
@@ -16,27 +17,25 @@ namespace korvanta::practice {
 inline constexpr std::int16_t kAdministratorId = 90;
 
 struct Account {
-  std::string name;        ///< in the letter case of its first login
-  std::string password;    ///< empty for a simulated player, so that nobody can log in as it
+  std::string name{};      ///< in the letter case of its first login
+  std::string password{};  ///< empty for a simulated player, so that nobody can log in as it
   std::size_t number = 0;  ///< 1 for the first account of the run, and so on
   /// 90 for the first account of a person; the others count from 1 and stay at 89.
   std::int16_t user_id = 0;
-  Figures figures;
+  Figures figures{};
 
   bool IsAdministrator() const { return user_id >= kAdministratorId; }
 };
 
 class Accounts {
  public:
-  /// Accounts that one run takes in; it bounds what strangers can make the server keep.
+  /// Accounts in one run, so that strangers cannot make the server keep any number.
   static constexpr std::size_t kMost = 100'000;
 
-  enum class Verdict { Accepted, BadName, BadPassword, WrongPassword, NoRoom };
-
-  /// The account of that name, made when the name is new; null unless the verdict is Accepted. It
-  /// lives as long as this object.
+  /// The account of that name, made when the name is new; null when it is refused. It lives as long
+  /// as this object.
   struct Admission {
-    Verdict verdict;
+    Refusal refusal = Refusal::None;
     Account* account = nullptr;
   };
   Admission Admit(std::string_view name, std::string_view password);

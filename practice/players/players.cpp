@@ -1,12 +1,10 @@
 #include "practice/players/players.h"
 
-#include "practice/wire/player_text.h"
-#include "practice/wire/server_messages.h"
+#include "practice/base/player_text.h"
 
 namespace korvanta::practice {
 
 Player& Players::Add(ConnectionId connection, Account& account, std::chrono::milliseconds now) {
-  ListChanges();
   Player& player =
       players_.try_emplace(NameKey(account.name), Player{connection, &account, now}).first->second;
   if (!player.IsSimulated()) {
@@ -16,7 +14,6 @@ Player& Players::Add(ConnectionId connection, Account& account, std::chrono::mil
 }
 
 void Players::Remove(const Player& player) {
-  ListChanges();
   people_.erase(player.connection);
   players_.erase(players_.find(NameKey(player.name())));
 }
@@ -32,28 +29,16 @@ void Players::Send(const Player& player, std::string_view messages) {
   }
 }
 
-void Players::SendToAll(std::string_view messages, const Player* but) {
+void Players::SendToAll(std::string_view messages, const Player* except) {
   for (const auto& [connection, player] : people_) {
-    if (player != but) {
+    if (player != except) {
       transport_.Send(connection, messages);
     }
   }
 }
 
 void Players::Answer(const Player& player, std::string_view text) {
-  Send(player, messages::StatusLine(text));
-}
-
-void Players::Refuse(const Player& player, std::string_view words) {
-  Send(player, messages::ChatLine(MessageKind::Admin, "Server", words));
-}
-
-void Players::Announce(const Player& player, std::string_view words) {
-  Send(player, messages::ChatLine(MessageKind::Announcement, "Korvanta", words));
-}
-
-void Players::AnnounceToAll(std::string_view words) {
-  SendToAll(messages::ChatLine(MessageKind::Announcement, "Korvanta", words));
+  Send(player, ChatLine(MessageKind::Status, text));
 }
 
 }  // namespace korvanta::practice

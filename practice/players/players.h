@@ -1,15 +1,15 @@
-/// The players who are logged in, and the words that reach them. Lobby, arena and tournament speak
-/// to players through it.
+/// The players who are logged in, and what is sent to them.
 #pragma once
 
 #include <chrono>
 #include <map>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "practice/players/accounts.h"
+#include "practice/wire/server_messages.h"
 #include "practice/wire/transport.h"
+#include "practice/words/sentences.h"
 
 namespace korvanta::practice {
 
@@ -18,8 +18,9 @@ struct Player {
   Account* account;
   std::chrono::milliseconds online_since;
   bool is_away = false;
-  bool is_ready = false;      ///< wants to play the next game
-  std::string last_teller{};  ///< who "/reply" answers; empty until someone tells
+  bool is_ready = false;  ///< plays, or wants to play the next game
+  std::string
+      last_speaker{};  ///< whom "/reply" answers; empty until someone has spoken to it alone
 
   const std::string& name() const { return account->name; }
   bool IsSimulated() const { return connection == kNoConnection; }
@@ -40,31 +41,33 @@ class Players {
   const std::map<std::string, Player>& all() const { return players_; }
   std::map<std::string, Player>& all() { return players_; }
 
-  /// Those who are not simulated.
+  /// How many are not simulated.
   std::size_t people() const { return people_.size(); }
 
-  /// Whole messages.
+  /// Whole messages. Nothing is sent to a simulated player.
   void Send(const Player& player, std::string_view messages);
-  void SendToAll(std::string_view messages, const Player* but = nullptr);
+  void SendToAll(std::string_view messages, const Player* except = nullptr);
 
+  /// The sentence with its values, which may be texts or numbers.
+  template <typename... Values>
+  void Say(const Player& player, const Sentence& sentence, const Values&... values) {
+    Send(player, LineOf(sentence, {FieldText(values)...}));
+  }
+  template <typename... Values>
+  void SayToAll(const Sentence& sentence, const Values&... values) {
+    SendToAll(LineOf(sentence, {FieldText(values)...}));
+  }
+  template <typename... Values>
+  void Refuse(const Player& player, Refusal refusal, const Values&... values) {
+    Say(player, SentenceFor(refusal), values...);
+  }
   /// A line in black to one player.
   void Answer(const Player& player, std::string_view text);
-  /// Why something was not done, as "Server: " and the words.
-  void Refuse(const Player& player, std::string_view words);
-  /// An announcement of the server's own.
-  void Announce(const Player& player, std::string_view words);
-  void AnnounceToAll(std::string_view words);
-
-  /// Something that the online list shows is about to be another.
-  void ListChanges() { list_changed_ = true; }
-  /// Whether it was since the last call.
-  bool TakeListChange() { return std::exchange(list_changed_, false); }
 
  private:
   Transport& transport_;
   std::map<std::string, Player> players_;
-  std::map<ConnectionId, const Player*> people_;  // those who can be reached
-  bool list_changed_ = false;
+  std::map<ConnectionId, const Player*> people_;
 };
 
 }  // namespace korvanta::practice

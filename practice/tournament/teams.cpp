@@ -2,10 +2,13 @@
 
 #include <algorithm>
 
-#include "practice/wire/player_text.h"
+#include "base/trim.h"
+#include "practice/base/player_text.h"
 
 namespace korvanta::practice {
 namespace {
+
+constexpr std::size_t kLongestTeamName = 20;
 
 bool HasMember(const Team& team, std::string_view player) {
   return std::any_of(team.members.begin(), team.members.end(),
@@ -14,30 +17,30 @@ bool HasMember(const Team& team, std::string_view player) {
 
 }  // namespace
 
-Teams::Joining Teams::Join(std::string_view player, std::string_view team_name,
-                           std::string_view password) {
-  const std::string_view name = Trimmed(team_name);
+Refusal Teams::Join(std::string_view player, std::string_view team_name,
+                    std::string_view password) {
+  const std::string_view name = TrimSpaces(team_name);
   if (name.empty() || name.size() > kLongestTeamName || name.find(':') != std::string_view::npos) {
-    return Joining::BadName;
+    return Refusal::BadTeamName;
   }
   if (!IsPassword(password)) {
-    return Joining::BadPassword;
+    return Refusal::BadTeamPassword;
   }
   if (TeamOf(player) != nullptr) {
-    return Joining::InTeamAlready;
+    return Refusal::InTeamAlready;
   }
-  if (Team* team = const_cast<Team*>(Find(name)); team != nullptr) {
+  if (auto* team = const_cast<Team*>(Find(name)); team != nullptr) {
     if (team->password != password) {
-      return Joining::WrongPassword;
+      return Refusal::WrongTeamPassword;
     }
     team->members.emplace_back(player);
-    return Joining::Joined;
+    return Refusal::None;
   }
   if (teams_.size() >= kMostTeams) {
-    return Joining::NoRoom;
+    return Refusal::NoRoomForTeam;
   }
   teams_.push_back({std::string(name), std::string(password), {std::string(player)}});
-  return Joining::Created;
+  return Refusal::None;
 }
 
 void Teams::Remove(std::string_view player) {
@@ -60,9 +63,17 @@ const Team* Teams::TeamOf(std::string_view player) const {
 
 const Team* Teams::Find(std::string_view team_name) const {
   const auto team = std::find_if(teams_.begin(), teams_.end(), [&](const Team& known) {
-    return NameKey(known.name) == NameKey(Trimmed(team_name));
+    return NameKey(known.name) == NameKey(TrimSpaces(team_name));
   });
   return team == teams_.end() ? nullptr : &*team;
+}
+
+std::size_t Teams::players() const {
+  std::size_t players = 0;
+  for (const Team& team : teams_) {
+    players += team.members.size();
+  }
+  return players;
 }
 
 }  // namespace korvanta::practice

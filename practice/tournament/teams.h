@@ -1,5 +1,5 @@
-/// The teams of one run: who made them, who is in them, and who may do what. Members are account
-/// names; they stay in their team while they are away.
+/// The teams of one run: who made them and who is in them. Members are account names; they stay in
+/// their team while they are offline.
 #pragma once
 
 #include <cstddef>
@@ -7,9 +7,10 @@
 #include <string_view>
 #include <vector>
 
+#include "practice/words/sentences.h"
+
 namespace korvanta::practice {
 
-inline constexpr std::size_t kLongestTeamName = 20;
 inline constexpr std::size_t kMostTeams = 1'000;
 
 struct Team {
@@ -23,19 +24,9 @@ struct Team {
 /// Names of players and teams count as the same in any letter case.
 class Teams {
  public:
-  enum class Joining {
-    Created,
-    Joined,
-    InTeamAlready,
-    WrongPassword,
-    BadName,
-    BadPassword,
-    NoRoom
-  };
-
   /// Joins the team of that name, or makes it with the player as its leader. Spaces at the ends of
   /// the name do not count; it has 1 to 20 characters, none of them a colon.
-  Joining Join(std::string_view player, std::string_view team_name, std::string_view password);
+  Refusal Join(std::string_view player, std::string_view team_name, std::string_view password);
 
   /// Takes the player out of the team; the next member leads when the leader goes, and the team
   /// ends with its last member. A player without a team is left alone.
@@ -53,6 +44,8 @@ class Teams {
 
   /// In the order in which they were made.
   const std::vector<Team>& all() const { return teams_; }
+  /// Members of all teams.
+  std::size_t players() const;
 
  private:
   std::vector<Team> teams_;

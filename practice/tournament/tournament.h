@@ -1,33 +1,35 @@
-/// The tournament of the moment: its terms, and the teams that take part. Teams exist without a
-/// tournament too.
+/// The tournament: its terms, and the teams that take part. Teams exist without one, too.
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
 #include <string_view>
 
 #include "practice/tournament/teams.h"
-#include "practice/wire/server_messages.h"
 
 namespace korvanta::practice {
 
 struct Tournament {
-  static constexpr int kMostPlayers = 10'000;
+  struct Terms {
+    /// Points of Total Score that each player pays when a tournament game begins; the winners share
+    /// what all have paid.
+    int entry_fee = 0;
+    int max_teams = static_cast<int>(kMostTeams);
+    int max_players = 10'000;
+  };
 
   bool is_open = false;
   bool is_game_set = false;  ///< the next game is for teams alone
-  /// Points of Total Score that each player pays when a tournament game begins; the winners share
-  /// what all have paid.
-  int entry_fee = 0;
-  int max_teams = static_cast<int>(kMostTeams);
-  int max_players = kMostPlayers;
+  Terms terms{};
   Teams teams{};
 
-  TournamentFigures Figures() const;
+  /// Opens it; a text that is not a whole number is refused.
+  Refusal Open(std::string_view entry_fee, std::string_view max_teams,
+               std::string_view max_players);
+  /// Makes the next game one for teams alone.
+  Refusal SetGame();
+  /// Ends it; the teams stay.
+  Refusal End();
   /// Teams::Join() within the terms.
-  Teams::Joining Join(std::string_view player, std::string_view team, std::string_view password);
-  /// Its terms are gone; the teams stay.
-  void End();
+  Refusal Join(std::string_view player, std::string_view team, std::string_view password);
 };
 
 }  // namespace korvanta::practice

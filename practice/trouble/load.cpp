@@ -1,36 +1,30 @@
 #include "practice/trouble/load.h"
 
 #include <algorithm>
-#include <array>
+#include <vector>
 
+#include "practice/base/texts.h"
 #include "practice/wire/server_messages.h"
-#include "protocol/message_table.h"
 
 namespace korvanta::practice {
 namespace {
 
 constexpr std::string_view kListTag = TagOf(ServerMessage::OnlineList);
 
-constexpr auto kSyllables = std::to_array<std::string_view>(
-    {"ba", "den", "fir", "gol", "hun", "ka", "lor", "mi", "nor", "pel", "ros", "tav", "ul", "vin"});
+constexpr auto kSyllables = Texts("ba", "den", "fir", "gol", "hun", "ka", "lor", "mi", "nor", "pel",
+                                  "ros", "tav", "ul", "vin");
 
-constexpr auto kWords = std::to_array<std::string_view>(
-    {"attack", "me",   "again",       "and",     "I",       "take", "your",      "industry",
-     "hello",  "good", "game",        "well",    "played",  "the",  "knowledge", "is",
-     "almost", "mine", "alliance",    "anyone?", "not",     "yet",  "wait",      "for",
-     "level",  "four", "population",  "defense", "who",     "won",  "that?",     "ready",
-     "thanks", "to",   "researching", "nobody",  "expects", "a",    "military",  "surprise"});
-
-template <typename Texts>
-std::string_view Pick(const Texts& texts, std::mt19937_64& dice) {
-  return texts.at(dice() % texts.size());
-}
+constexpr auto kWords = Texts(
+    "attack", "me", "again", "and", "I", "take", "your", "industry", "hello", "good", "game",
+    "well", "played", "the", "knowledge", "is", "almost", "mine", "alliance", "anyone?", "not",
+    "yet", "wait", "for", "level", "four", "population", "defense", "who", "won", "that?", "ready",
+    "thanks", "to", "researching", "nobody", "expects", "a", "military", "surprise");
 
 /// Players have letters and digits alone in their names, so that the hyphen keeps these apart.
-std::string InventedName(std::uint64_t number, std::mt19937_64& dice) {
+std::string InventedName(std::size_t number, Dice& dice) {
   std::string name;
-  for (auto syllables = 2 + dice() % 2; syllables > 0; --syllables) {
-    name += Pick(kSyllables, dice);
+  for (auto syllables = 2 + dice.Below(2); syllables > 0; --syllables) {
+    name += dice.Pick(kSyllables);
   }
   name[0] = static_cast<char>(name[0] - 'a' + 'A');
   return name + "-" + std::to_string(number);
@@ -39,30 +33,28 @@ std::string InventedName(std::uint64_t number, std::mt19937_64& dice) {
 }  // namespace
 
 std::string Chatter::NextLine() {
-  constexpr std::uint64_t kSpeakers = 500;
-  const std::string speaker = InventedName(dice_() % kSpeakers, dice_);
-  std::string words;
-  for (auto count = 3 + dice_() % 13; count > 0; --count) {
-    words += Pick(kWords, dice_);
-    words += ' ';
+  constexpr std::size_t kSpeakers = 500;
+  const std::string speaker = InventedName(dice_.Below(kSpeakers), dice_);
+  std::vector<std::string_view> words(3 + dice_.Below(13));
+  for (std::string_view& word : words) {
+    word = dice_.Pick(kWords);
   }
-  words.pop_back();
-  return messages::ChatLine(MessageKind::Chat, speaker, words);
+  return ChatLine(MessageKind::Chat, speaker, Joined(words, " "));
 }
 
 std::string CrowdRecords(int players, std::uint64_t seed) {
-  constexpr std::uint64_t kColours = 8;
-  constexpr std::uint64_t kLevels = 60;
-  std::mt19937_64 dice(seed);
+  constexpr std::size_t kColours = 8;
+  constexpr std::size_t kLevels = 60;
+  Dice dice(seed);
   std::string records;
-  for (int i = 0; i < players; ++i) {
-    records += InventedName(static_cast<std::uint64_t>(i), dice);
+  for (std::size_t number = 0; number < static_cast<std::size_t>(players); ++number) {
+    records += InventedName(number, dice);
     records += kFieldSeparator;
-    records += std::to_string(1 + dice() % kColours);
+    records += std::to_string(1 + dice.Below(kColours));
     records += kFieldSeparator;
-    records += std::to_string(1 + dice() % kLevels);
+    records += std::to_string(1 + dice.Below(kLevels));
     records += kFieldSeparator;
-    records += dice() % 4 == 0 ? '1' : '0';
+    records += dice.OneIn(4) ? '1' : '0';
     records += kRecordSeparator;
   }
   return records;

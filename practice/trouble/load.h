@@ -1,14 +1,15 @@
-/// Load for measuring clients: a transport in front of another that adds invented players to every
-/// online list and floods everyone who is logged in with chat. The rules know nothing of it.
+/// Load for measuring clients: a transport in front of another, which adds invented players to
+/// every online list and floods everyone who is logged in with chat. The rest of the server is
+/// unaware of it.
 #pragma once
 
 #include <chrono>
 #include <cstdint>
-#include <random>
 #include <set>
 #include <string>
 #include <string_view>
 
+#include "practice/base/dice.h"
 #include "practice/wire/transport.h"
 
 namespace korvanta::practice {
@@ -20,7 +21,7 @@ struct LoadOptions {
   bool is_unbounded = false;  ///< chat has no rate: each connection gets as much as it takes
 };
 
-/// Lines of chat between invented players: the same seed says the same.
+/// Lines of chat between invented players, the same for the same seed.
 class Chatter {
  public:
   explicit Chatter(std::uint64_t seed) : dice_(seed) {}
@@ -29,7 +30,7 @@ class Chatter {
   std::string NextLine();
 
  private:
-  std::mt19937_64 dice_;
+  Dice dice_;
 };
 
 /// Records of an online list, a separator behind each. The names differ from one another, and from

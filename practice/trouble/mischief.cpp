@@ -12,20 +12,13 @@ constexpr std::size_t kMostPieces = 30;
 /// Ticks from one piece to the next; some clients wait a while for the rest of a message.
 constexpr std::size_t kLongestPause = 5;
 
-/// Only a game that runs brings it.
-bool IsOfGame(ServerMessage message) {
-  using enum ServerMessage;
-  return message == GameClock || message == TopicResearched || message == TopicAttacked ||
-         message == ResearchPoints;
-}
-
 }  // namespace
 
 Mischief::Mischief(ResettableTransport& network, const MischiefOptions& options)
     : network_(network), dice_(options.seed) {
   for (const MischiefEntry& entry : MischiefTable()) {
     if (options.kinds.test(static_cast<std::size_t>(entry.kind))) {
-      (entry.is_of_connections ? of_connections_ : of_messages_).push_back(entry.kind);
+      (IsOfConnections(entry.kind) ? of_connections_ : of_messages_).push_back(entry.kind);
     }
   }
 }
@@ -35,7 +28,7 @@ void Mischief::Connected(ConnectionId connection) {
     return;
   }
   Line& line = lines_[connection];
-  line.fate = Throw(of_connections_);
+  line.fate = Roll(of_connections_);
   if (line.fate == MischiefKind::ResetAccept) {
     line.end = End::Reset;
     network_.Reset(connection);
@@ -99,7 +92,7 @@ void Mischief::SendMessage(ConnectionId connection, Line& line, std::string_view
     return;
   }
   const std::string passed_by = std::exchange(line.held, {});
-  const auto kind = Throw(of_messages_);
+  const auto kind = Roll(of_messages_);
   const std::string bytes =
       kind ? Changed(message, *kind) : std::string(message) + kMessageTerminator;
   if (kind == MischiefKind::Cut) {
@@ -127,7 +120,8 @@ bool Mischief::MeetsFate(ConnectionId connection, Line& line, std::string_view m
       case MischiefKind::ResetLogin:
         return row != nullptr && row->message == ServerMessage::LoginAccepted;
       case MischiefKind::ResetGame:
-        return row != nullptr && IsOfGame(row->message);
+        // Each sound is one of a game.
+        return row != nullptr && row->message == ServerMessage::Sound;
       case MischiefKind::ResetMessage:
         return dice_.OneIn(4);
       default:
@@ -180,7 +174,7 @@ void Mischief::DeliverCut(ConnectionId connection, Line& line, std::string_view 
   Deliver(connection, line, bytes);
 }
 
-std::optional<MischiefKind> Mischief::Throw(const std::vector<MischiefKind>& kinds) {
+std::optional<MischiefKind> Mischief::Roll(const std::vector<MischiefKind>& kinds) {
   if (kinds.empty()) {
     return std::nullopt;
   }

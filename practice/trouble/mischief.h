@@ -1,6 +1,6 @@
 /// A transport in front of the network that does to messages and connections what a bad network or
-/// a bad server does. The rules do not know that it is there. The same calls and the same seed give
-/// the same bytes.
+/// a hostile server does. The rest of the server is unaware of it. The same calls and the same seed
+/// give the same bytes.
 #pragma once
 
 #include <cstdint>
@@ -26,7 +26,7 @@ class Mischief : public Transport {
   /// The network must outlive it.
   Mischief(ResettableTransport& network, const MischiefOptions& options);
 
-  /// To be called before the rules hear of the connection.
+  /// To be called before the server is told of the connection.
   void Connected(ConnectionId connection);
   void Vanished(ConnectionId connection) { lines_.erase(connection); }
 
@@ -49,15 +49,15 @@ class Mischief : public Transport {
   std::string Changed(std::string_view message, MischiefKind kind);
   void Deliver(ConnectionId connection, Line& line, std::string_view bytes);
   void DeliverCut(ConnectionId connection, Line& line, std::string_view bytes);
-  /// Whether that was the last that the connection hears.
+  /// Whether that was the last message for the connection.
   bool MeetsFate(ConnectionId connection, Line& line, std::string_view message);
-  /// One of the kinds, if its turn has come.
-  std::optional<MischiefKind> Throw(const std::vector<MischiefKind>& kinds);
+  /// One of the kinds, or nothing, by the dice.
+  std::optional<MischiefKind> Roll(const std::vector<MischiefKind>& kinds);
 
   ResettableTransport& network_;
   std::vector<MischiefKind> of_messages_;
   std::vector<MischiefKind> of_connections_;
-  MischiefDice dice_;
+  Dice dice_;
   std::map<ConnectionId, Line> lines_;
 };
 

@@ -4,91 +4,50 @@
 #include <array>
 #include <numeric>
 
+#include "practice/base/texts.h"
 #include "protocol/message_table.h"
 
 namespace korvanta::practice {
 namespace {
 
 using Field = MischiefMessage::Field;
-using Role = MischiefMessage::Role;
 
-constexpr auto kForeignNumbers = std::to_array<std::string_view>({
-    "",
-    "nan",
-    "inf",
-    "-0",
-    "1e400",
-    "1e-9",
-    "0x1F",
-    "&H1F",
-    "010",
-    "99999999999",
-    "32768",
-    "-32769",
-    "-1",
-    "2.5",
-    "1,000",
-    "+7",
-    "  7  ",
-    "7abc",
-    "--1",
-    "\xd9\xa3\xd9\xa7",
-    "\xb2",
-    "\xa0\x37",
-    "18446744073709551616",
-    "True",
-    "7\t",
-    ".",
-    "1.",
-    "1e",
-    "-",
-    "7 7",
-});
+constexpr auto kForeignNumbers =
+    Texts("", "nan", "inf", "-0", "1e400", "1e-9", "0x1F", "&H1F", "010", "99999999999", "32768",
+          "-32769", "-1", "2.5", "1,000", "+7", "  7  ", "7abc", "--1", "\xd9\xa3\xd9\xa7", "\xb2",
+          "\xa0\x37", "18446744073709551616", "True", "7\t", ".", "1.", "1e", "-", "7 7");
 
-constexpr auto kMarkup = std::to_array<std::string_view>({
-    "<b>",
-    "</b></body></html>",
-    "<img src='file:///etc/passwd'>",
-    "<a href='http://korvanta.example/'>click</a>",
-    "<table><tr><td>",
-    "<!--",
-    "&lt;&amp;&nbsp;&#0;",
-    "http://korvanta.example/?a=b&c=d",
-    "%s%n%1$p",
-    "%1 %2 %L1",
-    "\r\n",
-    "\n\n\n",
-    "\t",
-    "\x0b\x0c",
-    "\x1b[31m\x1b]0;title\x07",
-    "\b\b\b",
-    "\x7f",
-    ":",
-    "\"'`\\",
-    "\xe2\x80\xae",
-});
+constexpr auto kMarkup =
+    Texts("<b>", "</b></body></html>", "<img src='file:///etc/passwd'>",
+          "<a href='http://korvanta.example/'>click</a>", "<table><tr><td>", "<!--",
+          "&lt;&amp;&nbsp;&#0;", "http://korvanta.example/?a=b&c=d", "%s%n%1$p", "%1 %2 %L1",
+          "\r\n", "\n\n\n", "\t", "\x0b\x0c", "\x1b[31m\x1b]0;title\x07", "\b\b\b", "\x7f", ":",
+          "\"'`\\", "\xe2\x80\xae");
 
-constexpr auto kFillers =
-    std::to_array<std::string_view>({"x", "word ", "line\r\n", "<b>", "a:b ", "\t", " ", "\xe9"});
+constexpr auto kFillers = Texts("x", "word ", "line\r\n", "<b>", "a:b ", "\t", " ", "\xe9");
 
 constexpr std::size_t kGiant = std::size_t{256} * 1024;
 constexpr std::size_t kMostGiant = std::size_t{2048} * 1024;
 
-std::vector<Field*> FieldsOf(MischiefMessage& message, Role role) {
+enum class Holds { Texts, Numbers };
+
+std::vector<Field*> FieldsThat(Holds what, MischiefMessage& message) {
   std::vector<Field*> chosen;
   for (Field& field : message.fields) {
-    if (field.role == role) {
+    const bool is_number = field.role == FieldRole::Number || field.role == FieldRole::Integer ||
+                           field.role == FieldRole::Numbers;
+    if (what == Holds::Numbers ? is_number : field.role == FieldRole::Text) {
       chosen.push_back(&field);
     }
   }
   return chosen;
 }
 
-void InsertAnywhere(std::string& text, std::string_view what, MischiefDice& dice) {
+void InsertAnywhere(std::string& text, std::string_view what, Dice& dice) {
   text.insert(dice.Below(text.size() + 1), what);
 }
 
-void DropFields(MischiefMessage& message, MischiefDice& dice) {
+void DropFields(MischiefMessage& message, Dice& dice) {
   if (message.fields.empty()) {
     return;
   }
@@ -97,8 +56,8 @@ void DropFields(MischiefMessage& message, MischiefDice& dice) {
   message.fields.erase(at, dice.OneIn(2) ? message.fields.end() : at + 1);
 }
 
-void ChangeNumbers(MischiefMessage& message, MischiefDice& dice) {
-  const std::vector<Field*> numbers = FieldsOf(message, Role::Number);
+void ChangeNumbers(MischiefMessage& message, Dice& dice) {
+  const std::vector<Field*> numbers = FieldsThat(Holds::Numbers, message);
   if (numbers.empty()) {
     return;
   }
@@ -110,7 +69,7 @@ void ChangeNumbers(MischiefMessage& message, MischiefDice& dice) {
   }
 }
 
-void ChangeTag(MischiefMessage& message, MischiefDice& dice) {
+void ChangeTag(MischiefMessage& message, Dice& dice) {
   std::string& tag = message.tag;
   switch (dice.Below(6)) {
     case 0:
@@ -135,8 +94,8 @@ void ChangeTag(MischiefMessage& message, MischiefDice& dice) {
   }
 }
 
-void AddAllBytes(MischiefMessage& message, MischiefDice& dice) {
-  for (Field* field : FieldsOf(message, Role::Text)) {
+void AddAllBytes(MischiefMessage& message, Dice& dice) {
+  for (Field* field : FieldsThat(Holds::Texts, message)) {
     std::string bytes(256, '\0');
     std::iota(bytes.begin(), bytes.end(), '\0');
     if (!dice.OneIn(4)) {
@@ -148,7 +107,7 @@ void AddAllBytes(MischiefMessage& message, MischiefDice& dice) {
   }
 }
 
-void MakeGiant(MischiefMessage& message, MischiefDice& dice) {
+void MakeGiant(MischiefMessage& message, Dice& dice) {
   if (message.fields.empty()) {
     return;
   }
@@ -163,57 +122,43 @@ void MakeGiant(MischiefMessage& message, MischiefDice& dice) {
   InsertAnywhere(field.text, giant, dice);
 }
 
-void AddMarkup(MischiefMessage& message, MischiefDice& dice) {
-  for (Field* field : FieldsOf(message, Role::Text)) {
+void AddMarkup(MischiefMessage& message, Dice& dice) {
+  for (Field* field : FieldsThat(Holds::Texts, message)) {
     InsertAnywhere(field->text, dice.Pick(kMarkup), dice);
     InsertAnywhere(field->text, dice.Pick(kMarkup), dice);
   }
 }
 
-void LeaveUnended(MischiefMessage& message, MischiefDice& /*dice*/) { message.is_ended = false; }
+void LeaveUnended(MischiefMessage& message, Dice& /*dice*/) { message.is_ended = false; }
 
-void SayTwice(MischiefMessage& message, MischiefDice& /*dice*/) { message.times = 2; }
+void SayTwice(MischiefMessage& message, Dice& /*dice*/) { message.times = 2; }
 
-using Kind = MischiefKind;
-
-constexpr std::array<MischiefEntry, kMischiefKinds> kTable = {{
-    {Kind::Cut, "cut", "messages are cut at any byte, and the pieces come apart in time", 2, false,
-     nullptr},
-    {Kind::Drop, "drop", "fields are left out", 3, false, DropFields},
-    {Kind::Numbers, "numbers", "numbers are foreign: nan, 1e400, -0, 0x1F, nothing at all, ...", 3,
-     false, ChangeNumbers},
-    {Kind::Tags, "tags", "tags are unknown, in capitals, cut short, doubled or another message's",
-     3, false, ChangeTag},
-    {Kind::Bytes, "bytes", "every byte value stands in each text", 2, false, AddAllBytes},
-    {Kind::Giant, "giant", "one field grows to as much as two megabytes", 12, false, MakeGiant},
-    {Kind::Markup, "markup", "markup and control characters stand in each text", 1, false,
-     AddMarkup},
-    {Kind::Unended, "unended", "terminators are missing", 3, false, LeaveUnended},
-    {Kind::Twice, "twice", "messages come twice", 3, false, SayTwice},
-    {Kind::Shuffle, "shuffle", "messages come in another order", 3, false, nullptr},
-    {Kind::Silence, "silence", "connections are taken, and nothing is ever said", 2, true, nullptr},
-    {Kind::ResetAccept, "reset-accept", "connections are reset as soon as they are taken", 2, true,
-     nullptr},
-    {Kind::ResetHandshake, "reset-handshake", "connections are reset in answer to the login", 2,
-     true, nullptr},
-    {Kind::ResetMessage, "reset-message", "connections are reset in the middle of a message", 2,
-     true, nullptr},
-    {Kind::ResetLogin, "reset-login", "connections are reset right after the login", 2, true,
-     nullptr},
-    {Kind::ResetGame, "reset-game", "connections are reset in the middle of a game", 2, true,
-     nullptr},
-}};
-
-static_assert(
-    [] {
-      for (std::size_t i = 0; i < kTable.size(); ++i) {
-        if (static_cast<std::size_t>(kTable[i].kind) != i) {
-          return false;
-        }
-      }
-      return true;
-    }(),
-    "the table is read by kind");
+constexpr auto kTable = [] {
+  using enum MischiefKind;
+  return std::to_array<MischiefEntry>({
+      {Cut, "cut", "messages are cut at any byte, and the pieces arrive one after another", 2},
+      {Drop, "drop", "fields are left out", 3, DropFields},
+      {Numbers, "numbers", "numbers are odd: nan, 1e400, -0, 0x1F, nothing at all", 3,
+       ChangeNumbers},
+      {Tags, "tags", "tags are unknown, in capitals, cut short, doubled or another message's", 3,
+       ChangeTag},
+      {Bytes, "bytes", "every byte value stands in each text", 2, AddAllBytes},
+      {Giant, "giant", "one field grows to as much as two megabytes", 12, MakeGiant},
+      {Markup, "markup", "markup and control characters stand in each text", 1, AddMarkup},
+      {Unended, "unended", "terminators are missing", 3, LeaveUnended},
+      {Twice, "twice", "messages come twice", 3, SayTwice},
+      {Shuffle, "shuffle", "messages come in another order", 3},
+      {Silence, "silence", "connections are accepted, and nothing is ever said", 2},
+      {ResetAccept, "reset-accept", "connections are reset as soon as they are accepted", 2},
+      {ResetHandshake, "reset-handshake", "connections are reset in answer to the login", 2},
+      {ResetMessage, "reset-message", "connections are reset in the middle of a message", 2},
+      {ResetLogin, "reset-login", "connections are reset right after the login", 2},
+      {ResetGame, "reset-game", "connections are reset in the middle of a game", 2},
+  });
+}();
+static_assert(std::all_of(kTable.begin(), kTable.end(), [](const MischiefEntry& entry) {
+  return &entry == &kTable[static_cast<std::size_t>(entry.kind)];
+}));
 
 }  // namespace
 
@@ -224,21 +169,15 @@ std::optional<MischiefKinds> ReadMischiefKinds(std::string_view names) {
   if (names == "all") {
     return kinds.set();
   }
-  for (std::string_view rest = names;;) {
-    const std::size_t comma = rest.find(',');
-    const std::string_view name = rest.substr(0, comma);
-    const auto entry =
-        std::find_if(kTable.begin(), kTable.end(),
-                     [&](const MischiefEntry& candidate) { return candidate.name == name; });
+  for (std::string_view name : Split(names, ',')) {
+    const auto entry = std::find_if(kTable.begin(), kTable.end(),
+                                    [&](const MischiefEntry& known) { return known.name == name; });
     if (entry == kTable.end()) {
       return std::nullopt;
     }
     kinds.set(static_cast<std::size_t>(entry->kind));
-    if (comma == std::string_view::npos) {
-      return kinds;
-    }
-    rest.remove_prefix(comma + 1);
   }
+  return names.empty() ? std::nullopt : std::optional(kinds);
 }
 
 }  // namespace korvanta::practice

@@ -6,10 +6,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <random>
 #include <span>
 #include <string_view>
 
+#include "practice/base/dice.h"
 #include "practice/trouble/mischief_message.h"
 
 namespace korvanta::practice {
@@ -37,34 +37,18 @@ enum class MischiefKind : std::uint8_t {
 
 inline constexpr std::size_t kMischiefKinds = 16;
 
+constexpr bool IsOfConnections(MischiefKind kind) { return kind >= MischiefKind::Silence; }
+
 /// By MischiefKind.
 using MischiefKinds = std::bitset<kMischiefKinds>;
-
-/// Dice of a seed, the same on every machine.
-class MischiefDice {
- public:
-  explicit MischiefDice(std::uint64_t seed) : engine_(seed) {}
-
-  /// 0 to `end` - 1; `end` is 1 at least.
-  std::size_t Below(std::size_t end) { return engine_() % end; }
-  bool OneIn(std::size_t chances) { return Below(chances) == 0; }
-  template <typename List>
-  const auto& Pick(const List& list) {
-    return list[Below(std::size(list))];
-  }
-
- private:
-  std::mt19937_64 engine_;
-};
 
 struct MischiefEntry {
   MischiefKind kind;
   std::string_view name;  ///< on the command line
   std::string_view purpose;
   std::size_t one_in;  ///< it comes over one message, or connection, in so many
-  bool is_of_connections;
   /// Null when it is not the message's bytes that change.
-  void (*change)(MischiefMessage& message, MischiefDice& dice);
+  void (*change)(MischiefMessage& message, Dice& dice) = nullptr;
 };
 
 /// By MischiefKind.

@@ -8,25 +8,11 @@
 namespace korvanta::practice {
 namespace {
 
-using Role = MischiefMessage::Role;
-
 /// The last field stands for all that follow.
-Role RoleAt(const MessageRow<ServerMessage>* row, std::size_t index) {
-  if (row == nullptr || row->fields.size() == 0) {
-    return Role::Text;
-  }
-  switch (row->fields[std::min(index, row->fields.size() - 1)]) {
-    case FieldRole::Number:
-    case FieldRole::Integer:
-    case FieldRole::Numbers:
-      return Role::Number;
-    case FieldRole::Boolean:
-    case FieldRole::Code:
-      return Role::Code;
-    case FieldRole::Text:
-      break;
-  }
-  return Role::Text;
+FieldRole RoleAt(const MessageRow<ServerMessage>* row, std::size_t index) {
+  return row == nullptr || row->fields.size() == 0
+             ? FieldRole::Text
+             : row->fields[std::min(index, row->fields.size() - 1)];
 }
 
 }  // namespace

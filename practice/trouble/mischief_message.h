@@ -1,18 +1,18 @@
 /// The messages of a server taken apart, so that mischief can be made with what they consist of.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "protocol/message_table.h"
+
 namespace korvanta::practice {
 
 struct MischiefMessage {
-  enum class Role : std::uint8_t { Text, Number, Code };
   struct Field {
     std::string text;
-    Role role;
+    FieldRole role;
     char separator;  ///< in front of it, unless it is the first
   };
 

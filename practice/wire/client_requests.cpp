@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "practice/wire/player_text.h"
+#include "practice/base/player_text.h"
 
 namespace korvanta::practice {
 

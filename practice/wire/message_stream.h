@@ -1,4 +1,4 @@
-/// Makes whole messages of the bytes that arrive from one client, however they were cut on the way.
+/// Puts together whole messages from the bytes that arrive from one client, however they are cut.
 #pragma once
 
 #include <cstddef>
@@ -19,7 +19,7 @@ class MessageStream {
   /// stream is broken.
   std::optional<std::string> Next();
 
-  /// The next message is longer than the longest one taken. There is no way on from here.
+  /// The next message is longer than the longest one taken, and nothing more can be read.
   bool IsBroken() const { return broken_; }
 
  private:

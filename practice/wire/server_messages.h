@@ -1,81 +1,58 @@
-/// Every message that the server sends, one function each. Each returns the whole message. Texts
-/// must hold no separators and no terminator; nothing is escaped.
+/// How the server builds its messages from values. Texts must hold no separators and no terminator;
+/// nothing is escaped.
 #pragma once
 
-#include <cstdint>
-#include <span>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
-#include "practice/players/figures.h"
 #include "protocol/message_kind.h"
+#include "protocol/message_table.h"
 
 namespace korvanta::practice {
 
-/// The colour of a name in the online list.
-enum class NameColour : std::uint8_t {
-  Administrator = 1,  // dark yellow
-  Away = 2,           // grey
-  Allied = 3,         // purple
-  InTeam = 4,         // green
-  Visitor = 5,        // blue
-  Playing = 6,        // cyan
-  NearWinning = 7,    // red
-  Simulated = 8,      // orange
-};
+/// By its number on the wire.
+enum class Sound { GameStart = 1, Tick, Attack, Attacked, Research, Win };
 
-/// What a player hears.
-enum class Sound : std::uint8_t { GameStart = 1, Tick, Attack, Attacked, Research, Win };
+/// A text as it is, a number in decimal digits, an enumerator as its number.
+template <typename Value>
+std::string FieldText(const Value& value) {
+  if constexpr (std::is_enum_v<Value>) {
+    return std::to_string(static_cast<int>(value));
+  } else if constexpr (std::is_arithmetic_v<Value>) {
+    return std::to_string(value);
+  } else {
+    return std::string(value);
+  }
+}
 
-struct OnlineEntry {
-  std::string_view name;
-  NameColour colour;
-  std::int64_t level;
-  bool is_marked;  ///< plays, or is ready for the next game
-};
+/// The whole message with its fields in order.
+template <ServerMessage message, typename... Values>
+std::string Message(const Values&... values) {
+  return BuildMessage<message>(std::string_view(FieldText(values))...);
+}
 
-struct PlayerRecord {
-  std::string_view name;
-  std::string_view alliance;
-  std::size_t identification;
-  Figures figures;
-};
+/// A line for the message view, which colours it by its kind.
+inline std::string ChatLine(MessageKind kind, std::string_view text) {
+  // Clients read the Boolean and do nothing with it.
+  return Message<ServerMessage::ChatLine>(kMessageKindCodes.at(static_cast<std::size_t>(kind)),
+                                          text, "False");
+}
 
-struct TournamentFigures {
-  std::int64_t entry_fee = 0;
-  std::int64_t purse = 0;
-  std::size_t teams = 0;
-  std::size_t players = 0;
-};
+/// "speaker: words", in two colours. The speaker's name must hold no colon.
+inline std::string ChatLine(MessageKind kind, std::string_view speaker, std::string_view words) {
+  return ChatLine(kind, std::string(speaker) + ": " + std::string(words));
+}
 
-namespace messages {
-
-std::string LoginAccepted(std::string_view user_name, std::int16_t user_id);
-std::string Notice(std::string_view text);
-std::string Statistics(const PlayerRecord& record);
-
-/// A line that the view shows in two colours, parted at the colon behind the speaker, whose name
-/// holds none: "speaker: words".
-std::string ChatLine(MessageKind kind, std::string_view speaker, std::string_view words);
-/// A line in black.
-std::string StatusLine(std::string_view text);
-
-std::string Caption(std::string_view text);
-std::string Clock(std::int64_t seconds);
-std::string Pause(std::int64_t seconds);
-std::string PlaySound(Sound sound);
-std::string Researched(int topic, int level);
-std::string Attacked(int topic, int level);
-std::string ClearBoard();
-std::string ClearTournamentBoard();
-std::string ResearchPoints(std::int64_t points);
-
-std::string News(std::string_view text);
-std::string OnlineList(std::span<const OnlineEntry> entries);
-std::string TournamentInfo(const TournamentFigures& figures);
-std::string TeamList(std::span<const std::string> lines);
-std::string TeamNames(std::span<const std::string_view> names);
-
-}  // namespace messages
+/// The texts, none of which is empty, with the separator between them.
+template <typename Texts>
+std::string Joined(const Texts& texts, std::string_view separator) {
+  std::string joined;
+  for (const auto& text : texts) {
+    joined += joined.empty() ? std::string_view() : separator;
+    joined += text;
+  }
+  return joined;
+}
 
 }  // namespace korvanta::practice

@@ -1,4 +1,4 @@
-/// What the server's rules ask of the network: bytes to a connection, and its end.
+/// What the server asks of the network: to send bytes to a connection, and to end it.
 #pragma once
 
 #include <cstdint>
@@ -20,15 +20,15 @@ class Transport {
 
   /// Queues whole messages; returns at once and never calls back. An id that has ended is ignored.
   virtual void Send(ConnectionId connection, std::string_view messages) = 0;
-  /// Ends the connection after everything queued has left. Nothing is heard of it afterwards.
+  /// Ends the connection after everything queued has left. Nothing more is reported about it.
   virtual void Close(ConnectionId connection) = 0;
 };
 
-/// A network that can also hang up without a word, for those who make mischief with it.
+/// A network that can also hang up at once, which mischief needs.
 class ResettableTransport : public Transport {
  public:
   /// Ends the connection at once, by a reset; what is queued is lost. Returns at once and never
-  /// calls back; the rules hear later that the connection has vanished.
+  /// calls back; that the connection has vanished is reported later.
   virtual void Reset(ConnectionId connection) = 0;
 };
 

@@ -1,11 +1,11 @@
-/// The news that the server keeps for its players: an introduction to the game.
+/// The news of the server: an introduction to the game.
 #pragma once
 
 #include <string_view>
 
 namespace korvanta::practice {
 
-/// Lines end with "\r\n"; there are no control characters else.
+/// Lines end with "\r\n"; there are no other control characters.
 inline constexpr std::string_view kNewsText =
     "Welcome to Korvanta on the practice server!\r\n"
     "\r\n"
@@ -15,10 +15,9 @@ inline constexpr std::string_view kNewsText =
     "\r\n"
     "HOW TO PLAY\r\n"
     "Choose \"Enter Game\" (Ctrl+E), even while a game is on. Each tick of the clock brings "
-    "research "
-    "points. Right-click a box of the board: \"Research This\" buys the level, \"Information\" "
-    "tells "
-    "what the topic is good for and what its next level costs you. Levels come one by one.\r\n"
+    "research points. Right-click a box of the board: \"Research This\" buys the level, "
+    "\"Information\" says what the topic is good for and what its next level costs you. Levels are "
+    "researched one by one.\r\n"
     "\r\n"
     "WHAT THE TOPICS DO\r\n"
     "Military: level 1 lets you attack, and each level makes your attacks harder to block.\r\n"
@@ -27,26 +26,25 @@ inline constexpr std::string_view kNewsText =
     "Defense: each level blocks more of the attacks on you.\r\n"
     "\r\n"
     "ATTACKS AND ALLIANCES\r\n"
-    "Right-click a player in the online list. An attack costs 3 points and takes one level of a "
-    "topic "
-    "from a player who does not block it; you can attack once a tick, and be set back once a tick. "
+    "Right-click a player in the online list. An attack costs 3 points and destroys one level of a "
+    "topic of a player who does not block it; you can attack once a tick, and be hit once a tick. "
     "When you and another player form an alliance, you win together. Whoever attacks an ally is "
     "never blocked and never forgotten.\r\n"
     "\r\n"
     "THE LOBBY\r\n"
     "Type a line and press Enter to talk to everyone. Lines that begin with a slash are commands: "
-    "/game shows how the game stands, /help lists all.\r\n"
-    "Names in the online list: red needs only the Golden Knowledge, purple has an ally, cyan plays "
-    "alone; outside the game dark yellow is an administrator, grey someone who is away, green a "
-    "member of a team, blue a person, orange a simulated player. A mark shows who plays or is "
-    "ready "
-    "to.\r\n"
+    "/game shows how the game stands, /help lists them all. Ctrl+K holds the lines still while you "
+    "read.\r\n"
+    "Names in the online list: red needs only the Golden Knowledge, purple has an ally, turquoise "
+    "plays alone; outside the game dark yellow is an administrator, grey someone who is away, "
+    "green "
+    "a member of a team, blue a person, orange a simulated player. A mark shows who plays, or is "
+    "ready to.\r\n"
     "\r\n"
     "TOURNAMENTS\r\n"
-    "An administrator opens one in the tournament window. Create or join a team there. In the "
-    "tournament game each player pays the entry fee from the total score, teams play against "
-    "teams, "
-    "and the winners share what all have paid.\r\n"
+    "An administrator opens one in the tournament window, where players create and join teams. In "
+    "the tournament game each player pays the entry fee from the total score, teams play against "
+    "teams, and the winners share what all have paid.\r\n"
     "\r\n"
     "YOUR ACCOUNT\r\n"
     "A name belongs to the first password it was used with. Accounts and figures last until the "

@@ -61,18 +61,18 @@ TEST(PracticeServer, WhatKeepsItFromStartingIsToldInALineEach) {
   const Case cases[] = {
       {{"--address", running.address()}, "cannot listen on 127."},
       {{"--address", "192.0.2.1"}, "--allow-remote"},
-      {{"--address", "nowhere"}, "'nowhere' is no IP address"},
-      {{"--port", "65536"}, "'65536' is no port"},
-      {{"--players", "50001"}, "'50001' is no number of players"},
-      {{"--pace", "nan"}, "'nan' is no pace"},
-      {{"--pace", "0"}, "'0' is no pace"},
-      {{"--seed", "-1"}, "'-1' is no seed"},
-      {{"--flood", "0"}, "'0' is no rate"},
-      {{"--crowd", "100001"}, "'100001' is no crowd"},
+      {{"--address", "nowhere"}, "'nowhere' is not an IP address"},
+      {{"--port", "65536"}, "'65536' is not a port"},
+      {{"--players", "50001"}, "'50001' is not a number of players"},
+      {{"--pace", "nan"}, "'nan' is not a pace"},
+      {{"--pace", "0"}, "'0' is not a pace"},
+      {{"--seed", "-1"}, "'-1' is not a seed"},
+      {{"--flood", "0"}, "'0' is not a rate"},
+      {{"--crowd", "100001"}, "'100001' is not a crowd"},
       {{"--mischief", "cut,spells"}, "'cut,spells' names an unknown kind"},
       {{"7678"}, "unexpected argument '7678'"},
       {{"--sound"}, "sound"},
-      {{"--port", "x", "--players", "-1", "--pace", "fast"}, "'fast' is no pace", 3},
+      {{"--port", "x", "--players", "-1", "--pace", "fast"}, "'fast' is not a pace", 3},
   };
   for (const Case& c : cases) {
     const ToolResult result = RunTool(PracticeServerProgram(), c.options, BareEnvironment());

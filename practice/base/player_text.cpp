@@ -1,10 +1,11 @@
-#include "practice/wire/player_text.h"
+#include "practice/base/player_text.h"
 
 #include <algorithm>
 #include <charconv>
 #include <iterator>
 
 #include "base/ascii_case.h"
+#include "base/trim.h"
 
 namespace korvanta::practice {
 namespace {
@@ -28,14 +29,6 @@ std::string WithoutControls(std::string_view text) {
   return kept;
 }
 
-std::string_view Trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) {
-    return {};
-  }
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 std::string NameKey(std::string_view name) {
   std::string key(name);
   std::transform(key.begin(), key.end(), key.begin(), LowerCase);
@@ -50,13 +43,9 @@ bool IsUserName(std::string_view text) {
 bool IsPassword(std::string_view text) { return !text.empty() && text.size() <= kLongestPassword; }
 
 std::pair<std::string_view, std::string_view> FirstWord(std::string_view text) {
-  text = Trimmed(text);
+  text = TrimSpaces(text);
   const std::size_t end = std::min(text.find(' '), text.size());
-  return {text.substr(0, end), Trimmed(text.substr(end))};
-}
-
-std::string Counted(std::int64_t count, std::string_view noun) {
-  return std::to_string(count) + " " + std::string(noun) + (count == 1 ? "" : "s");
+  return {text.substr(0, end), TrimSpaces(text.substr(end))};
 }
 
 std::optional<int> NumberWithin(std::string_view text, int lowest, int highest) {

@@ -1,0 +1,188 @@
+#include "practice/game/moves.h"
+
+#include <utility>
+
+#include "base/trim.h"
+#include "practice/base/player_text.h"
+#include "practice/wire/server_messages.h"
+
+namespace korvanta::practice {
+namespace {
+
+/// All levels on one line, and whose side the contender is on.
+std::string Summary(const Contender& contender) {
+  std::vector<std::string> levels;
+  for (Topic topic : kTopicsWithLevels) {
+    levels.push_back(std::string(TopicName(topic)) + " " +
+                     std::to_string(contender.LevelOf(topic)));
+  }
+  return "  " + contender.name() + ": " + Joined(levels, ", ") +
+         (contender.ally == nullptr ? "" : "; allied with " + contender.ally->name()) +
+         (contender.team.empty() ? "" : "; team " + contender.team);
+}
+
+}  // namespace
+
+void Moves::Research(const Player& player, std::string_view topic_code,
+                     std::string_view level_code) {
+  Contender* self = Seat(player);
+  if (self == nullptr) {
+    return;
+  }
+  const auto topic = ReadTopic(topic_code);
+  const auto level = NumberWithin(level_code, 1, kGoldenLevel);
+  if (!topic || !level || (*topic == Topic::GoldenKnowledge) != (*level == kGoldenLevel)) {
+    players_.Refuse(player, Refusal::NoSuchLevel);
+    return;
+  }
+  const bool wins = *topic == Topic::GoldenKnowledge;
+  const int cost = Game::Cost(*self, *topic);
+  const Refusal refusal = arena_.game()->Research(*self, *topic, *level);
+  if (refusal != Refusal::None) {
+    const std::string name(TopicName(*topic));
+    const auto level_name = [&](int of) { return name + " level " + std::to_string(of); };
+    players_.Refuse(player, refusal, wins ? "The " + name : level_name(*level),
+                    wins ? "" : level_name(self->LevelOf(*topic) + 1), Counted(cost, "point"),
+                    self->points, arena_.game()->Income(*self));
+    return;
+  }
+  const std::string points = Message<ServerMessage::ResearchPoints>(self->points);
+  if (wins) {
+    players_.Send(player, points);
+    arena_.Win(*self);
+    return;
+  }
+  players_.Send(player, Message<ServerMessage::TopicResearched>(*topic, *level) + points +
+                            Message<ServerMessage::Sound>(Sound::Research));
+  if (self->IsNearWinning() && !std::exchange(self->has_been_near_winning, true)) {
+    players_.SayToAll(sentences::kNearlyWins, player.name());
+  }
+}
+
+void Moves::Attack(const Player& player, std::string_view name) {
+  const auto [self, target] = Opponents(player, name);
+  if (target == nullptr) {
+    return;
+  }
+  const Game::AttackResult attack = arena_.game()->Attack(*self, *target);
+  if (attack.refusal != Refusal::None) {
+    players_.Refuse(player, attack.refusal, target->name(), Counted(Game::kAttackCost, "point"),
+                    self->points);
+    return;
+  }
+  players_.Send(player, Message<ServerMessage::ResearchPoints>(self->points) +
+                            Message<ServerMessage::Sound>(Sound::Attack));
+  const std::vector<std::string> values = {player.name(), target->name(),
+                                           std::string(TopicName(attack.topic)),
+                                           std::to_string(attack.level)};
+  if (attack.broke_alliance) {
+    arena_.Comment(sentences::kBetrays, values);
+  }
+  if (!attack.was_blocked) {
+    arena_.Send(*target, Message<ServerMessage::TopicAttacked>(attack.topic, attack.level));
+  }
+  arena_.Send(*target, Message<ServerMessage::Sound>(Sound::Attacked) +
+                           LineOf(attack.was_blocked ? sentences::kYouBlock : sentences::kYouAreHit,
+                                  values));
+  arena_.Comment(attack.was_blocked ? sentences::kBlocks : sentences::kAttacks, values, target);
+}
+
+void Moves::Ally(const Player& player, std::string_view name) {
+  const auto [self, other] = Opponents(player, name);
+  if (other == nullptr) {
+    return;
+  }
+  const Refusal refusal = Game::Propose(*self, *other);
+  if (refusal != Refusal::None) {
+    players_.Refuse(player, refusal, other->name(),
+                    self->ally == nullptr ? "" : self->ally->name());
+  } else if (self->ally == other) {
+    arena_.Comment(sentences::kAllied, {player.name(), other->name()});
+  } else {
+    players_.Say(player, sentences::kOffersAlliance, other->name());
+    arena_.Send(*other, LineOf(sentences::kAllianceOffered, {player.name()}));
+  }
+}
+
+void Moves::BreakAlliance(const Player& player) {
+  Contender* self = Seat(player);
+  if (self == nullptr) {
+    return;
+  }
+  if (self->ally == nullptr) {
+    players_.Refuse(player, Refusal::NoAlly);
+    return;
+  }
+  arena_.Comment(sentences::kAlliedNoLonger, {player.name(), self->ally->name()});
+  Game::EndAlliance(*self);
+}
+
+void Moves::Explain(const Player& player, std::string_view topic_code) {
+  const auto topic = ReadTopic(topic_code);
+  if (!topic) {
+    players_.Refuse(player, Refusal::NoSuchTopic);
+    return;
+  }
+  const Contender outsider{player.account};
+  const Contender* self = std::as_const(arena_).SeatOf(player);
+  const Contender& contender = self == nullptr ? outsider : *self;
+  const bool wins = *topic == Topic::GoldenKnowledge;
+  const int level = wins ? 0 : contender.LevelOf(*topic);
+  const std::string next =
+      Filled(wins                 ? sentences::kGoldenCost
+             : level == kTopLevel ? sentences::kLastLevel
+                                  : sentences::kNextLevel,
+             {std::to_string(level + 1), Counted(Game::Cost(contender, *topic), "point")});
+  players_.Say(player, sentences::kTopic, TopicName(*topic), TopicPurpose(*topic), next,
+               self == nullptr ? "" : " " + PointsOf(*self));
+}
+
+void Moves::Describe(const Player& player) {
+  const std::string time = arena_.TimeLeft().value_or("");
+  if (arena_.game() == nullptr) {
+    players_.Say(player, time.empty() ? sentences::kNextGameNeedsTwo : sentences::kNextGameIn,
+                 time);
+    return;
+  }
+  players_.Say(player, sentences::kStanding, arena_.number(), arena_.game()->ticks(), time);
+  for (const Contender& contender : arena_.game()->contenders()) {
+    players_.Answer(player, Summary(contender));
+  }
+  if (const Contender* self = arena_.SeatOf(player)) {
+    players_.Answer(player, PointsOf(*self));
+  }
+}
+
+Contender* Moves::Seat(const Player& player) {
+  Contender* self = arena_.SeatOf(player);
+  if (self == nullptr) {
+    players_.Refuse(player, arena_.game() == nullptr ? Refusal::NoGameOn : Refusal::NotInGame);
+  }
+  return self;
+}
+
+Moves::Sides Moves::Opponents(const Player& player, std::string_view name) {
+  Contender* self = Seat(player);
+  if (self == nullptr) {
+    return {};
+  }
+  const Player* other = players_.Find(TrimSpaces(name));
+  Contender* opponent = other == nullptr ? nullptr : arena_.SeatOf(*other);
+  const Refusal refusal = other == nullptr      ? Refusal::OpponentOffline
+                          : opponent == nullptr ? Refusal::OpponentNotInGame
+                          : opponent == self    ? Refusal::Yourself
+                                                : Refusal::None;
+  if (refusal != Refusal::None) {
+    players_.Refuse(player, refusal, other == nullptr ? "" : other->name());
+    return {};
+  }
+  return {self, opponent};
+}
+
+std::string Moves::PointsOf(const Contender& contender) const {
+  return Filled(sentences::kPoints,
+                {Counted(contender.points, "point"),
+                 std::to_string(std::as_const(arena_).game()->Income(contender))});
+}
+
+}  // namespace korvanta::practice

@@ -1,0 +1,120 @@
+#include "practice/simulation/simulated_play.h"
+
+#include <numeric>
+#include <string>
+#include <vector>
+
+namespace korvanta::practice {
+namespace {
+
+constexpr auto kTemperaments = std::to_array<Temperament>({
+    {Topic::Industry, Topic::Population, 1, 0, 0, 10, 0},    // builder
+    {Topic::Industry, Topic::Military, 0, 3, 25, 5, 40},     // raider
+    {Topic::Industry, Topic::Defense, 3, 0, 0, 10, 0},       // guardian
+    {Topic::Population, Topic::Industry, 1, 1, 6, 40, 2},    // diplomat
+    {Topic::Population, Topic::Military, 1, 1, 12, 25, 60},  // schemer
+    {Topic::Industry, Topic::Population, 0, 1, 8, 5, 20},    // racer
+});
+
+/// How often, in percent, someone who is about to win is attacked by whoever can at each move.
+constexpr int kAlarm = 30;
+/// How often, in percent, a move is let pass: newcomers are to have a chance.
+constexpr int kHesitates = 6;
+
+using Move = std::optional<ClientRequest>;
+
+/// An attack on whoever is about to win, or for the sake of it on someone no worse off.
+Move ChooseAttack(const Game& game, const Contender& self, const Temperament& temperament,
+                  Dice& dice) {
+  std::vector<const Contender*> dangers;
+  std::vector<const Contender*> rivals;
+  for (const Contender& other : game.contenders()) {
+    if (&other == &self) {
+      continue;
+    }
+    const bool is_friend = self.IsOnSideOf(other);
+    if (other.IsNearWinning() &&
+        (!is_friend || (self.ally == &other && dice.Chance(temperament.betrays)))) {
+      dangers.push_back(&other);
+    }
+    if (!is_friend && Progress(other) >= Progress(self)) {
+      rivals.push_back(&other);
+    }
+  }
+  if (self.has_attacked || self.LevelOf(Topic::Military) == 0 || self.points < Game::kAttackCost) {
+    return std::nullopt;
+  }
+  const Contender* target = nullptr;
+  if (!dangers.empty() && dice.Chance(kAlarm)) {
+    target = dice.Pick(dangers);
+  } else if (!self.IsNearWinning() && !rivals.empty() && dice.Chance(temperament.attacks)) {
+    target = dice.Pick(rivals);
+  }
+  if (target == nullptr || target->was_set_back || Progress(*target) == 0) {
+    return std::nullopt;
+  }
+  return ClientRequest{ClientMessage::AttackPlayer, {target->name()}};
+}
+
+/// An offer of an alliance, or agreement to one.
+Move ChooseAlliance(const Game& game, const Contender& self, const Temperament& temperament,
+                    Dice& dice) {
+  if (self.ally != nullptr || !self.team.empty()) {
+    return std::nullopt;
+  }
+  const Contender* partner = nullptr;
+  for (const Contender& other : game.contenders()) {
+    if (other.proposed_to == &self && other.ally == nullptr && dice.Chance(temperament.allies)) {
+      partner = &other;
+    }
+  }
+  if (partner == nullptr && self.proposed_to == nullptr && dice.Chance(temperament.allies / 5)) {
+    const Contender& other = dice.Pick(game.contenders());
+    partner = &other != &self && other.ally == nullptr ? &other : nullptr;
+  }
+  if (partner == nullptr) {
+    return std::nullopt;
+  }
+  return ClientRequest{ClientMessage::FormAlliance, {partner->name()}};
+}
+
+/// The next level on the way to the Golden Knowledge, when there are points for it.
+Move ChooseResearch(const Contender& self, const Temperament& temperament) {
+  const auto wants = [&](Topic topic, int level) { return self.LevelOf(topic) < level; };
+  const Topic topic = self.IsNearWinning()                           ? Topic::GoldenKnowledge
+                      : wants(temperament.first_topic, 2)            ? temperament.first_topic
+                      : wants(Topic::Military, temperament.military) ? Topic::Military
+                      : wants(Topic::Defense, temperament.defense)   ? Topic::Defense
+                      : wants(temperament.first_topic, kTopLevel)    ? temperament.first_topic
+                                                                     : temperament.second_topic;
+  if (self.points < Game::Cost(self, topic)) {
+    return std::nullopt;
+  }
+  const int level = topic == Topic::GoldenKnowledge ? kGoldenLevel : self.LevelOf(topic) + 1;
+  return ClientRequest{ClientMessage::ResearchTopic,
+                       {std::to_string(static_cast<int>(topic)), std::to_string(level)}};
+}
+
+}  // namespace
+
+const Temperament& TemperamentOf(std::size_t number) {
+  return kTemperaments.at(number % kTemperaments.size());
+}
+
+int Progress(const Contender& contender) {
+  return std::accumulate(contender.levels.begin(), contender.levels.end(), 0);
+}
+
+std::optional<ClientRequest> NextMove(const Game& game, const Contender& self,
+                                      const Temperament& temperament, Dice& dice) {
+  if (dice.Chance(kHesitates)) {
+    return std::nullopt;
+  }
+  Move move = ChooseAttack(game, self, temperament, dice);
+  if (!move) {
+    move = ChooseAlliance(game, self, temperament, dice);
+  }
+  return move ? move : ChooseResearch(self, temperament);
+}
+
+}  // namespace korvanta::practice

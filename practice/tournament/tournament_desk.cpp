@@ -1,0 +1,144 @@
+#include "practice/tournament/tournament_desk.h"
+
+#include <string>
+
+#include "base/trim.h"
+#include "practice/wire/server_messages.h"
+
+namespace korvanta::practice {
+
+void TournamentDesk::SendInfo(const Player& player) {
+  const Teams& teams = tournament_.teams;
+  const int fee = tournament_.terms.entry_fee;
+  std::vector<std::string_view> names;
+  for (const Team& team : teams.all()) {
+    names.emplace_back(team.name);
+  }
+  const auto purse = static_cast<std::int64_t>(teams.players()) * fee;
+  players_.Send(
+      player,
+      Message<ServerMessage::TournamentInfo>(fee, purse, teams.all().size(), teams.players()) +
+          BuildMessage(TagOf(ServerMessage::TeamNames), {Joined(names, {&kFieldSeparator, 1})}));
+}
+
+void TournamentDesk::SendTeamList(const Player& player) {
+  std::vector<std::string> lines;
+  for (const Team& team : tournament_.teams.all()) {
+    lines.push_back("Team " + team.name + ", led by " + team.leader());
+    for (const std::string& member : team.members) {
+      lines.push_back("    " + member);
+    }
+  }
+  players_.Send(player, BuildMessage(TagOf(ServerMessage::TeamList),
+                                     {Joined(lines, {&kRecordSeparator, 1})}));
+}
+
+void TournamentDesk::Start(const Player& player, std::string_view entry_fee,
+                           std::string_view max_teams, std::string_view max_players) {
+  if (!MayManage(player)) {
+    return;
+  }
+  if (Passes(player, tournament_.Open(entry_fee, max_teams, max_players), max_teams, max_players)) {
+    const Tournament::Terms& terms = tournament_.terms;
+    players_.SayToAll(sentences::kTournamentOpens, terms.max_teams, terms.max_players,
+                      terms.entry_fee);
+    SendInfo(player);
+  }
+}
+
+void TournamentDesk::SetGame(const Player& player) {
+  if (MayManage(player) && Passes(player, tournament_.SetGame())) {
+    players_.SayToAll(sentences::kTournamentGameSet);
+    players_.Say(player, sentences::kSetForNextGame);
+  }
+}
+
+void TournamentDesk::End(const Player& player) {
+  if (MayManage(player) && Passes(player, tournament_.End())) {
+    players_.SayToAll(sentences::kTournamentOver);
+    for (const Team& team : tournament_.teams.all()) {
+      SayToTeam(team, player.name(), sentences::kTeamStays);
+    }
+    SendInfo(player);
+  }
+}
+
+void TournamentDesk::Join(const Player& player, std::string_view team_name,
+                          std::string_view password) {
+  const std::int64_t score = player.account->figures.score;
+  const int fee = tournament_.terms.entry_fee;
+  const Team* current = tournament_.teams.TeamOf(player.name());
+  const std::string current_name = current == nullptr ? "" : current->name;
+  const Refusal refusal =
+      score < fee ? Refusal::EntryFeeTooHigh : tournament_.Join(player.name(), team_name, password);
+  if (!Passes(player, refusal, fee, score, current_name)) {
+    return;
+  }
+  const Team& team = *tournament_.teams.TeamOf(player.name());
+  if (team.members.size() == 1) {
+    players_.Say(player, sentences::kTeamMade);
+  } else {
+    SayToTeam(team, player.name(), sentences::kJoined);
+  }
+  SendBoth(player);
+}
+
+void TournamentDesk::Disband(const Player& player) {
+  const Team* team = tournament_.teams.TeamOf(player.name());
+  const Refusal refusal = team == nullptr                   ? Refusal::NotInTeam
+                          : team->leader() != player.name() ? Refusal::OnlyLeaderDisbands
+                                                            : Refusal::None;
+  if (Passes(player, refusal, team == nullptr ? "" : team->leader())) {
+    SayToTeam(*team, player.name(), sentences::kDisbanded);
+    tournament_.teams.Disband(player.name());
+    SendBoth(player);
+  }
+}
+
+void TournamentDesk::Kick(const Player& player, std::string_view name) {
+  const Account* account = accounts_.Find(TrimSpaces(name));
+  const Team* team = tournament_.teams.TeamOf(player.name());
+  if (team == nullptr || account == nullptr || tournament_.teams.TeamOf(account->name) != team) {
+    players_.Refuse(player, Refusal::NoTeamMember);
+    return;
+  }
+  const bool leaves = account->name == player.name();
+  if (!leaves && team->leader() != player.name()) {
+    players_.Refuse(player, Refusal::OnlyLeaderKicks, team->leader());
+    return;
+  }
+  SayToTeam(*team, player.name(),
+            leaves ? std::string(sentences::kLeft) : Filled(sentences::kKicked, {account->name}));
+  tournament_.teams.Remove(account->name);
+  SendBoth(player);
+}
+
+void TournamentDesk::Say(const Player& player, std::string_view words) {
+  if (const Team* team = tournament_.teams.TeamOf(player.name())) {
+    SayToTeam(*team, player.name(), words);
+  } else {
+    players_.Refuse(player, Refusal::NotInTeam);
+  }
+}
+
+bool TournamentDesk::MayManage(const Player& player) {
+  return Passes(player,
+                player.account->IsAdministrator() ? Refusal::None : Refusal::AdministratorsManage);
+}
+
+void TournamentDesk::SendBoth(const Player& player) {
+  SendInfo(player);
+  SendTeamList(player);
+}
+
+void TournamentDesk::SayToTeam(const Team& team, std::string_view speaker, std::string_view words) {
+  const std::string line =
+      ChatLine(MessageKind::Team, team.name + " - " + std::string(speaker), words);
+  for (const std::string& member : team.members) {
+    if (const Player* online = players_.Find(member)) {
+      players_.Send(*online, line);
+    }
+  }
+}
+
+}  // namespace korvanta::practice

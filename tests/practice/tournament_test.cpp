@@ -1,0 +1,93 @@
+/// Teams and tournaments as the tournament window asks for them.
+#include "tests/practice/practice_fixture.h"
+
+namespace korvanta::practice {
+namespace {
+
+using testing::AllOf;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class TournamentDeskTest : public PracticeServerTest {
+ protected:
+  void ExpectRefusals(
+      std::initializer_list<std::tuple<ConnectionId, const char*, const char*>> refusals) {
+    for (const auto& [player, request, reason] : refusals) {
+      EXPECT_THAT(Answers(player, request),
+                  ElementsAre(AllOf(testing::StartsWith("[msg]adm|"), HasSubstr(reason))))
+          << request;
+    }
+  }
+
+  ConnectionId anna = LogIn("Anna");
+  ConnectionId bobby = LogIn("Bobby");
+  ConnectionId carol = LogIn("Carol");
+  ConnectionId david = LogIn("David");
+};
+
+TEST_F(TournamentDeskTest, OnlyAnAdministratorManagesThemWithinTheirTerms) {
+  ExpectRefusals({{bobby, "[tcr]1|2|3|", "Only an administrator"},
+                  {bobby, "[tst]", "Only an administrator"},
+                  {bobby, "[ted]", "Only an administrator"},
+                  {anna, "[tst]", "no tournament"},
+                  {anna, "[ted]", "no tournament"},
+                  {anna, "[tcr]fifty|2|4|", "needs an entry fee of"},
+                  {anna, "[tcr]0|1|4|", "needs an entry fee of"},
+                  {anna, "[tcr]0|8|4|", "4 players cannot make up 8 teams"}});
+  EXPECT_THAT(
+      Answers(anna, "[tcr] 5|2|2|"),
+      ElementsAre(HasSubstr("for 2 teams and 2 players, entry fee 5."), "[tif]5|0|0|0", "[tdd]"));
+  Send(anna, "[ted]");
+  Send(anna, "[tcr]0|2|2|");
+  Send(anna, "[tjo]Cats|pass|");
+  ExpectRefusals({{anna, "[tcr]50|2|4|", "a tournament already"}, {anna, "[tst]", "two teams"}});
+  Send(bobby, "[tjo]Foxes|pass|");
+  ExpectRefusals({{carol, "[tjo]Cats|pass|", "no room"}});
+  Send(anna, "[tst]");
+  ExpectRefusals({{anna, "[tst]", "tournament game already"}});
+  Heard(bobby);
+  EXPECT_THAT(Answers(anna, "[ted]"), Contains(HasSubstr("The tournament is over.")));
+  EXPECT_THAT(Heard(bobby), Contains(HasSubstr("Foxes - Anna: the tournament is over; your team")));
+  Send(carol, "[tjo]Cats|pass|");
+  ExpectRefusals({{anna, "[tcr]0|2|2|", "more teams, or players"}});
+}
+
+TEST_F(TournamentDeskTest, TeamsAreMadeJoinedAndTalkAmongThemselves) {
+  EXPECT_THAT(Answers(bobby, "[tjo] Foxes |pass|"),
+              ElementsAre(HasSubstr("You lead the new team"), "[tif]0|0|1|1", "[tdd]Foxes",
+                          "[ttm]Team Foxes, led by Bobby&    Bobby"));
+  ExpectRefusals({{carol, "[tjo]foxes|wrong|", "password is a different one"},
+                  {carol, "[tjo]a:b|pass|", "no colon"},
+                  {carol, "[tjo]a name that is too long|pass|", "1 to 20"},
+                  {carol, "[tjo]Cats||", "1 to 64"},
+                  {carol, "[ctc]team hi", "not in a team"}});
+  Send(carol, "[tjo]foxes|pass|");
+  EXPECT_THAT(Heard(bobby), ElementsAre("[msg]tem|Foxes - Carol: has joined the team|False"));
+  ExpectRefusals({{carol, "[tjo]Cats|pass|", "in the team Foxes"}});
+  EXPECT_THAT(Answers(carol, "[ctc]team hi"), ElementsAre("[msg]tem|Foxes - Carol: hi|False"));
+  EXPECT_THAT(Heard(bobby), ElementsAre("[msg]tem|Foxes - Carol: hi|False"));
+  EXPECT_THAT(Heard(david), IsEmpty());
+}
+
+TEST_F(TournamentDeskTest, LeadersKickAndDisbandAndMembersLeave) {
+  for (const auto player : {bobby, carol, david}) {
+    Send(player, "[tjo]Foxes|pass|");
+  }
+  ExpectRefusals({{anna, "[tkp]Bobby", "your own team"},
+                  {bobby, "[tkp]Team Foxes, led by Bobby", "your own team"},
+                  {carol, "[tkp]David", "Only Bobby"},
+                  {carol, "[tdb]", "Only Bobby"},
+                  {anna, "[tdb]", "not in a team"}});
+  Heard(david);
+  EXPECT_THAT(Answers(bobby, "[tkp]David"),
+              Contains("[ttm]Team Foxes, led by Bobby&    Bobby&    Carol"));
+  EXPECT_THAT(Heard(david), ElementsAre("[msg]tem|Foxes - Bobby: has kicked David|False"));
+  EXPECT_THAT(Answers(bobby, "[tkp]Bobby"), Contains("[ttm]Team Foxes, led by Carol&    Carol"));
+  EXPECT_THAT(Answers(carol, "[tdb]"),
+              ElementsAre(HasSubstr("has disbanded the team"), "[tif]0|0|0|0", "[tdd]", "[ttm]"));
+}
+
+}  // namespace
+}  // namespace korvanta::practice
