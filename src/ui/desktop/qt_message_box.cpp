@@ -50,10 +50,23 @@ QString WithBreakPlaces(const QString& text, const QFontMetrics& font, int width
   return broken;
 }
 
-/// Shows the box above the active window and gives the keyboard back to that window afterwards.
+/// The active window. While the user is in another program it is the main window, the only one of
+/// ours that is no dialog.
+QWidget* Owner() {
+  if (QWidget* active = QApplication::activeWindow()) {
+    return active;
+  }
+  const QWidgetList windows = QApplication::topLevelWidgets();
+  const auto main_window = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
+    return window->isVisible() && window->windowType() == Qt::Window;
+  });
+  return main_window == windows.end() ? nullptr : *main_window;
+}
+
+/// Shows the box in the middle of its owner and gives the keyboard back to that window afterwards.
 int Execute(std::string_view text, std::string_view title, QMessageBox::Icon icon,
             QMessageBox::StandardButtons buttons) {
-  const QPointer<QWidget> owner = QApplication::activeWindow();
+  const QPointer<QWidget> owner = Owner();
   const QPointer<QMessageBox> box = new QMessageBox(owner);
   box->setWindowModality(Qt::ApplicationModal);
   box->setWindowTitle(ToQString(title));

@@ -11,7 +11,8 @@ class QFontMetrics;
 
 namespace korvanta {
 
-/// Application-modal, above the active window.
+/// Application-modal, in the middle of the active window; of the main window while the user is in
+/// another program.
 class QtMessageBox final : public MessageBox {
  public:
   void Show(std::string_view text, std::string_view title, MessageIcon icon) override;

@@ -93,6 +93,19 @@ TEST(QtMessageBoxTest, OnlyYesIsYes) {
   }
 }
 
+TEST(QtMessageBoxTest, StandsOverTheMainWindowWhileAnotherProgramIsActive) {
+  QWidget main_window;
+  main_window.setAttribute(Qt::WA_ShowWithoutActivating);
+  main_window.setGeometry(40, 40, 300, 200);
+  main_window.show();
+  QDialog dialog(&main_window);
+  dialog.setAttribute(Qt::WA_ShowWithoutActivating);
+  dialog.show();
+  ASSERT_EQ(QApplication::activeWindow(), nullptr);
+  WithNextBox([&](QMessageBox& box) { EXPECT_EQ(box.parentWidget(), &main_window); });
+  QtMessageBox().Show("It failed.", "Korvanta", MessageIcon::None);
+}
+
 /// Programs are looked for in a folder of the test's, then where they were before.
 class DesktopWebOpenerTest : public testing::Test {
  protected:
