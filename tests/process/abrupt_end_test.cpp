@@ -1,41 +1,12 @@
-/// Ends that come at the worst moment, and a server that does its worst.
+/// Ends that come at the worst moment.
 #include <QDir>
 #include <QFileInfo>
 #include <csignal>
 
-#include "harness/practice_server.h"
 #include "tests/process/process_test.h"
 
 namespace korvanta::process {
 namespace {
-
-class HostileServer : public ProcessTest {};
-
-TEST_F(HostileServer, WindowsComeAndGoUnderFloodAndMischief) {
-  const PracticeServer server({"--players", "30", "--pace", "20", "--flood", "500", "--mischief",
-                               "cut,numbers,tags,bytes,giant,markup,unended,twice,shuffle",
-                               "--mischief-seed", "5"});
-  const Installation installation(server.address());
-  Program program(installation, display_);
-  Player player(user_, program);
-  player.WaitForStart();
-  player.Login("Newcomer7", "secret1");
-  player.WaitForState("Connected");
-  for (int round = 0; round < 4; ++round) {
-    for (const SideWindow& side : kSideWindows) {
-      const Window window = player.Open(side);
-      if (round % 2 == 0) {
-        user_.Press({"Escape"});
-        user_.WaitUntilGone(window);
-      }
-    }
-  }
-  // A server drops who falls too far behind; then the connection is already gone.
-  player.WaitForState("*");
-  player.Choose("alt+F4");
-  EXPECT_EQ(program.WaitForExit(), 0);
-  EXPECT_EQ(program.Output().toStdString(), "");
-}
 
 class AbruptEnd : public StoryTest {
  protected:

@@ -3,35 +3,11 @@
 #include <gmock/gmock.h>
 
 #include "harness/scripted_client.h"
-#include "protocol/message_catalogue.h"
 
 namespace korvanta::harness {
 namespace {
 
-using namespace std::string_view_literals;
-
 using testing::HasSubstr;
-
-TEST(PracticeServer, RelaysChatBetweenThoseWhoAreLoggedIn) {
-  PracticeServer server;
-  ScriptedClient aster(server);
-  const std::string login = outbound::Login("1.6", "Aster", "secret");
-  aster.Send(login.substr(0, 7));
-  ScriptedClient brisk(server);
-  brisk.LogIn("Brisk");
-  brisk.WaitFor("[con]Brisk\001");
-  aster.Send(login.substr(7));
-  aster.WaitFor("[con]Aster\001");
-  brisk.WaitFor("Aster logged in");
-
-  aster.Send("[ctc]c hello\0"sv);
-  aster.WaitFor("hello");
-  brisk.WaitFor("hello");
-
-  EXPECT_EQ(server.Stop(), 0);
-  brisk.WaitFor("Goodbye!");
-  brisk.WaitForEnd();
-}
 
 TEST(PracticeServer, MischiefComesOverConnectionsByDice) {
   const PracticeServer server({"--mischief", "reset-handshake", "--mischief-seed", "1"});
