@@ -1,5 +1,5 @@
 /// Fuzz target: a whole client, fed any blocks between any clicks, ticks and socket events.
-#include <memory>
+#include <algorithm>
 #include <numeric>
 
 #include "fuzz/input.h"
@@ -24,18 +24,10 @@ bool IsShown(WindowLife& window) { return window.state() == WindowLife::State::S
 
 /// The item that has this name; for other texts any one, always the same.
 const MenuItem& ItemFor(std::string_view name) {
-  std::vector<const MenuItem*> items;
-  for (const Menu& menu : fakes::AllMenus()) {
-    for (const MenuItem& item : menu.items) {
-      if (item.name == name && !item.IsSeparator()) {
-        return item;
-      }
-      if (!item.IsSeparator()) {
-        items.push_back(&item);
-      }
-    }
-  }
-  return *items[std::accumulate(name.begin(), name.end(), std::size_t{0}) % items.size()];
+  const auto items = fakes::AllItems();
+  const auto found = std::ranges::find(items, name, &MenuItem::name);
+  const auto any = std::accumulate(name.begin(), name.end(), std::size_t{0}) % items.size();
+  return found != items.end() ? **found : *items[any];
 }
 
 void UseLoginDialog(WatchedClient& watched, Event event) {
@@ -98,8 +90,6 @@ void SayLine(WatchedClient& watched, Event event) {
   watched.client().chat_input.SendChatLine();
 }
 
-void UseMenu(WatchedClient& watched, Event event) { ItemFor(event.text).click(watched.client()); }
-
 void UseBoard(WatchedClient& watched, Event event) {
   const std::size_t topic = event.TakeNumber() % 5 + 1;
   const std::size_t level = event.TakeNumber() % 5 + 1;
@@ -151,10 +141,6 @@ void UseStatistics(WatchedClient& watched, Event event) {
   }
 }
 
-void DoNothing(WatchedClient& /*watched*/, Event /*event*/) {}
-
-void CloseNews(WatchedClient& watched, Event /*event*/) { watched.client().news.window().Unload(); }
-
 void UseTournament(WatchedClient& watched, Event event) {
   constexpr std::string TournamentTexts::*kBoxes[] = {
       &TournamentTexts::iEntryFee, &TournamentTexts::txtPurse,    &TournamentTexts::iMaxTeams,
@@ -190,8 +176,8 @@ constexpr char kSettingLetter = 'K';  ///< before the start alone
 constexpr char kAnswerLetter = 'Y';   ///< in a message box alone
 
 constexpr Action kActions[] = {
-    {kSettingLetter, DoNothing},
-    {kAnswerLetter, DoNothing},
+    {kSettingLetter, [](auto&, Event) {}},
+    {kAnswerLetter, [](auto&, Event) {}},
     {'B', [](auto& watched, Event event) { watched.Receive(event.text); }, Action::ByItself},
     {'A', [](auto& watched, Event) { watched.Accept(); }, Action::ByItself},
     {'H', [](auto& watched, Event) { watched.Hangup(); }, Action::ByItself},
@@ -203,12 +189,12 @@ constexpr Action kActions[] = {
     {'d', UseLoginDialog},
     {'s', SayLine},
     {'c', UseChatInput},
-    {'m', UseMenu},
+    {'m', [](auto& watched, Event event) { ItemFor(event.text).click(watched.client()); }},
     {'b', UseBoard},
     {'o', UseOnlineList},
     {'v', UseMessageView},
     {'u', UseStatistics},
-    {'n', CloseNews},
+    {'n', [](auto& watched, Event) { watched.client().news.window().Unload(); }},
     {'t', UseTournament},
 };
 

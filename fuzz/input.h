@@ -92,6 +92,19 @@ inline std::string_view AsText(const std::uint8_t* data, std::size_t size) {
   return {reinterpret_cast<const char*>(data), size};
 }
 
+/// Plays an input against a target, which its first byte sets up: every event behind that happens
+/// to it.
+template <typename Make>
+int Play(const std::uint8_t* data, std::size_t size, Make make_target) {
+  if (size > 0) {
+    auto target = make_target(std::size_t{*data});
+    for (Events events(AsText(data + 1, size - 1)); !events.AtEnd();) {
+      target->Act(events.Next());
+    }
+  }
+  return 0;
+}
+
 /// The row of `table` that has this letter; for other letters any one, always the same.
 template <typename Row>
 const Row& RowFor(std::span<const Row> table, char letter) {

@@ -152,12 +152,8 @@ Inputs OtherMessages() {
 /// The names of all menu items.
 Inputs MenuItems() {
   Inputs names;
-  for (const Menu& menu : fakes::AllMenus()) {
-    for (const MenuItem& item : menu.items) {
-      if (!item.IsSeparator()) {
-        names.emplace_back(item.name);
-      }
-    }
+  for (const MenuItem* item : fakes::AllItems()) {
+    names.emplace_back(item->name);
   }
   return names;
 }
@@ -272,18 +268,19 @@ void Write(const std::filesystem::path& folder, const Inputs& inputs) {
 }
 
 void WriteDictionary(const std::filesystem::path& path) {
-  std::ofstream file(path);
+  Inputs words = MenuItems();
   for (const auto& row : kClientMessages) {
-    file << '"' << row.tag << "\"\n";
+    words.emplace_back(row.tag);
   }
   for (const auto& row : kServerMessages) {
-    file << '"' << row.tag << "\"\n";
+    words.emplace_back(row.tag);
   }
-  for (std::string_view code : kMessageKindCodes) {
-    file << '"' << code << "\\x01\"\n";
+  for (const std::string_view code : kMessageKindCodes) {
+    words.push_back(std::string(code) + "\\x01");
   }
-  for (const std::string& item : MenuItems()) {
-    file << '"' << item << "\"\n";
+  std::ofstream file(path);
+  for (const std::string& word : words) {
+    file << '"' << word << "\"\n";
   }
   file.close();
   Check(file.good(), "the dictionary can be written");

@@ -1,9 +1,8 @@
 /// Fuzz target: the practice server's rules, fed any bytes from several connections while time
 /// passes. What goes out must be whole messages that a client understands.
 #include <algorithm>
-#include <map>
+#include <memory>
 #include <set>
-#include <vector>
 
 #include "fuzz/input.h"
 #include "practice/server.h"
@@ -85,15 +84,13 @@ class CheckingTransport : public practice::Transport {
  public:
   void Send(ConnectionId connection, std::string_view messages) override {
     Check(open.contains(connection), "nothing is sent where nobody is");
-    Check(messages.ends_with(kMessageTerminator), "messages are whole");
+    Check(messages.size() > 1 && messages.ends_with(kMessageTerminator), "messages are whole");
     messages.remove_suffix(1);
-    for (std::size_t at = 0; at <= messages.size();) {
-      const std::size_t end = std::min(messages.find(kMessageTerminator, at), messages.size());
-      CheckMessage(messages.substr(at, end - at));
-      if (messages.substr(at).starts_with(TagOf(ServerMessage::LoginAccepted))) {
+    for (std::string_view message : Split(messages, kMessageTerminator)) {
+      CheckMessage(message);
+      if (message.starts_with(TagOf(ServerMessage::LoginAccepted))) {
         logged_in.insert(connection);
       }
-      at = end + 1;
     }
     heard.insert(connection);
   }
@@ -199,12 +196,7 @@ class Evening {
 /// The input's first byte is the number of simulated players.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace korvanta::fuzz;
-  if (size == 0) {
-    return 0;
-  }
-  Evening evening(*data % 4);
-  for (Events events(AsText(data + 1, size - 1)); !events.AtEnd();) {
-    evening.Act(events.Next());
-  }
-  return 0;
+  return Play(data, size, [](std::size_t byte) {
+    return std::make_unique<Evening>(static_cast<int>(byte % 4));
+  });
 }

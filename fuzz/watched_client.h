@@ -2,15 +2,10 @@
 /// plays events against it.
 #pragma once
 
-#include <cstddef>
 #include <functional>
-#include <optional>
-#include <string>
 #include <string_view>
-#include <vector>
 
-#include "client/client.h"
-#include "fuzz/plain_reading.h"
+#include "fuzz/drawn_client.h"
 #include "tests/fakes/fake_platform.h"
 
 namespace korvanta::fuzz {
@@ -66,36 +61,14 @@ class WatchedClient {
   void Close();
   bool IsClosed() const { return is_closed_; }
 
-  /// The user changed a box of a side window; nobody tells that.
-  void UserTyped() { TakeSideWindows(); }
+  void UserTyped() { drawn_.UserTyped(); }
 
   /// Everything that holds between events.
-  void CheckAll();
+  void CheckAll() const;
 
  private:
-  /// What the widgets have drawn, brought up to date only when they are told to.
-  struct Drawn {
-    std::string title, connect_caption, research, tick_time, chat_text, news;
-    Options options;
-    std::array<std::array<int, 8>, kTopicRows> board;
-    std::vector<ListedPlayer> players;
-    std::string messages;
-    StatisticsState statistics;
-    TournamentState tournament;
-    LoginForm login;
-  };
-
-  void Listen();
-  void TakeSideWindows();
   void CheckSent(std::string_view message) const;
-  void CheckView();
-  void CheckBoard() const;
-  void CheckDrawn() const;
-  void CheckTeams(std::string_view block);
   void CheckStored();
-  std::array<int, 8> BoardRow(std::size_t row) const;
-  std::string_view ConnectCaption() const;
-  std::vector<ListedPlayer> Players() const;
 
   fakes::MemorySettings& settings_;
   fakes::FakeTimers timers_;
@@ -105,7 +78,7 @@ class WatchedClient {
   WatchedMessageBox message_box_;
   fakes::FakeInstance instance_;
   Client client_;
-  Drawn drawn_;
+  DrawnClient drawn_{client_};
   bool is_accepting_ = false;
   bool is_closed_ = false;
 };

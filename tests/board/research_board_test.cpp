@@ -1,7 +1,6 @@
+/// The research board, with the game clock that it shows.
 #include "board/research_board.h"
 
-#include <array>
-#include <cstdlib>
 #include <gmock/gmock.h>
 #include <limits>
 
@@ -11,8 +10,6 @@ namespace korvanta {
 namespace {
 
 using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 class ResearchBoardTest : public testing::Test {
  protected:
@@ -33,7 +30,14 @@ class ResearchBoardTest : public testing::Test {
     return text;
   }
   std::vector<std::string> Rows() const { return {Row(0), Row(1), Row(2), Row(3)}; }
-  std::vector<BoardPart> TakeChanged() { return std::exchange(changed_, {}); }
+
+  /// The text of the clock after that many more seconds.
+  std::string After(int seconds) {
+    for (int i = 0; i < seconds; ++i) {
+      timers_.Tick(1000ms);
+    }
+    return board_.TickTime();
+  }
 
   fakes::FakeTimers timers_;
   GameClock clock_{timers_};
@@ -44,79 +48,62 @@ class ResearchBoardTest : public testing::Test {
 constexpr const char* kPlain = "1111 1111";
 constexpr const char* kAll = "4444 4444";
 
-TEST_F(ResearchBoardTest, EveryLevelOfEveryRowWhateverItWasBefore) {
-  const std::array<const char*, 5> by_level = {kPlain, "4111 1111", "4411 4111", "4441 4411", kAll};
-  for (std::int16_t topic = 1; topic <= 4; ++topic) {
+TEST_F(ResearchBoardTest, ALevelDecidesOnTheWholeRowWhateverItWasBefore) {
+  const struct {
+    std::int16_t topic, level;
+    std::size_t row;
+    const char* shown;
+  } cases[] = {{1, 0, 0, kPlain},      {1, 1, 0, "4111 1111"}, {2, 2, 1, "4411 4111"},
+               {3, 3, 2, "4441 4411"}, {3, 4, 2, kAll},        {4, 4, 3, kAll},
+               {1, 5, 0, kAll},        {2, 32767, 1, kAll},    {3, 5, 2, "4444 4441"},
+               {5, 2, 3, "4411 4111"}, {0, 4, 3, kAll},        {-7, 1, 3, "4111 1111"},
+               {4, -1, 3, kPlain}};
+  for (const auto& [topic, level, row, shown] : cases) {
     for (std::int16_t before = 0; before <= 4; ++before) {
-      for (std::int16_t level = 0; level <= 4; ++level) {
-        modLight::ResetBoard(board_);
-        modLight::LightTopic(board_, static_cast<TopicCode>(topic), before);
-        modLight::LightTopic(board_, static_cast<TopicCode>(topic), level);
-        std::vector<std::string> expected(4, kPlain);
-        expected[static_cast<std::size_t>(topic - 1)] = by_level[static_cast<std::size_t>(level)];
-        EXPECT_EQ(Rows(), expected) << topic << ": " << before << " to " << level;
-      }
+      modLight::ResetBoard(board_);
+      modLight::LightTopic(board_, static_cast<TopicCode>(topic), before);
+      modLight::LightTopic(board_, static_cast<TopicCode>(topic), level);
+      std::vector<std::string> expected(4, kPlain);
+      expected[row] = shown;
+      EXPECT_EQ(Rows(), expected) << topic << ": " << before << " to " << level;
     }
   }
 }
 
-TEST_F(ResearchBoardTest, ValuesOutOfRange) {
-  struct Case {
-    std::int16_t topic, level;
-    std::size_t row;
-    const char* shown;
-  };
-  const std::vector<Case> cases = {{1, 5, 0, kAll}, {2, 32767, 1, kAll},    {3, 5, 2, "4444 4441"},
-                                   {4, 9, 3, kAll}, {1, -1, 0, kPlain},     {5, 2, 3, "4411 4111"},
-                                   {0, 4, 3, kAll}, {-7, 1, 3, "4111 1111"}};
-  for (const Case& each : cases) {
-    modLight::ResetBoard(board_);
-    modLight::LightTopic(board_, static_cast<TopicCode>(each.topic), each.level);
-    std::vector<std::string> expected(4, kPlain);
-    expected[each.row] = each.shown;
-    EXPECT_EQ(Rows(), expected) << each.topic << ", " << each.level;
-  }
-}
-
 TEST_F(ResearchBoardTest, ResetClearsTheBoardAndFreezesTheClock) {
-  for (std::int16_t topic = 1; topic <= 4; ++topic) {
-    modLight::LightTopic(board_, static_cast<TopicCode>(topic), 4);
+  for (const TopicRow& topic : kTopics) {
+    modLight::LightTopic(board_, topic.code, 4);
   }
   board_.ShowResearchPoints(12);
   clock_.StartGameClock(90);
-  timers_.Tick(1000ms);
-
+  After(1);
   modLight::ResetBoard(board_);
   EXPECT_THAT(Rows(), testing::Each(kPlain));
   EXPECT_EQ(board_.Research(), "Research Points: 0");
-  timers_.Tick(1000ms);
-  EXPECT_EQ(board_.TickTime(), "Tick Time - 1:29");
+  EXPECT_EQ(After(1), "Tick Time - 1:29");
   EXPECT_EQ(clock_.TickSecondsLeft(), 89);
-  clock_.StartGameClock(120);
-  timers_.Tick(1000ms);
-  EXPECT_EQ(board_.TickTime(), "Tick Time - 1:59");
 }
 
-TEST_F(ResearchBoardTest, TellsEachPartThatChangedAndNothingElse) {
+TEST_F(ResearchBoardTest, NotifiesOfEachPartThatChangedAndOfNothingElse) {
   for (int times = 0; times < 2; ++times) {
     modLight::LightTopic(board_, TopicCode::Population, 2);
     board_.ShowResearchPoints(5);
   }
-  EXPECT_THAT(TakeChanged(), ElementsAre(BoardPart::Population, BoardPart::Research));
-  clock_.StartGameClock(10);
-  timers_.Tick(1000ms);
-  EXPECT_THAT(TakeChanged(), ElementsAre(BoardPart::TickTime));
+  clock_.StartGameClock(1);
+  After(2);
+  clock_.StartGameClock(2);
+  After(1);
   modLight::ResetBoard(board_);
-  EXPECT_THAT(TakeChanged(), ElementsAre(BoardPart::Population, BoardPart::Research));
+  using enum BoardPart;
+  EXPECT_THAT(changed_, testing::ElementsAre(Population, Research, TickTime, Population, Research));
 }
 
 TEST_F(ResearchBoardTest, PointsArePlainDecimalText) {
-  const std::vector<std::pair<double, std::string>> cases = {
-      {12, "12"},
-      {2.50, "2.5"},
+  const std::pair<double, std::string> cases[] = {
+      {10, "10"},
+      {12.5, "12.5"},
       {-3.25, "-3.25"},
       {-0.0, "0"},
-      {10, "10"},
       {1e-7, "0.0000001"},
       {1e23, "1" + std::string(23, '0')},
       {-1.25e308, "-125" + std::string(306, '0')},
@@ -125,6 +112,29 @@ TEST_F(ResearchBoardTest, PointsArePlainDecimalText) {
   for (const auto& [points, text] : cases) {
     board_.ShowResearchPoints(points);
     EXPECT_EQ(board_.Research(), "Research Points: " + text);
+  }
+}
+
+TEST_F(ResearchBoardTest, TheClockCountsDownAndStopsOneTickAfterZero) {
+  clock_.StartGameClock(90);
+  EXPECT_EQ(After(0), "Tick Time - 0:00") << "only a tick changes the text";
+  EXPECT_EQ(After(81), "Tick Time - 0:09");
+  EXPECT_EQ(After(9), "Tick Time - 0:00");
+  EXPECT_TRUE(clock_.IsCounting());
+  EXPECT_EQ(After(1), "Tick Time - 0:00");
+  EXPECT_FALSE(clock_.IsCounting());
+}
+
+TEST_F(ResearchBoardTest, TheClocksFirstTickShowsOneSecondLess) {
+  const std::pair<std::int16_t, std::string> cases[] = {
+      {1, "0:00"}, {11, "0:10"}, {60, "0:59"},      {61, "1:00"},    {7201, "120:00"},
+      {0, "0:00"}, {-1, "0:00"}, {32767, "546:06"}, {-32768, "0:00"}};
+  for (const auto& [seconds, text] : cases) {
+    clock_.StartGameClock(500);
+    After(1);
+    clock_.StartGameClock(seconds);
+    EXPECT_EQ(After(1), "Tick Time - " + text) << seconds;
+    EXPECT_EQ(clock_.IsCounting(), seconds > 0) << seconds;
   }
 }
 

@@ -2,6 +2,7 @@
 /// nothing by themselves. Time passes only when a test ticks a timer.
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <functional>
@@ -16,6 +17,13 @@
 #include "platform/platform.h"
 
 namespace korvanta::fakes {
+
+/// Messages in readable form: the field separator as ',', the terminator as ';'.
+inline std::string Readable(std::string messages) {
+  std::ranges::replace(messages, '\1', ',');
+  std::ranges::replace(messages, '\0', ';');
+  return messages;
+}
 
 /// A socket whose peer is the test.
 class FakeSocket : public ClientSocket {
@@ -48,6 +56,14 @@ class FakeSocket : public ClientSocket {
   }
   /// Everything sent since the last call.
   std::vector<std::string> TakeSent() { return std::exchange(sent, {}); }
+  /// The same in one text.
+  std::string TakeReadable() {
+    std::string all;
+    for (const std::string& message : TakeSent()) {
+      all += Readable(message);
+    }
+    return all;
+  }
 
   bool connected = false;
   int closes = 0;

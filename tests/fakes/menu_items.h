@@ -1,6 +1,7 @@
 /// The items of all menus, for those that click on them without a window.
 #pragma once
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -17,16 +18,23 @@ inline std::vector<Menu> AllMenus() {
   return menus;
 }
 
-/// An item on which one can click.
-inline const MenuItem& ItemNamed(std::string_view name) {
+/// Those on which one can click.
+inline std::vector<const MenuItem*> AllItems() {
+  std::vector<const MenuItem*> items;
   for (const Menu& menu : AllMenus()) {
     for (const MenuItem& item : menu.items) {
-      if (item.name == name && !item.IsSeparator()) {
-        return item;
+      if (!item.IsSeparator()) {
+        items.push_back(&item);
       }
     }
   }
-  throw std::logic_error("no menu item " + std::string(name));
+  return items;
+}
+
+inline const MenuItem& ItemNamed(std::string_view name) {
+  const auto items = AllItems();
+  const auto found = std::ranges::find(items, name, &MenuItem::name);
+  return found != items.end() ? **found : throw std::logic_error("no item " + std::string(name));
 }
 
 }  // namespace korvanta::fakes

@@ -69,25 +69,23 @@ class MessageSearchTest : public testing::Test {
 };
 
 TEST_F(MessageSearchTest, GoesThroughTheMatchesBothWaysAndKeepsItsPlace) {
-  struct Step {
+  const struct {
     const char* typed;  // "<" goes to an older match, ">" to a newer one
     Outcome outcome;
     TextRange match;
-  };
-  const Step steps[] = {{"a", Outcome::Found, {14, 15}},
-                        {"as", Outcome::Found, {14, 16}},
-                        {"ash", Outcome::Found, {14, 17}},
-                        {"<", Outcome::Found, {4, 7}},
-                        {"ashx", Outcome::NoMatch, {0, 0}},
-                        {"ash", Outcome::Found, {4, 7}},
-                        {"<", Outcome::Found, {0, 3}},
-                        {"<", Outcome::FoundAgainFromNewest, {14, 17}},
-                        {">", Outcome::FoundAgainFromOldest, {0, 3}},
-                        {">", Outcome::Found, {4, 7}},
-                        {"oak", Outcome::FoundAgainFromNewest, {9, 12}},
-                        {"<", Outcome::FoundAgainFromNewest, {9, 12}},
-                        {"", Outcome::Nothing, {0, 0}},
-                        {"<", Outcome::Nothing, {0, 0}}};
+  } steps[] = {{"a", Outcome::Found, {14, 15}},
+               {"ash", Outcome::Found, {14, 17}},
+               {"<", Outcome::Found, {4, 7}},
+               {"ashx", Outcome::NoMatch, {0, 0}},
+               {"ash", Outcome::Found, {4, 7}},
+               {"<", Outcome::Found, {0, 3}},
+               {"<", Outcome::FoundAgainFromNewest, {14, 17}},
+               {">", Outcome::FoundAgainFromOldest, {0, 3}},
+               {">", Outcome::Found, {4, 7}},
+               {"oak", Outcome::FoundAgainFromNewest, {9, 12}},
+               {"<", Outcome::FoundAgainFromNewest, {9, 12}},
+               {"", Outcome::Nothing, {0, 0}},
+               {"<", Outcome::Nothing, {0, 0}}};
   for (const auto& [typed, outcome, match] : steps) {
     EXPECT_EQ(*typed == '<'   ? search_.Next(Direction::Older)
               : *typed == '>' ? search_.Next(Direction::Newer)
@@ -111,6 +109,11 @@ TEST_F(MessageSearchTest, TheMatchIsNotWhereLinesGoAndLinesDoNotMoveIt) {
   EXPECT_EQ(search_.match(), (TextRange{24, 27}));
   search_.SelectMatch();
   EXPECT_EQ(view_.SelectedText(), "Ash");
+  search_.Seek("ashy");
+  view_.Select(0, 0);
+  view_.AppendMessage("fir", MessageKind::Status);  // the place is kept without a match, too
+  search_.Seek("ash");
+  EXPECT_EQ(search_.match(), (TextRange{29, 32}));
   view_.Clear();
   EXPECT_TRUE(search_.match().empty());
   view_.AppendMessage("ash", MessageKind::Status);

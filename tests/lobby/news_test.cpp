@@ -1,52 +1,40 @@
 #include "lobby/news.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
-#include "protocol/message_catalogue.h"
 #include "tests/fakes/logged_in_player.h"
 
 namespace korvanta {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+struct NewsTest : testing::Test, fakes::LoggedInPlayer {
+  News news{connection};
+};
 
-TEST(News, AsksOncePerCreationAndStartsEmpty) {
-  fakes::LoggedInPlayer player;
-  News news(player.connection);
-  news.window().Show();
-  news.window().Show();
-  EXPECT_THAT(player.TakeSent(), ElementsAre(outbound::RequestNews()));
-  news.ShowNews("old");
-  news.window().Unload();
-  news.window().Show();
-  EXPECT_THAT(player.TakeSent(), ElementsAre(outbound::RequestNews()));
-  EXPECT_EQ(news.rbNews(), "");
-
-  news.window().Unload();
-  player.OnlyHandshake();
-  news.window().Show();
-  EXPECT_THAT(player.TakeSent(), IsEmpty());
+TEST_F(NewsTest, AsksOncePerCreationWhenLoggedInAndStartsEmpty) {
+  for (const bool logged_in : {true, false}) {
+    values.IsConnected = logged_in;
+    news.window().Show();
+    news.window().Show();
+    EXPECT_EQ(Sent(), logged_in ? "[nws];" : "");
+    EXPECT_EQ(news.rbNews(), "");
+    news.ShowNews("old");
+    news.window().Unload();
+  }
 }
 
-TEST(News, AReplyReplacesTheTextAndTellsOnlyOfChanges) {
-  fakes::LoggedInPlayer player;
-  News news(player.connection);
+TEST_F(NewsTest, AReplyCreatesTheWindowUnseenAndNotifiesOfChangesAlone) {
   int changes = 0;
   news.on_changed = [&] { ++changes; };
   news.ShowNews("one\r\ntwo\001three");
   EXPECT_EQ(news.window().state(), WindowLife::State::Hidden);
-  EXPECT_THAT(player.TakeSent(), ElementsAre(outbound::RequestNews()));
-  EXPECT_EQ(news.rbNews(), "one\r\ntwo\001three");
+  EXPECT_EQ(Sent(), "[nws];");
   news.ShowNews("one\r\ntwo\001three");
   EXPECT_EQ(changes, 1);
-
-  news.window().Show();
   EXPECT_EQ(news.rbNews(), "one\r\ntwo\001three");
   news.ShowNews("");
-  EXPECT_EQ(news.rbNews(), "");
   EXPECT_EQ(changes, 2);
-  EXPECT_THAT(player.TakeSent(), IsEmpty());
+  EXPECT_EQ(news.rbNews(), "");
 }
 
 }  // namespace

@@ -20,8 +20,7 @@ struct Stream {
 
   std::vector<std::string> Take(bool at_end = false) {
     std::vector<std::string> taken;
-    for (std::string block = blocks.Take(now, at_end); !block.empty();
-         block = blocks.Take(now, at_end)) {
+    for (std::string block; !(block = blocks.Take(now, at_end)).empty();) {
       taken.push_back(block);
     }
     return taken;
@@ -50,6 +49,9 @@ std::string Text(std::string_view text_with_bars) {
 std::string Long(std::string_view text_with_bars) {
   return std::string(kSegment, 'x') + Text(text_with_bars);
 }
+
+/// A message of that many bytes.
+std::string MessageOf(std::size_t size) { return std::string(size - 1, 'x') + '\0'; }
 
 TEST(BlockAssembler, WhatArrivesAtOnceIsABlockUnlessItMayHaveBeenCut) {
   const std::string almost_long(kSegment - 1, 'x');
@@ -88,7 +90,7 @@ TEST(BlockAssembler, WhatArrivesAtOnceIsABlockUnlessItMayHaveBeenCut) {
   }
 }
 
-TEST(BlockAssembler, RestIsGivenUpAfterItsWaitAndNotBefore) {
+TEST(BlockAssembler, ARestIsGivenUpAfterItsWaitOrAtTheEndAndNotBefore) {
   Stream stream;
   stream.Add(Long("[b]"));
   stream.now += 200ms;
@@ -99,47 +101,28 @@ TEST(BlockAssembler, RestIsGivenUpAfterItsWaitAndNotBefore) {
   stream.now += 1ms;
   EXPECT_THAT(stream.Take(), ElementsAre(Long("[b]") + Long("")));
   EXPECT_EQ(stream.blocks.RestDeadline(), std::nullopt);
-}
-
-TEST(BlockAssembler, AtTheEndEverythingIsOneBlock) {
-  Stream stream;
   stream.Add(Long("|[b]2"));
   EXPECT_THAT(stream.Take(true), ElementsAre(Long("|[b]2")));
-  EXPECT_THAT(stream.Take(true), ElementsAre());
 }
 
-TEST(BlockAssembler, LongBlocksAreCutBetweenMessagesAtTheBlockLimit) {
-  const std::string message = std::string(999, 'x') + '\0';
-  Stream stream;
+TEST(BlockAssembler, LongBlocksAreCutBetweenMessagesAndLongMessagesAtTheRestLimit) {
+  std::string messages;
   for (int i = 0; i < 200; ++i) {
-    stream.Add(message);
+    messages += MessageOf(1000);
   }
-  stream.Add("rest");
-  EXPECT_THAT(stream.TakeLengths(), ElementsAre(65'000, 65'000, 65'000, 5'004));
-}
-
-TEST(BlockAssembler, LongMessagesStayWholeUpToTheRestLimit) {
-  const std::pair<std::size_t, std::vector<std::size_t>> cases[] = {
-      {kBlockLimit, {kBlockLimit, 4}},
-      {kBlockLimit + 1, {kBlockLimit + 1, 4}},
-      {kRestLimit, {kRestLimit, 4}},
-      {kRestLimit + 1, {kRestLimit, 5}}};
-  for (const auto& [length, blocks] : cases) {
+  const std::pair<std::string, std::vector<std::size_t>> cases[] = {
+      {messages + "rest", {65'000, 65'000, 65'000, 5'000}},
+      {MessageOf(kBlockLimit) + MessageOf(4), {kBlockLimit, 4}},
+      {MessageOf(4) + MessageOf(kBlockLimit - 3), {4, kBlockLimit - 3}},
+      {MessageOf(kBlockLimit + 1) + MessageOf(4), {kBlockLimit + 1, 4}},
+      {MessageOf(kRestLimit) + MessageOf(4), {kRestLimit, 4}},
+      {MessageOf(kRestLimit + 1) + MessageOf(4), {kRestLimit, 5}},
+      {std::string(2 * kRestLimit + 5, 'x'), {kRestLimit, kRestLimit}}};
+  for (const auto& [bytes, blocks] : cases) {
     Stream stream;
-    stream.Add(std::string(length - 1, 'x') + '\0' + Text("[a]|"));
-    EXPECT_EQ(stream.TakeLengths(), blocks) << length;
+    stream.Add(bytes);
+    EXPECT_EQ(stream.TakeLengths(), blocks) << bytes.size();
   }
-}
-
-TEST(BlockAssembler, EndlessRestIsHandedOutAtItsLimit) {
-  Stream stream;
-  std::vector<std::size_t> lengths;
-  const std::string slice(kBlockLimit, 'x');
-  for (int i = 0; i < 40; ++i) {
-    stream.Add(slice);
-    std::ranges::copy(stream.TakeLengths(), std::back_inserter(lengths));
-  }
-  EXPECT_THAT(lengths, ElementsAre(kRestLimit, kRestLimit));
 }
 
 }  // namespace

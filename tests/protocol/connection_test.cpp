@@ -1,6 +1,6 @@
 #include "protocol/connection.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include "protocol/field_reading.h"
 #include "tests/fakes/logged_in_player.h"
@@ -9,152 +9,97 @@ namespace korvanta {
 namespace {
 
 using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Pair;
 
-class ConnectionTest : public testing::Test, protected fakes::OfflinePlayer {
- protected:
-  ConnectionTest() {
+struct ScriptedPlayer : fakes::OfflinePlayer {
+  ScriptedPlayer() {
     values.ClientVersion = "1.6";
     values.CurrentUserName = "name";
     values.CurrentPassword = "password";
   }
 
-  void Ticks(int count) {
-    for (int i = 0; i < count; ++i) {
-      timers.Tick(1000ms);
+  void Act(char letter) {
+    switch (letter) {
+      case 's':
+        return connection.StartConnection();
+      case 't':
+        return timers.Tick(1000ms);
+      case 'a':
+        return socket.Accept();
+      case 'l':
+        return connection.AcceptLogin("Name\001-12");
+      case 'd':
+        return connection.Disconnect();
+      default:
+        return socket.Hangup();
     }
   }
-  void LogIn() {
-    connection.StartConnection();
-    socket.Accept();
-    connection.AcceptLogin("name\00112");
-    chat.Take();
-    display.Take();
-    socket.TakeSent();
+
+  /// The lines written since the last call, what was shown, what was sent, and closes of our own.
+  std::string Take() {
+    std::string all;
+    for (const auto& calls : {chat.Take(), display.Take()}) {
+      for (const std::string& call : calls) {
+        all += call + "; ";
+      }
+    }
+    return all + Sent() + (std::exchange(socket.closes, 0) == 1 ? "close" : "");
   }
 };
 
-TEST_F(ConnectionTest, AnAttemptClosesTheSocketAndConnectsToTheFixedPort) {
-  connection.StartConnection();
-  EXPECT_EQ(socket.closes, 1);
-  EXPECT_THAT(socket.attempts, ElementsAre(Pair("127.0.0.1", 7678)));
-  EXPECT_THAT(chat.Take(), ElementsAre("3|Connecting as name..."));
-  EXPECT_THAT(display.Take(), IsEmpty());
-  EXPECT_THAT(socket.sent, IsEmpty());
-}
-
-TEST_F(ConnectionTest, TheEighthTickGivesUpAndLeavesTitleAndMenu) {
-  connection.StartConnection();
-  chat.Take();
-  Ticks(7);
-  EXPECT_EQ(values.ConnectTicks, 7);
-  EXPECT_THAT(chat.lines, IsEmpty());
-  Ticks(1);
-  EXPECT_THAT(chat.Take(), ElementsAre("3|No connection can be made", "3|Disconnected"));
-  EXPECT_EQ(socket.closes, 2);
-  EXPECT_EQ(values.ConnectTicks, 0);
-  EXPECT_THAT(display.Take(), IsEmpty());
-  Ticks(20);
-  EXPECT_THAT(chat.lines, IsEmpty());
-}
-
-TEST_F(ConnectionTest, TheTitleChangesOneStepBeforeTheMenu) {
-  connection.StartConnection();
-  chat.Take();
-  Ticks(7);
-  socket.Accept();
-  EXPECT_THAT(display.Take(), ElementsAre("title=Korvanta - v1.6 - Connected"));
-  EXPECT_THAT(socket.TakeSent(), ElementsAre(std::string("[con]1.6\001name\001password\0", 23)));
-  EXPECT_FALSE(values.IsConnected);
-  EXPECT_EQ(values.ConnectTicks, 0);
-  Ticks(20);
-  EXPECT_THAT(chat.Take(), IsEmpty());
-
-  connection.AcceptLogin("Name\001-12");
-  EXPECT_THAT(display.Take(),
-              ElementsAre("caption=Disconnect", "title=Korvanta - v1.6 - Connected"));
-  EXPECT_TRUE(values.IsConnected);
-  EXPECT_EQ(values.CurrentUserName, "Name");
-  EXPECT_EQ(values.UserID, -12);
-  EXPECT_THAT(chat.Take(), ElementsAre("3|Connected as Name"));
-}
-
-TEST_F(ConnectionTest, ABrokenAnswerKeepsTheNameButConnectsNobody) {
-  connection.StartConnection();
-  socket.Accept();
-  chat.Take();
-  display.Take();
-  for (std::string_view payload : {"A\001x", "A", "A\00140000", "A\001"}) {
-    values.CurrentUserName = "before";
-    EXPECT_THROW(connection.AcceptLogin(payload), MessageError) << payload;
-    EXPECT_EQ(values.CurrentUserName, "A") << payload;
-  }
-  EXPECT_THROW(connection.AcceptLogin(""), MessageError);
-  EXPECT_FALSE(values.IsConnected);
-  EXPECT_THAT(display.Take(), IsEmpty());
-  EXPECT_THAT(chat.Take(), IsEmpty());
-}
-
-TEST_F(ConnectionTest, TheServerEndsTheConnectionNotTheClient) {
-  LogIn();
-  connection.Disconnect();
-  EXPECT_THAT(socket.TakeSent(), ElementsAre(std::string("[dis]\0", 6)));
-  EXPECT_TRUE(values.IsConnected);
-  EXPECT_THAT(display.Take(), IsEmpty());
-
-  socket.Hangup();
-  EXPECT_THAT(chat.Take(), ElementsAre("3|Disconnected"));
-  EXPECT_THAT(display.Take(),
-              ElementsAre("caption=Connect", "title=Korvanta - v1.6 - Disconnected"));
-  EXPECT_FALSE(values.IsConnected);
-}
-
-TEST_F(ConnectionTest, ASecondAttemptStartsCountingAgainAndLeavesTheTitleOfAHandshake) {
-  for (const bool in_handshake : {false, true}) {
-    connection.StartConnection();
-    Ticks(5);
-    if (in_handshake) {
-      socket.Accept();
+TEST(Connection, EachStepOfAnAttemptShowsAndSendsItsOwn) {
+  const std::string connecting = "3|Connecting as name...; ";
+  const std::string given_up = "3|No connection can be made; 3|Disconnected; close";
+  const std::string connected = "title=Korvanta - v1.6 - Connected; ";
+  const std::string logged_out = "caption=Connect; title=Korvanta - v1.6 - Disconnected; ";
+  const struct {
+    std::string script;  // after these steps the last one shows and sends this
+    std::string outcome;
+    int ticks;
+    bool is_logged_in = false;
+  } cases[] = {
+      {"s", connecting + "close", 0},
+      {"sttttttt", "", 7},
+      {"stttttttt", given_up, 0},
+      {"sttttttttt", "", 0},
+      {"sttttttta", connected + "[con]1.6,name,password;", 0},
+      {"stttttttat", "", 0},
+      {"sal", "3|Connected as Name; caption=Disconnect; " + connected, 0, true},
+      {"sald", "[dis];", 0, true},  // the server ends the connection
+      {"saldh", "3|Disconnected; " + logged_out, 0},
+      {"sals", "3|Connecting as Name...; " + logged_out + "close", 0},
+      {"stttts", connecting + "close", 0},
+      {"sttttsttttttt", "", 7},
+      {"sttttstttttttt", given_up, 0},
+      {"sttttas", connecting + "close", 0},  // the title stays that of a connection
+      {"sttttastttttttt", given_up, 0},
+      {"sttth", "3|Disconnected; " + logged_out, 3},
+      {"sttthttttt", given_up, 0},
+  };
+  for (const auto& c : cases) {
+    ScriptedPlayer player;
+    for (const char letter : c.script) {
+      player.Take();
+      player.Act(letter);
     }
-    display.Take();
-    socket.closes = 0;
-    connection.StartConnection();
-    EXPECT_EQ(values.ConnectTicks, 0);
-    EXPECT_EQ(socket.closes, 1);
-    chat.Take();
-    Ticks(7);
-    EXPECT_THAT(chat.lines, IsEmpty());
-    Ticks(1);
-    EXPECT_THAT(chat.Take(), ElementsAre("3|No connection can be made", "3|Disconnected"));
-    EXPECT_THAT(display.Take(), IsEmpty()) << in_handshake;
+    EXPECT_EQ(player.Take(), c.outcome) << c.script;
+    EXPECT_EQ(player.values.ConnectTicks, c.ticks) << c.script;
+    EXPECT_EQ(player.values.IsConnected, c.is_logged_in) << c.script;
+    EXPECT_EQ(player.socket.attempts.back(),
+              (std::pair<std::string, std::uint16_t>("127.0.0.1", 7678)));
+    EXPECT_EQ(player.values.UserID, c.script.starts_with("sal") ? -12 : 0);
   }
 }
 
-// The dialog opened during the handshake still stands when the server has answered.
-TEST_F(ConnectionTest, ANewAttemptEndsTheLoginThatItReplaces) {
-  LogIn();
-  connection.StartConnection();
-  EXPECT_FALSE(values.IsConnected);
-  EXPECT_THAT(display.Take(),
-              ElementsAre("caption=Connect", "title=Korvanta - v1.6 - Disconnected"));
-  Ticks(8);
-  EXPECT_FALSE(values.IsConnected) << "the user can try again";
-}
-
-TEST_F(ConnectionTest, AClosedEventShowsDisconnectedAndLeavesTheTimer) {
-  connection.StartConnection();
-  Ticks(3);
-  chat.Take();
-  socket.Hangup();
-  EXPECT_THAT(chat.Take(), ElementsAre("3|Disconnected"));
-  EXPECT_THAT(display.Take(),
-              ElementsAre("caption=Connect", "title=Korvanta - v1.6 - Disconnected"));
-  Ticks(4);
-  EXPECT_THAT(chat.Take(), IsEmpty());
-  Ticks(1);
-  EXPECT_THAT(chat.Take(), ElementsAre("3|No connection can be made", "3|Disconnected"));
+TEST(Connection, ABrokenAnswerKeepsTheNameButLogsNobodyIn) {
+  ScriptedPlayer player;
+  for (std::string_view payload : {"A\001x", "A", "A\00140000", "A\001"}) {
+    player.values.CurrentUserName = "before";
+    EXPECT_THROW(player.connection.AcceptLogin(payload), MessageError) << payload;
+    EXPECT_EQ(player.values.CurrentUserName, "A") << payload;
+  }
+  EXPECT_THROW(player.connection.AcceptLogin(""), MessageError);
+  EXPECT_FALSE(player.values.IsConnected);
+  EXPECT_EQ(player.Take(), "");
 }
 
 }  // namespace

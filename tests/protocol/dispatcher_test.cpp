@@ -8,33 +8,55 @@ namespace korvanta {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
-class StarFilter : public ChatFilter {
- public:
+struct StarFilter : ChatFilter {
   std::string_view FilterLanguage(std::string_view text, std::string& masked) const override {
     return masked = "*" + std::string(text);
   }
 };
 
+/// "clock seconds", "light topic level", …; for a message that is handed on "tag payload".
+struct RecordingThings : ClockReceiver,
+                         BoardReceiver,
+                         OnlineListReceiver,
+                         StatisticsReceiver,
+                         NewsReceiver,
+                         TournamentReceiver {
+  void StartGameClock(std::int16_t seconds) override { Record("clock", std::to_string(seconds)); }
+  void ShowTopicLevel(TopicCode topic, std::int16_t level) override {
+    Record("light", std::to_string(static_cast<int>(topic)) + " " + std::to_string(level));
+  }
+  void ShowClearedBoard() override { Record("reset", "board"); }
+  void ShowResearchPoints(double points) override { Record("points", std::to_string(points)); }
+  void ShowOnlineList(std::string_view payload) override { Record("onl", payload); }
+  void ShowUserStatistics(std::string_view payload) override { Record("bre", payload); }
+  void ShowNews(std::string_view payload) override { Record("nws", payload); }
+  void ShowTournamentInfo(std::string_view payload) override { Record("tif", payload); }
+  void ShowTeamList(std::string_view payload) override { Record("ttm", payload); }
+  void ShowTeamNames(std::string_view payload) override { Record("tdd", payload); }
+  std::vector<std::string> Take() { return std::exchange(calls, {}); }
+
+  void Record(const std::string& what, std::string_view payload) {
+    calls.push_back(what + " " + std::string(payload));
+  }
+
+  std::vector<std::string> calls;
+};
+
 class DispatcherTest : public testing::Test, protected fakes::OfflinePlayer {
  protected:
-  DispatcherTest() {
-    values.CurrentUserName = "old";
-    options.mnuFilter = false;
-  }
+  DispatcherTest() { options.mnuFilter = false; }
 
   /// Each text becomes one terminated message of the same block.
   void Receive(std::initializer_list<std::string> messages) {
     std::string block;
     for (const std::string& message : messages) {
-      block += message;
-      block += '\0';
+      block += message + '\0';
     }
     dispatcher.HandleBlock(block);
   }
 
-  fakes::RecordingThings things;
+  RecordingThings things;
   StarFilter filter;
   Options options;
   Dispatcher dispatcher{{connection, options, chat, filter, platform.sounds, things, things, things,
@@ -51,85 +73,65 @@ TEST_F(DispatcherTest, EveryTagReachesItsHandlerWithItsPayload) {
                                          "nws n\r\nm", "onl o", "tif i", "ttm t", "tdd d"));
   EXPECT_THAT(platform.sounds.played, ElementsAre("sounds/attack.wav"));
   EXPECT_EQ(values.UserID, 12);
-  EXPECT_TRUE(values.IsConnected);
 }
 
-TEST_F(DispatcherTest, AnErrorDropsTheRestOfTheBlockAndKeepsWhatWasDone) {
-  Receive({"[log]one", "[con]Ann\001x", "[log]two"});
-  EXPECT_THAT(chat.Take(), ElementsAre("3|one"));
-  EXPECT_EQ(values.CurrentUserName, "Ann");
-  EXPECT_FALSE(values.IsConnected);
-  Receive({"[log]three"});
-  EXPECT_THAT(chat.Take(), ElementsAre("3|three"));
+TEST_F(DispatcherTest, AnErrorDropsTheRestOfTheBlockAndNothingElse) {
+  for (const std::string broken :
+       {"[con]Ann\001x", "[upg]1", "[att]", "[tim]32768", "[upg]1\00140000", "[msg]cht\001x",
+        "[msg]cht\001x\001maybe", "[sou]x", "[sou]"}) {
+    Receive({"[log]before", broken, "[log]after"});
+    Receive({"[log]next"});
+    EXPECT_THAT(chat.Take(), ElementsAre("3|before", "3|next")) << broken;
+  }
+  EXPECT_EQ(values.CurrentUserName, "Ann") << "what was done stays done";
+}
 
-  for (const std::string& broken :
-       {std::string("[upg]1"), std::string("[att]"), std::string("[tim]32768"),
-        std::string("[poi]"), std::string("[upg]1\00140000"), std::string("[msg]cht\001x"),
-        std::string("[msg]cht\001x\001maybe"), std::string("[sou]x"), std::string("[sou]")}) {
-    Receive({broken, "[log]after"});
-    const bool dropped = chat.Take().empty();
-    EXPECT_EQ(dropped, broken != "[poi]") << broken;
+TEST_F(DispatcherTest, PiecesAreTestedForEveryTagInOrderOnWhatTheLastHandlerLeft) {
+  using Texts = std::vector<std::string>;
+  const struct {
+    std::string block;  // a bar stands for a terminator
+    Texts lines;
+    Texts calls;
+  } cases[] = {
+      {"[log]a|[xyz]b||[lo|[LOG]c|log|[p]|[log]d|", {"3|a", "3|d"}, {}},
+      {"[poi]5|[poi]6", {}, {"points 5.000000", "points 6.000000"}},
+      {"[lo", {}, {}},
+      {"g]nothing is kept for the next block|", {}, {}},
+      {"[log][tim][poi]7|", {"3|[tim][poi]7"}, {"clock 0", "points 7.000000"}},
+      {"[poi][log]earlier tags are past|", {}, {"points 0.000000"}},
+      {"[clr][poi]the tag is left|", {}, {"reset board"}},
+      {"[log][log]once|", {"3|[log]once"}, {}},
+  };
+  for (auto [block, lines, calls] : cases) {
+    std::ranges::replace(block, '|', '\0');
+    dispatcher.HandleBlock(block);
+    EXPECT_EQ(chat.Take(), lines) << block;
+    EXPECT_EQ(things.Take(), calls) << block;
   }
 }
 
-TEST_F(DispatcherTest, UnknownPiecesAreSkipped) {
-  Receive({"[log]a", "[xyz]b", "", "[lo", "[LOG]c", "log", "[p]", "[log]d"});
-  EXPECT_THAT(chat.Take(), ElementsAre("3|a", "3|d"));
-}
-
-TEST_F(DispatcherTest, TheLastPieceNeedsNoTerminatorAndNothingIsKeptForLater) {
-  dispatcher.HandleBlock(std::string("[poi]5\0[poi]6", 13));
-  EXPECT_THAT(things.Take(), ElementsAre("points 5.000000", "points 6.000000"));
-  dispatcher.HandleBlock("[lo");
-  dispatcher.HandleBlock("g]tail");
-  dispatcher.HandleBlock("");
-  EXPECT_THAT(chat.Take(), IsEmpty());
-}
-
-TEST_F(DispatcherTest, TestsGoOnOnWhatTheHandlerLeft) {
-  Receive({"[log][tim][poi]7"});
-  EXPECT_THAT(chat.Take(), ElementsAre("3|[tim][poi]7"));
-  EXPECT_THAT(things.Take(), ElementsAre("clock 0", "points 7.000000"));
-  Receive({"[poi][log]earlier tags are past", "[clr][log]x", "[log][log]once"});
-  EXPECT_THAT(chat.Take(), ElementsAre("3|[log]once"));
-  EXPECT_THAT(things.Take(), ElementsAre("points 0.000000", "reset board"));
-}
-
-TEST_F(DispatcherTest, KindCodesAreExact) {
+TEST_F(DispatcherTest, KindCodesAndSoundNumbersAreExact) {
   Receive({"[msg]cht\001a\0010", "[msg]ann\001b\0010", "[msg]adm\001c\0010", "[msg]blk\001d\0010",
            "[msg]tel\001e\0010", "[msg]tem\001f\0010", "[msg]pln\001g\0010", "[msg]CHT\001h\0010",
            "[msg]\001i\0010", "[msg]cht \001j\0010"});
   EXPECT_THAT(chat.Take(), ElementsAre("0|a", "1|b", "2|c", "3|d", "4|e", "5|f", "6|g"));
-}
-
-TEST_F(DispatcherTest, OptionsDecideOnNoticesSoundsAndTheFilter) {
-  options.mnuLogins = true;
-  options.mSounds = false;
-  options.mnuFilter = true;
-  Receive({"[log]hidden", "[sou]not even read", "[msg]tel\001text\001False"});
-  EXPECT_THAT(chat.Take(), ElementsAre("4|*text"));
-  EXPECT_THAT(platform.sounds.played, IsEmpty());
-  options.mnuLogins = false;
-  Receive({"[log]never filtered"});
-  EXPECT_THAT(chat.Take(), ElementsAre("3|never filtered"));
-}
-
-TEST_F(DispatcherTest, SoundNumbersNameTheirFiles) {
   Receive({"[sou]1", "[sou]2.0", "[sou] 4 ", "[sou]5", "[sou]6", "[sou]0", "[sou]7", "[sou]1.5"});
   EXPECT_THAT(platform.sounds.played,
               ElementsAre("sounds/gamestart.wav", "sounds/tick.wav", "sounds/attacked.wav",
                           "sounds/research.wav", "sounds/wingame.wav"));
 }
 
-TEST_F(DispatcherTest, AutoReadyJoinsOnceForEachClearedBoardWhileTheSocketIsConnected) {
-  Receive({"[clr]"});
-  options.mAuto = true;
-  Receive({"[clr]"});
-  EXPECT_THAT(socket.TakeSent(), IsEmpty());
+TEST_F(DispatcherTest, OptionsDecideOnNoticesSoundsTheFilterAndJoining) {
+  options.mnuLogins = options.mnuFilter = options.mAuto = true;
+  options.mSounds = false;
+  Receive({"[log]hidden", "[sou]not even read", "[msg]tel\001text\001False", "[clr]"});
   socket.connected = true;
   Receive({"[clr]", "[clt]"});
-  const std::string join("[jon]\0", 6);
-  EXPECT_THAT(socket.TakeSent(), ElementsAre(join, join));
+  options.mnuLogins = options.mAuto = false;
+  Receive({"[log]never filtered", "[clr]"});
+  EXPECT_THAT(chat.Take(), ElementsAre("4|*text", "3|never filtered"));
+  EXPECT_TRUE(platform.sounds.played.empty());
+  EXPECT_EQ(Sent(), "[jon];[jon];");
 }
 
 }  // namespace

