@@ -12,8 +12,8 @@ constexpr QPointF kChatInput{0.20, 0.955};
 }  // namespace
 
 void Player::WaitForStart() {
-  main_ = user_.WaitForWindow(program_.pid(), QString(kTitle) + "*");
-  login_ = user_.WaitForWindow(program_.pid(), "Connection Screen");
+  main_ = user_.WaitForWindow(owner_, QString(kTitle) + "*");
+  login_ = user_.WaitForWindow(owner_, "Connection Screen");
 }
 
 void Player::Login(const QString& name, const QString& password) {
@@ -26,7 +26,7 @@ void Player::Login(const QString& name, const QString& password) {
 }
 
 void Player::WaitForState(const QString& state) {
-  main_ = user_.WaitForWindow(program_.pid(), kTitle + state);
+  main_ = user_.WaitForWindow(owner_, kTitle + state);
 }
 
 void Player::Say(const QString& line) {
@@ -47,13 +47,13 @@ void Player::Choose(const QString& shortcut) {
 
 Window Player::Open(const SideWindow& side) {
   Choose(side.shortcut);
-  Window window = user_.WaitForWindow(program_.pid(), side.title);
+  Window window = user_.WaitForWindow(owner_, side.title);
   user_.Activate(window);
   return window;
 }
 
 void Player::ChooseItem(int position) const {
-  const Window menu = user_.WaitForWindow(program_.pid(), "Korvanta");  // no title of its own
+  const Window menu = user_.WaitForWindow(owner_, "Korvanta");  // no title of its own
   user_.Press(QStringList(position - 1, "Down") + QStringList("Return"));
   user_.WaitUntilGone(menu);
 }

@@ -21,7 +21,11 @@ constexpr SideWindow kSideWindows[] = {kStatistics, kNews, kTournament};
 
 class Player {
  public:
-  Player(const User& user, Program& program) : user_(user), program_(program) {}
+  Player(const User& user, Program& program) : Player(user, program, program.pid()) {}
+  /// For a program that starts the client: `owner` is the process whose windows count, or
+  /// User::kAnyClient on a display that nobody else uses.
+  Player(const User& user, Program& program, qint64 owner)
+      : user_(user), program_(program), owner_(owner) {}
 
   /// Waits until the splash is over and the main window and the login dialog are there.
   void WaitForStart();
@@ -48,6 +52,7 @@ class Player {
  private:
   const User& user_;
   Program& program_;
+  qint64 owner_;
   Window main_;
   Window login_;
 };

@@ -1,9 +1,9 @@
 /// Plays a short session against the practice server on a virtual display, tells what it sees and
 /// photographs each window. The exit status is zero only when all went as it should.
 ///
-/// korvanta-scripted-session [--game] FOLDER: where the pictures go. With --game there are
-/// simulated players, and a game with them is played until there is something to be seen on every
-/// window.
+/// korvanta-scripted-session [--game] FOLDER [COMMAND...]: where the pictures go. With --game there
+/// are simulated players, and a game with them is played until there is something to be seen on
+/// every window. A command takes the place of the built programs; it starts both.
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QDir>
@@ -23,8 +23,12 @@ void Report(const QString& what) { std::cout << what.toStdString() << std::endl;
 /// One player's session, from the splash to the end of the program.
 class Session {
  public:
-  Session(const User& user, Program& program, const QDir& pictures)
-      : user_(user), program_(program), player_(user, program), pictures_(pictures) {}
+  Session(const User& user, Program& program, qint64 owner, const QDir& pictures)
+      : user_(user),
+        program_(program),
+        owner_(owner),
+        player_(user, program, owner),
+        pictures_(pictures) {}
 
   void Visit();
   void PlayGame();
@@ -51,6 +55,9 @@ class Session {
     if (const int status = player_.Leave(); status != 0) {
       throw HarnessError(QString("the program ended with status %1").arg(status));
     }
+    if (!program_.Output().isEmpty()) {
+      throw HarnessError("the program said:\n" + program_.Output());
+    }
     Report("left in order");
   }
   void OpenTournament();
@@ -60,15 +67,16 @@ class Session {
 
   const User& user_;
   Program& program_;
+  qint64 owner_;
   Player player_;
   QDir pictures_;
 };
 
 void Session::Visit() {
-  Photograph(user_.WaitForWindow(program_.pid(), "*"), "splash");
-  LogIn("Marlow");
+  Photograph(user_.WaitForWindow(owner_, "*"), "splash");
+  LogIn("Rowan");
   player_.Say("hello from the lobby");
-  const QString messages = player_.WaitForMessage("Marlow: hello from the lobby");
+  const QString messages = player_.WaitForMessage("Rowan: hello from the lobby");
   Photograph(player_.main_window(), "main");
   Report("the message view reads:\n" + messages);
   PhotographSideWindows();
@@ -156,30 +164,34 @@ void Session::PlayGame() {
   Leave();
 }
 
-int Run(bool is_game, const QDir& pictures) {
+void Play(const VirtualDisplay& display, Program& program, qint64 owner, bool is_game,
+          const QDir& pictures) {
+  const User user(display);
   const QString failure = pictures.filePath("failure.png");
   QFile::remove(failure);
   try {
-    const VirtualDisplay display;
-    const User user(display);
-    const PracticeServer server(
-        is_game ? QStringList{"--players", "6", "--seed", "7", "--pace", QString::number(kPace)}
-                : QStringList());
-    const Installation installation(server.address());
-    Program program(installation, display);
-    try {
-      Session session(user, program, pictures);
-      is_game ? session.PlayGame() : session.Visit();
-    } catch (const HarnessError&) {
-      user.PhotographScreen(failure);
-      Report("the screen as it was: " + failure);
-      throw;
-    }
-  } catch (const HarnessError& error) {
-    std::cerr << "korvanta-scripted-session: " << error.what() << "\n";
-    return 1;
+    Session session(user, program, owner, pictures);
+    is_game ? session.PlayGame() : session.Visit();
+  } catch (const HarnessError&) {
+    user.PhotographScreen(failure);
+    Report("the screen as it was: " + failure);
+    throw;
   }
-  return 0;
+}
+
+void Run(bool is_game, const QDir& pictures, const QStringList& command) {
+  const VirtualDisplay display;
+  if (!command.isEmpty()) {
+    Program program(command.front(), command.mid(1), display.environment());
+    Play(display, program, User::kAnyClient, is_game, pictures);
+    return;
+  }
+  const PracticeServer server(
+      is_game ? QStringList{"--players", "6", "--seed", "7", "--pace", QString::number(kPace)}
+              : QStringList());
+  const Installation installation(server.address());
+  Program program(installation, display);
+  Play(display, program, program.pid(), is_game, pictures);
 }
 
 }  // namespace
@@ -188,10 +200,17 @@ int Run(bool is_game, const QDir& pictures) {
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   QStringList arguments = QCoreApplication::arguments().mid(1);
-  const bool is_game = arguments.removeAll("--game") > 0;
-  if (arguments.size() != 1) {
-    std::cerr << "usage: korvanta-scripted-session [--game] FOLDER\n";
+  const bool is_game = !arguments.isEmpty() && arguments.front() == "--game";
+  arguments = arguments.mid(is_game ? 1 : 0);
+  if (arguments.isEmpty()) {
+    std::cerr << "usage: korvanta-scripted-session [--game] FOLDER [COMMAND...]\n";
     return 2;
   }
-  return korvanta::harness::Run(is_game, QDir(arguments.front()));
+  try {
+    korvanta::harness::Run(is_game, QDir(arguments.front()), arguments.mid(1));
+  } catch (const korvanta::harness::HarnessError& error) {
+    std::cerr << "korvanta-scripted-session: " << error.what() << "\n";
+    return 1;
+  }
+  return 0;
 }

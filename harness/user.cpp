@@ -15,10 +15,11 @@ bool Fits(const Window& window, const QString& title) {
 }  // namespace
 
 QList<Window> User::Windows(qint64 pid) const {
+  const QStringList whose =
+      pid == kAnyClient ? QStringList{"--class", "^Korvanta$"}
+                        : QStringList{"--all", "--pid", QString::number(pid), "--name", ".*"};
   const ToolResult found =
-      RunTool("xdotool",
-              {"search", "--onlyvisible", "--all", "--pid", QString::number(pid), "--name", ".*"},
-              environment_);
+      RunTool("xdotool", QStringList{"search", "--onlyvisible"} + whose, environment_);
   QList<Window> windows;
   for (const QByteArray& id : found.output.split('\n')) {
     // A window may go while we look at it; then there is nothing to be seen of it.

@@ -20,6 +20,8 @@ class User {
  public:
   explicit User(const VirtualDisplay& display) : environment_(display.environment()) {}
 
+  /// In place of a process: every client on the display, whatever it was started by.
+  static constexpr qint64 kAnyClient = 0;
   /// The visible windows of a process.
   QList<Window> Windows(qint64 pid) const;
   /// Waits for a window whose title is `title`, or begins with it when it ends in "*".
