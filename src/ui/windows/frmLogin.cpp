@@ -116,7 +116,8 @@ void frmLogin::Connect() {
   connect(cboUsernames, &QComboBox::activated, this,
           [this](int index) { dialog_.UserNameChosen(static_cast<std::size_t>(index)); });
   connect(cboUsernames, &QWidget::customContextMenuRequested, this, &frmLogin::ShowUserNameMenu);
-  connect(chkSave, &QCheckBox::clicked, this,
+  // Assistive programs toggle the box without a click.
+  connect(chkSave, &QCheckBox::toggled, this,
           [this](bool checked) { dialog_.SaveClicked(checked); });
   connect(imgDispose, &QToolButton::clicked, this, [this] { dialog_.RemoveUserClicked(); });
   connect(btnLogin, &QPushButton::clicked, this, [this] { dialog_.LoginClicked(); });

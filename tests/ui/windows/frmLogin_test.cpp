@@ -1,3 +1,4 @@
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
@@ -49,6 +50,15 @@ TEST_F(FrmLoginTest, TabGoesInTheOrderThatPlayersKnow) {
   }
   EXPECT_THAT(order, ElementsAre("cboServer", "cboUsernames", "txtPassword", "btnLogin", "chkSave",
                                  "btnClear", "btnCancel", "cboServer"));
+}
+
+TEST_F(FrmLoginTest, AnAssistiveProgramChecksTheBoxForGood) {
+  Open("frmLogin");
+  QAccessible::queryAccessibleInterface(&Get("chkSave"))
+      ->actionInterface()
+      ->doAction(QAccessibleActionInterface::toggleAction());
+  Type(Password(), "secret");
+  ExpectForm("Korvanta Beta Server||secret|on");
 }
 
 TEST_F(FrmLoginTest, ATypedNameTakesOverItsSavedFormAndKeepsTheCaret) {
