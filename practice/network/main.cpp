@@ -1,17 +1,13 @@
-/// The practice server's program: its signals and what it prints.
+/// The practice server's program: how it ends and what it prints.
 #include <QCoreApplication>
-#include <QSocketNotifier>
+#include <QObject>
 #include <QString>
-#include <array>
-#include <csignal>
 #include <cstdio>
 #include <string_view>
-#include <sys/resource.h>
-#include <sys/socket.h>
-#include <unistd.h>
 #include <utility>
 
 #include "practice/network/command_line.h"
+#include "practice/network/native_process.h"
 #include "practice/network/network_server.h"
 #include "protocol/connection.h"
 
@@ -30,45 +26,26 @@ void Print(std::string_view line) {
   std::fflush(stdout);
 }
 
-/// A signal writes one byte to the one end; the event loop reads it from the other.
-std::array<int, 2> signal_pipe;
-
-extern "C" void OnEndSignal(int /*signal*/) {
-  const char byte = 0;
-  [[maybe_unused]] const auto written = ::write(signal_pipe[0], &byte, 1);
-}
-
-bool CatchEndSignals() {
-  if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, signal_pipe.data()) !=
-      0) {
-    return false;
-  }
-  struct sigaction action = {};
-  action.sa_handler = OnEndSignal;
-  action.sa_flags = SA_RESTART;
-  return ::sigaction(SIGTERM, &action, nullptr) == 0 && ::sigaction(SIGINT, &action, nullptr) == 0;
-}
-
-/// Each connection takes a file; the usual limit is too low for thousands.
-void RaiseFileLimit() {
-  rlimit limit = {};
-  if (::getrlimit(RLIMIT_NOFILE, &limit) == 0) {
-    limit.rlim_cur = limit.rlim_max;
-    ::setrlimit(RLIMIT_NOFILE, &limit);
-  }
-}
-
 int Run(const CommandLine& command) {
-  if (!CatchEndSignals()) {
-    return Fail(QStringLiteral("cannot catch the signals that end it"));
-  }
-  RaiseFileLimit();
+  RaiseConnectionLimit();
 
   NetworkServer server(command.server, [&](std::string_view line) {
     if (!command.quiet) {
       Print(line);
     }
   });
+  // The first request lets the farewell reach the players, a second one ends the program at once.
+  QObject context;
+  const bool can_end = OnEndRequest(context, [&, is_ending = false]() mutable {
+    if (std::exchange(is_ending, true)) {
+      QCoreApplication::quit();
+    } else {
+      server.End([] { QCoreApplication::quit(); });
+    }
+  });
+  if (!can_end) {
+    return Fail(QStringLiteral("cannot catch the signals that end it"));
+  }
   const QString address = command.address.toString();
   if (const QString why = server.Listen(command.address, command.port); !why.isEmpty()) {
     return Fail(
@@ -77,19 +54,6 @@ int Run(const CommandLine& command) {
   for (const QString& line : command.random_seeds) {
     Print(line.toStdString());
   }
-
-  // The first signal lets the farewell reach the players, a second one ends the program at once.
-  bool is_ending = false;
-  QSocketNotifier end_signal(signal_pipe[1], QSocketNotifier::Read);
-  QObject::connect(&end_signal, &QSocketNotifier::activated, &end_signal, [&] {
-    char byte = 0;
-    [[maybe_unused]] const auto taken = ::read(signal_pipe[1], &byte, 1);
-    if (std::exchange(is_ending, true)) {
-      QCoreApplication::quit();
-    } else {
-      server.End([] { QCoreApplication::quit(); });
-    }
-  });
   Print(QStringLiteral("Listening on %1:%2").arg(address).arg(server.port()).toStdString());
   return QCoreApplication::exec();
 }

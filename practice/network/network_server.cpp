@@ -2,8 +2,9 @@
 
 #include <QObject>
 #include <chrono>
-#include <sys/socket.h>
 #include <utility>
+
+#include "practice/network/native_socket.h"
 
 namespace korvanta::practice {
 namespace {
@@ -20,14 +21,6 @@ constexpr qint64 kLowBacklog = qint64{64} * 1024;
 constexpr int kListenBacklog = 1024;
 /// Bytes taken from one connection at a time, so that no client keeps the others waiting.
 constexpr qint64 kReadBuffer = qint64{8} * 1024;
-
-/// Ends the connection by a reset instead of an end of stream.
-void Abort(QTcpSocket& socket) {
-  const linger at_once = {1, 0};
-  ::setsockopt(static_cast<int>(socket.socketDescriptor()), SOL_SOCKET, SO_LINGER, &at_once,
-               sizeof at_once);
-  socket.abort();
-}
 
 }  // namespace
 
@@ -182,7 +175,8 @@ void NetworkServer::Flush() {
     }
     Connection& connection = found->second;
     if (connection.is_reset) {
-      Abort(*connection.socket);
+      native_socket::ResetWhenClosed(connection.socket->socketDescriptor());
+      connection.socket->abort();
       continue;
     }
     if (connection.socket->bytesToWrite() + connection.outbox.size() > kMaxBacklog) {
@@ -203,7 +197,7 @@ void NetworkServer::Flush() {
 void NetworkServer::FinishClosing(const Connection& connection) {
   if (connection.is_closing && connection.outbox.isEmpty() &&
       connection.socket->bytesToWrite() == 0) {
-    ::shutdown(static_cast<int>(connection.socket->socketDescriptor()), SHUT_WR);
+    native_socket::EndStream(connection.socket->socketDescriptor());
   }
 }
 

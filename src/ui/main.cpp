@@ -12,13 +12,13 @@
 #include "client/client.h"
 #include "ui/desktop/deployment_file.h"
 #include "ui/desktop/desktop_web_opener.h"
-#include "ui/desktop/end_signals.h"
+#include "ui/desktop/end_requests.h"
 #include "ui/desktop/ini_settings_store.h"
 #include "ui/desktop/instance_lock.h"
 #include "ui/desktop/qt_client_socket.h"
 #include "ui/desktop/qt_message_box.h"
-#include "ui/desktop/qt_sound_player.h"
 #include "ui/desktop/qt_timers.h"
+#include "ui/desktop/sound_player.h"
 #include "ui/kit/picture.h"
 #include "ui/kit/text.h"
 #include "ui/kit/theme.h"
@@ -66,10 +66,10 @@ int RunClient(const QString& folder, const QString& program_name,
   QtClientSocket socket;
   QtTimerFactory timers;
   IniSettingsStore settings(IniSettingsStore::FileFor(program_name));
-  QtSoundPlayer sounds(folder);
+  const auto sounds = MakeSoundPlayer(folder);
   DesktopWebOpener web;
   InstanceLock instance(program_name);
-  Client client({socket, timers, settings, sounds, web, message_box, instance}, deployment);
+  Client client({socket, timers, settings, *sounds, web, message_box, instance}, deployment);
 
   std::unique_ptr<frmSplash> splash;
   std::unique_ptr<frmMain> main_window;
@@ -92,7 +92,7 @@ int RunClient(const QString& folder, const QString& program_name,
     return 0;
   }
   QObject context;
-  OnEndSignal(context, [&] {
+  OnEndRequest(context, [&] {
     if (main_window && main_window->isVisible()) {
       main_window->close();
     } else {

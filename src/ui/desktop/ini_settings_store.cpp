@@ -5,12 +5,11 @@
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QStandardPaths>
-#include <cerrno>
 #include <filesystem>
 #include <system_error>
-#include <unistd.h>
 #include <utility>
 
+#include "ui/desktop/disk_sync.h"
 #include "ui/kit/text.h"
 
 namespace korvanta {
@@ -49,10 +48,6 @@ bool MakePrivateFile(QFile& file) {
   file.close();
   return true;
 }
-
-/// Whether what was written is on the disk, as far as the file system can tell. Committing a save
-/// synchronizes as well, but ignores a failure and replaces the good file.
-bool Sync(const QFileDevice& file) { return fsync(file.handle()) == 0 || errno == EINVAL; }
 
 std::string Failure(const QString& file, const QString& reason) {
   return ToBytes(
@@ -104,7 +99,8 @@ std::string IniSettingsStore::Commit() {
       !new_file.flush()) {
     return Failure(file_, new_file.errorString());
   }
-  if (!Sync(new_file)) {
+  // Committing synchronizes as well, but ignores a failure and replaces the good file.
+  if (!SyncToDisk(new_file)) {
     return Failure(file_, qt_error_string());
   }
   if (is_damaged_ && !BackUp(info.canonicalFilePath())) {

@@ -1,11 +1,6 @@
 #include "ui/desktop/instance_lock.h"
 
-#include <QDir>
-#include <QStandardPaths>
-
-#ifdef Q_OS_UNIX
-#include <unistd.h>
-#endif
+#include "ui/desktop/lock_file.h"
 
 namespace korvanta {
 namespace {
@@ -14,25 +9,9 @@ namespace {
 /// one; it gets this long, in milliseconds.
 constexpr int kStartingTime = 100;
 
-QString UserId() {
-#ifdef Q_OS_UNIX
-  return QString::number(getuid());
-#else
-  return qEnvironmentVariable("USERNAME");
-#endif
-}
-
-QString LockFile(const QString& program_name) {
-  const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-  if (!folder.isEmpty()) {
-    return QStringLiteral("%1/Korvanta-%2.lock").arg(folder, program_name);
-  }
-  return QStringLiteral("%1/Korvanta-%2-%3.lock").arg(QDir::tempPath(), UserId(), program_name);
-}
-
 }  // namespace
 
-InstanceLock::InstanceLock(const QString& program_name) : lock_(LockFile(program_name)) {
+InstanceLock::InstanceLock(const QString& program_name) : lock_(LockFileFor(program_name)) {
   // A long game is no reason to take a lock for abandoned.
   lock_.setStaleLockTime(0);
 }

@@ -10,8 +10,8 @@ class QTcpSocket;
 namespace korvanta::native_socket {
 
 /// Breaks a connection a minute after its peer vanished without a word: after 30 seconds of
-/// silence and three probes 10 seconds apart. Bytes that stay unconfirmed for a minute break it as
-/// well. Systems without these options keep their own, longer times.
+/// silence and 30 more of probes that nobody answers. Bytes that stay unconfirmed for a minute
+/// break it as well. A system that lacks one of these options keeps its own, longer time.
 void SetKeepAlive(qintptr descriptor);
 
 /// Everything that has arrived and the toolkit has not read; does not wait.

@@ -2,22 +2,16 @@
 
 #include <QTcpSocket>
 #include <array>
-#include <thread>
-#include <utility>
-
-#ifdef Q_OS_LINUX
 #include <cerrno>
 #include <linux/sockios.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
-#endif
+#include <thread>
+#include <utility>
 
 namespace korvanta::native_socket {
-
-#ifdef Q_OS_LINUX
-
 namespace {
 
 constexpr std::array<std::pair<int, int>, 4> kKeepAliveOptions = {{
@@ -83,21 +77,5 @@ void FinishSending(QTcpSocket& socket, std::chrono::milliseconds limit) {
     }
   }
 }
-
-#else
-
-void SetKeepAlive(qintptr) {}
-
-std::string ReadWaiting(qintptr) { return {}; }
-
-void FinishSending(QTcpSocket& socket, std::chrono::milliseconds limit) {
-  socket.readAll();
-  socket.disconnectFromHost();
-  if (socket.state() != QAbstractSocket::UnconnectedState) {
-    socket.waitForDisconnected(static_cast<int>(limit.count()));
-  }
-}
-
-#endif
 
 }  // namespace korvanta::native_socket

@@ -1,35 +1,29 @@
-#include "ui/desktop/end_signals.h"
+#include "practice/network/native_process.h"
 
-#include <QtGlobal>
-
-#ifdef Q_OS_LINUX
 #include <QSocketNotifier>
 #include <array>
-#include <cerrno>
 #include <csignal>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <unistd.h>
 #include <utility>
 
-namespace korvanta {
+namespace korvanta::practice {
 namespace {
 
-/// A signal writes one byte into the first; the event loop watches the second. Global, for a
-/// signal's handler is given nothing else.
+/// A signal writes one byte into the first; the event loop watches the second.
 std::array<int, 2> sockets;
 
 extern "C" void WakeEventLoop(int /*signal*/) {
-  const int interrupted_error = errno;
   const char byte = 0;
   [[maybe_unused]] const auto written = ::write(sockets[0], &byte, 1);
-  errno = interrupted_error;
 }
 
 }  // namespace
 
-void OnEndSignal(QObject& context, std::function<void()> end) {
+bool OnEndRequest(QObject& context, std::function<void()> end) {
   if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, sockets.data()) != 0) {
-    return;
+    return false;
   }
   auto* const signalled = new QSocketNotifier(sockets[1], QSocketNotifier::Read, &context);
   QObject::connect(signalled, &QSocketNotifier::activated, &context, [end = std::move(end)] {
@@ -39,16 +33,17 @@ void OnEndSignal(QObject& context, std::function<void()> end) {
   });
   struct sigaction action = {};
   action.sa_handler = WakeEventLoop;
-  action.sa_flags = SA_RESTART | SA_RESETHAND;
-  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-    struct sigaction former = {};
-    if (::sigaction(signal, nullptr, &former) == 0 && former.sa_handler != SIG_IGN) {
-      ::sigaction(signal, &action, nullptr);
-    }
+  action.sa_flags = SA_RESTART;
+  return ::sigaction(SIGTERM, &action, nullptr) == 0 && ::sigaction(SIGINT, &action, nullptr) == 0;
+}
+
+/// Each connection takes a file; the usual limit is too low for thousands.
+void RaiseConnectionLimit() {
+  rlimit limit = {};
+  if (::getrlimit(RLIMIT_NOFILE, &limit) == 0) {
+    limit.rlim_cur = limit.rlim_max;
+    ::setrlimit(RLIMIT_NOFILE, &limit);
   }
 }
 
-}  // namespace korvanta
-#else
-void korvanta::OnEndSignal(QObject& /*context*/, std::function<void()> /*end*/) {}
-#endif
+}  // namespace korvanta::practice

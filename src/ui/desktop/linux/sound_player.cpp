@@ -1,8 +1,9 @@
-#include "ui/desktop/qt_sound_player.h"
+#include "ui/desktop/sound_player.h"
 
 #include <QAudioDevice>
 #include <QFileInfo>
 #include <QMediaDevices>
+#include <QObject>
 #include <QSoundEffect>
 #include <QUrl>
 #include <utility>
@@ -14,9 +15,17 @@ namespace {
 
 constexpr qsizetype kMostTogether = 4;
 
-}  // namespace
+/// A sound lives from its start to its end. Only a few play together; one more cuts off the oldest.
+class QtSoundPlayer final : public SoundPlayer {
+ public:
+  explicit QtSoundPlayer(QString program_folder) : program_folder_(std::move(program_folder)) {}
 
-QtSoundPlayer::QtSoundPlayer(QString program_folder) : program_folder_(std::move(program_folder)) {}
+  void Play(std::string_view file) override;
+
+ private:
+  QString program_folder_;
+  QObject playing_;  ///< owns the sounds, oldest first
+};
 
 void QtSoundPlayer::Play(std::string_view file) {
   const QString path = program_folder_ + QLatin1Char('/') + ToQString(file);
@@ -43,6 +52,12 @@ void QtSoundPlayer::Play(std::string_view file) {
   });
   sound->setSource(QUrl::fromLocalFile(path));
   sound->play();
+}
+
+}  // namespace
+
+std::unique_ptr<SoundPlayer> MakeSoundPlayer(const QString& program_folder) {
+  return std::make_unique<QtSoundPlayer>(program_folder);
 }
 
 }  // namespace korvanta

@@ -1,0 +1,89 @@
+#include "ui/desktop/desktop_open.h"
+
+#include <QDesktopServices>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QUrl>
+#include <unistd.h>
+#include <utility>
+
+namespace korvanta {
+namespace {
+
+constexpr int kOpened = 33;
+constexpr int kNotFound = 2;
+constexpr int kNoAssociation = 31;
+constexpr int kOtherFailure = 5;
+
+/// Milliseconds. What runs for longer has found a browser, and its exit status says nothing about
+/// the page.
+constexpr qint64 kLongestTry = 60000;
+
+/// The code for the exit status of `xdg-open`.
+int OpenCode(int exit_status) {
+  switch (exit_status) {
+    case 0:
+      return kOpened;
+    case 2:  // no such file
+      return kNotFound;
+    case 3:  // no program to open it with
+      return kNoAssociation;
+    default:
+      return kOtherFailure;
+  }
+}
+
+/// A process that shares nothing with this one and goes on when this object, or this program, ends.
+class IndependentProcess : public QProcess {
+ public:
+  explicit IndependentProcess(QObject* parent) : QProcess(parent) {
+    setStandardInputFile(nullDevice());
+    setStandardOutputFile(nullDevice());
+    setStandardErrorFile(nullDevice());
+    setChildProcessModifier([] { ::setsid(); });
+  }
+  IndependentProcess(const IndependentProcess&) = delete;
+  IndependentProcess& operator=(const IndependentProcess&) = delete;
+  /// The toolkit would end a process that it takes to be running.
+  ~IndependentProcess() override { setProcessState(NotRunning); }
+};
+
+void Start(const QString& program, const QString& address, QObject& context,
+           std::function<void(int code)> done) {
+  auto* const process = new IndependentProcess(&context);
+  const auto end = [process, done = std::move(done)](int code) {
+    process->deleteLater();
+    done(code);
+  };
+  QElapsedTimer running;
+  running.start();
+  QObject::connect(process, &QProcess::finished, &context,
+                   [end, running](int exit_status, QProcess::ExitStatus way) {
+                     const int code =
+                         way == QProcess::NormalExit ? OpenCode(exit_status) : kOtherFailure;
+                     end(running.hasExpired(kLongestTry) ? kOpened : code);
+                   });
+  QObject::connect(process, &QProcess::errorOccurred, &context,
+                   [end](QProcess::ProcessError error) {
+                     if (error == QProcess::FailedToStart) {  // and so will never finish
+                       end(kOtherFailure);
+                     }
+                   });
+  process->start(program, {address});
+}
+
+}  // namespace
+
+/// By `xdg-open`, whose exit status says why it failed, and which may live as long as the browser.
+/// The toolkit would start it too, but not wait for the status; it is asked where there is no
+/// `xdg-open`.
+void OpenWithDesktop(const QString& address, QObject& context, std::function<void(int code)> done) {
+  const QString program = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
+  if (program.isEmpty()) {
+    return done(QDesktopServices::openUrl(QUrl(address)) ? kOpened : kNoAssociation);
+  }
+  Start(program, address, context, std::move(done));
+}
+
+}  // namespace korvanta
