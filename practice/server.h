@@ -14,7 +14,7 @@
 #include "practice/players/players.h"
 #include "practice/simulation/simulation.h"
 #include "practice/tournament/tournament.h"
-#include "practice/wire/message_stream.h"
+#include "practice/wire/client_requests.h"
 #include "practice/wire/transport.h"
 
 namespace korvanta::practice {

@@ -1,13 +1,21 @@
 /// Dice of a seed, which fall the same on every machine.
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
 #include <random>
+#include <string_view>
 
 namespace korvanta::practice {
+
+/// A list of texts to pick from.
+template <typename... Text>
+constexpr std::array<std::string_view, sizeof...(Text)> Texts(const Text&... texts) {
+  return {texts...};
+}
 
 class Dice {
  public:

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "base/trim.h"
@@ -68,10 +67,6 @@ void Reply(const Context& context, Player& player, Text words) {
   }
 }
 
-void SayToTeam(const Context& context, Player& player, Text words) {
-  context.tournament_desk.Say(player, words);
-}
-
 void Act(const Context& context, Player& player, Text words) {
   context.players.SendToAll(
       ChatLine(MessageKind::Plain, "*", player.name() + " " + std::string(words)));
@@ -101,24 +96,8 @@ void ToggleAway(const Context& context, Player& player, Text /*arguments*/) {
                                                : sentences::kBack);
 }
 
-void Describe(const Context& context, Player& player, Text /*arguments*/) {
-  context.moves.Describe(player);
-}
-
-void BreakAlliance(const Context& context, Player& player, Text /*arguments*/) {
-  context.moves.BreakAlliance(player);
-}
-
-void Leave(const Context& context, Player& player, Text /*arguments*/) {
-  context.arena.Leave(player);
-}
-
-void Start(const Context& context, Player& player, Text /*arguments*/) {
-  context.arena.Start(player);
-}
-
 void ShowWho(const Context& context, Player& player, Text /*arguments*/) {
-  const auto& all = std::as_const(context.players).all();
+  const auto& all = context.players.all();
   std::vector<std::string> names;
   for (const auto& [key, other] : all) {
     if (names.size() == kMostNames) {
@@ -138,7 +117,7 @@ void ShowFigures(const Context& context, Player& player, Text name) {
     return;
   }
   const Figures& figures = account->figures;
-  context.players.Say(player, sentences::kFigures, account->name, PlayerLevel(figures),
+  context.players.Say(player, sentences::kFigures, account->name, figures.PlayerLevel(),
                       figures.score, figures.wins, figures.games_played);
 }
 
@@ -182,13 +161,17 @@ struct Command {
 
 constexpr auto kCommands = std::to_array<Command>({
     {"help", "", "shows this list", Help},
-    {"game", "", "shows how the game stands", Describe},
-    {"break", "", "ends your alliance in the game", BreakAlliance},
-    {"leave", "", "takes you out of the game, or out of the next one", Leave},
+    {"game", "", "shows how the game stands",
+     [](auto& context, auto& player, Text) { context.moves.Describe(player); }},
+    {"break", "", "ends your alliance in the game",
+     [](auto& context, auto& player, Text) { context.moves.BreakAlliance(player); }},
+    {"leave", "", "takes you out of the game, or out of the next one",
+     [](auto& context, auto& player, Text) { context.arena.Leave(player); }},
     {"who", "", "shows who is online", ShowWho},
     {"tell", "name text", "speaks to one player alone", Tell},
     {"reply", "text", "answers the player who last spoke to you alone", Reply},
-    {"team", "text", "speaks to your team alone", SayToTeam},
+    {"team", "text", "speaks to your team alone",
+     [](auto& context, auto& player, Text words) { context.tournament_desk.Say(player, words); }},
     {"me", "text", "shows what you do, as in /me waves", Act},
     {"roll", "[sides]", "rolls a die, with 6 sides unless you say how many", Roll},
     {"away", "", "shows that you are away; typed again, that you are back", ToggleAway},
@@ -198,7 +181,8 @@ constexpr auto kCommands = std::to_array<Command>({
     {"time", "", "shows how long the server has been running and you have been here", ShowTime},
     {"c", "text", "speaks to everyone, while Auto Chat is off", Say},
     {"announce", "text", "announces something to everyone", Announce, true},
-    {"start", "", "begins the next game as soon as two players are ready", Start, true},
+    {"start", "", "begins the next game as soon as two players are ready",
+     [](auto& context, auto& player, Text) { context.arena.Start(player); }, true},
 });
 
 bool MayUse(const Player& player, const Command& command) {

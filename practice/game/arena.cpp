@@ -11,6 +11,11 @@ namespace {
 
 using std::chrono::milliseconds;
 
+// In the time of the game, which a pace makes faster or slower than real time.
+constexpr std::chrono::seconds kTick{15};
+constexpr std::chrono::seconds kGathering{15};
+constexpr std::chrono::seconds kRest{20};
+
 constexpr std::size_t kFewestContenders = 2;
 /// A win without opponents counts when they have played at least this long.
 constexpr int kFewestTicks = 5;
@@ -39,7 +44,7 @@ std::string Names(const People& people) {
 
 std::string BoardOf(const Contender& contender) {
   std::string board;
-  for (Topic topic : kTopicsWithLevels) {
+  for (TopicCode topic : kTopicsWithLevels) {
     board += Message<ServerMessage::TopicResearched>(topic, contender.LevelOf(topic));
   }
   return board + Message<ServerMessage::ResearchPoints>(contender.points);
@@ -77,8 +82,7 @@ void Arena::Enter(Player& player) {
   }
   player.is_away = false;
   const bool was_ready = std::exchange(player.is_ready, true);
-  if (phase_ == Phase::Playing && !is_for_teams_ && game_->IsOpen() &&
-      !IsMeantForNextGame(player)) {
+  if (game_ && !is_for_teams_ && game_->IsOpen() && !IsMeantForNextGame(player)) {
     Comment(sentences::kEnters, {player.name()});
     const Contender& contender = game_->Enter(*player.account);
     SendStart(player, contender);
@@ -88,9 +92,9 @@ void Arena::Enter(Player& player) {
   const bool clock_ran = deadline_.has_value();
   GatherIfEnough();
   const auto time = TimeLeft();
-  const std::string when = Filled(phase_ == Phase::Playing ? sentences::kWhenThisIsOver
-                                  : time                   ? sentences::kWhenClockRuns
-                                                           : sentences::kWhenAnotherIsReady,
+  const std::string when = Filled(game_  ? sentences::kWhenThisIsOver
+                                  : time ? sentences::kWhenClockRuns
+                                         : sentences::kWhenAnotherIsReady,
                                   {time.value_or("")});
   players_.Say(player, was_ready ? sentences::kReadyAlready : sentences::kReady, when);
   if (phase_ == Phase::Gathering && clock_ran) {
@@ -99,22 +103,24 @@ void Arena::Enter(Player& player) {
 }
 
 void Arena::Leave(Player& player) {
-  const Contender* seat = SeatOf(player);
+  Contender* seat = SeatOf(player);
   if (!std::exchange(player.is_ready, false)) {
     players_.Refuse(player, Refusal::NotWaiting);
   } else if (seat == nullptr) {
     players_.Say(player, sentences::kReadyNoLonger);
   } else {
     left_.insert(player.account);
-    Remove(*seat, sentences::kLeaves);
+    Remove(*seat, sentences::kLeaves, false);
     players_.Say(player, sentences::kLeaveGame);
     players_.Send(player, Message<ServerMessage::BoardCleared>());
   }
 }
 
 void Arena::Start(const Player& player) {
-  if (phase_ == Phase::Playing || !EnoughAreReady()) {
-    players_.Refuse(player, phase_ == Phase::Playing ? Refusal::GameIsOn : Refusal::TooFewPlayers);
+  const Refusal refusal = game_               ? Refusal::GameIsOn
+                          : !EnoughAreReady() ? Refusal::TooFewPlayers
+                                              : Refusal::None;
+  if (players_.Refuse(player, refusal)) {
     return;
   }
   if (phase_ == Phase::Resting) {
@@ -124,17 +130,12 @@ void Arena::Start(const Player& player) {
 }
 
 void Arena::Welcome(Player& player) {
-  const auto lost = std::find_if(lost_.begin(), lost_.end(), [&](const Contender& contender) {
-    return contender.account == player.account;
-  });
-  if (phase_ == Phase::Playing && lost != lost_.end()) {
+  if (const Contender* contender = game_ ? game_->Return(*player.account) : nullptr) {
     player.is_ready = true;
-    Comment(sentences::kReturns, {player.name()});
-    const Contender& contender = game_->Return(*lost);
-    lost_.erase(lost);
-    players_.Send(player, BoardOf(contender));
-    SendStart(player, contender);
-    players_.Say(player, sentences::kSeatAgain, Counted(contender.points, "point"));
+    Comment(sentences::kReturns, {player.name()}, contender);
+    players_.Send(player, BoardOf(*contender));
+    SendStart(player, *contender);
+    players_.Say(player, sentences::kSeatAgain, Counted(contender->points, "point"));
     return;
   }
   const bool clock_runs = phase_ == Phase::Gathering && deadline_;
@@ -143,32 +144,18 @@ void Arena::Welcome(Player& player) {
 }
 
 void Arena::Forget(const Account& account) {
-  if (phase_ != Phase::Playing) {
-    return;
+  if (Contender* contender = game_ ? game_->Find(account) : nullptr) {
+    Remove(*contender, sentences::kDisappears, true);
   }
-  if (const Contender* contender = game_->Find(account)) {
-    lost_.push_back(*contender);
-    Remove(*contender, sentences::kDisappears);
-  }
-}
-
-void Arena::Win(Contender& finder) { End(game_->WinnersWith(finder), &finder); }
-
-Contender* Arena::SeatOf(const Player& player) {
-  return phase_ == Phase::Playing ? game_->Find(*player.account) : nullptr;
-}
-
-const Contender* Arena::SeatOf(const Player& player) const {
-  return phase_ == Phase::Playing ? game_->Find(*player.account) : nullptr;
 }
 
 bool Arena::IsMeantForNextGame(const Player& player) const {
   return left_.contains(player.account) ||
-         (tournament_.is_game_set && tournament_.teams.TeamOf(player.name()) != nullptr);
+         (tournament_.IsGameSet() && tournament_.TeamOf(player.name()) != nullptr);
 }
 
 bool Arena::EnoughAreReady() const {
-  const auto& all = std::as_const(players_).all();
+  const auto& all = players_.all();
   const auto ready = std::count_if(all.begin(), all.end(),
                                    [](const auto& entry) { return entry.second.is_ready; });
   return static_cast<std::size_t>(ready) >= kFewestContenders;
@@ -184,30 +171,27 @@ void Arena::GatherIfEnough() {
 
 /// Everyone who takes part in the game that is to begin. Nobody when it would be one for teams and
 /// fewer than two have come.
-std::vector<Player*> Arena::Entrants(bool is_for_teams) {
+std::vector<Player*> Arena::Entrants() {
   std::vector<Player*> entrants;
   std::set<const Team*> teams;
   for (auto& [key, player] : players_.all()) {
-    const Team* team = is_for_teams ? tournament_.teams.TeamOf(player.name()) : nullptr;
-    const bool can_pay = player.account->figures.score >= tournament_.terms.entry_fee;
-    if (player.is_ready && (!is_for_teams || (team != nullptr && can_pay))) {
+    const Team* team = is_for_teams_ ? tournament_.TeamOf(player.name()) : nullptr;
+    const bool can_pay = player.account->figures.score >= tournament_.terms().entry_fee;
+    if (player.is_ready && (!is_for_teams_ || (team != nullptr && can_pay))) {
       entrants.push_back(&player);
       teams.insert(team);
     }
   }
-  if (is_for_teams && teams.size() < kFewestContenders) {
-    entrants.clear();
-  }
-  return entrants;
+  return is_for_teams_ && teams.size() < kFewestContenders ? std::vector<Player*>() : entrants;
 }
 
 void Arena::Begin() {
-  is_for_teams_ = tournament_.is_game_set;
-  std::vector<Player*> entrants = Entrants(is_for_teams_);
+  is_for_teams_ = tournament_.IsGameSet();
+  std::vector<Player*> entrants = Entrants();
   if (is_for_teams_ && entrants.empty()) {
     players_.SayToAll(sentences::kTooFewTeams);
     is_for_teams_ = false;
-    entrants = Entrants(is_for_teams_);
+    entrants = Entrants();
   }
   if (entrants.size() < kFewestContenders) {
     deadline_.reset();
@@ -217,11 +201,9 @@ void Arena::Begin() {
   phase_ = Phase::Playing;
   game_.emplace(dice_);
   left_.clear();
-  lost_.clear();
   deadline_ = now_ + kTick;
   ++number_;
   purse_ = 0;
-  tournament_.is_game_set &= !is_for_teams_;
   const std::string title =
       (is_for_teams_ ? "Tournament game " : "Game ") + std::to_string(number_);
   const std::string names = Names(entrants);
@@ -231,9 +213,10 @@ void Arena::Begin() {
   for (Player* player : entrants) {
     std::string team;
     if (is_for_teams_) {
-      team = tournament_.teams.TeamOf(player->name())->name;
-      player->account->figures.score -= tournament_.terms.entry_fee;
-      purse_ += tournament_.terms.entry_fee;
+      tournament_.GameBegins();
+      team = tournament_.TeamOf(player->name())->name;
+      player->account->figures.score -= tournament_.terms().entry_fee;
+      purse_ += tournament_.terms().entry_fee;
     }
     SendStart(*player, game_->Enter(*player->account, team));
   }
@@ -289,25 +272,25 @@ void Arena::End(const std::vector<Contender*>& winners, const Contender* finder)
   for (const Contender& contender : game_->contenders()) {
     Send(contender, Message<ServerMessage::GamePause>(Seconds(kRest)));
     if (Player* player = players_.Find(contender.name())) {
-      player->is_ready = tournament_.is_game_set && IsMeantForNextGame(*player);
+      player->is_ready = tournament_.IsGameSet() && IsMeantForNextGame(*player);
     }
   }
+  game_.reset();
 }
 
 void Arena::Clear() {
   phase_ = Phase::Gathering;
   deadline_.reset();
-  game_.reset();
   players_.SendToAll(is_for_teams_ ? Message<ServerMessage::TournamentBoardCleared>()
                                    : Message<ServerMessage::BoardCleared>());
   GatherIfEnough();
-  players_.SayToAll(tournament_.is_game_set ? sentences::kNextGameIsForTeams
+  players_.SayToAll(tournament_.IsGameSet() ? sentences::kNextGameIsForTeams
                                             : sentences::kNextGameIsOpen);
 }
 
-void Arena::Remove(const Contender& contender, const Sentence& departure) {
+void Arena::Remove(Contender& contender, const Sentence& departure, bool may_return) {
   const std::string name = contender.name();
-  game_->Leave(contender);
+  game_->Leave(contender, may_return);
   Comment(departure, {name});
   const std::vector<Contender*> side = game_->WinnersWith(game_->contenders().front());
   if (side.size() == game_->contenders().size()) {

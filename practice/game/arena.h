@@ -3,9 +3,7 @@
 #pragma once
 
 #include <chrono>
-#include <cstdint>
 #include <functional>
-#include <list>
 #include <optional>
 #include <set>
 #include <string>
@@ -20,11 +18,6 @@ namespace korvanta::practice {
 
 class Arena {
  public:
-  // In the time of the game, which a pace makes faster or slower than real time.
-  static constexpr std::chrono::seconds kTick{15};
-  static constexpr std::chrono::seconds kGathering{15};
-  static constexpr std::chrono::seconds kRest{20};
-
   enum class Phase { Gathering, Playing, Resting };
 
   /// All must outlive the arena. `pace` is how many times faster than real time the game runs;
@@ -41,23 +34,22 @@ class Arena {
   /// Begins the next game now, if there are enough players for it.
   void Start(const Player& player);
 
-  /// The player has just logged in: gets back the place it was lost from, or an empty board.
+  /// The player has just logged in: gets back the place that was lost with the connection, or an
+  /// empty board.
   void Welcome(Player& player);
   /// The account's player has logged out; its place is kept while the game lasts.
   void Forget(const Account& account);
 
   /// The contender has the Golden Knowledge.
-  void Win(Contender& finder);
+  void Win(const Contender& finder) { End(game_->WinnersWith(finder), &finder); }
 
   Phase phase() const { return phase_; }
   /// Of this run, from 1.
   int number() const { return number_; }
   /// The game that is being played; null while none is.
-  Game* game() { return phase_ == Phase::Playing ? &*game_ : nullptr; }
-  const Game* game() const { return phase_ == Phase::Playing ? &*game_ : nullptr; }
+  Game* game() { return game_ ? &*game_ : nullptr; }
   /// The player's place in it; null without one.
-  Contender* SeatOf(const Player& player);
-  const Contender* SeatOf(const Player& player) const;
+  Contender* SeatOf(const Player& player) { return game_ ? game_->Find(*player.account) : nullptr; }
 
   /// In words and real time: until the next tick, or until the next game at the earliest. Nothing
   /// while too few have gathered.
@@ -72,11 +64,11 @@ class Arena {
  private:
   void SendStart(const Player& player, const Contender& contender);
   /// `departure` is what the others read.
-  void Remove(const Contender& contender, const Sentence& departure);
+  void Remove(Contender& contender, const Sentence& departure, bool may_return);
   bool IsMeantForNextGame(const Player& player) const;
   bool EnoughAreReady() const;
   void GatherIfEnough();
-  std::vector<Player*> Entrants(bool is_for_teams);
+  std::vector<Player*> Entrants();
   void Begin();
   void Tick();
   void End(const std::vector<Contender*>& winners, const Contender* finder);
@@ -90,9 +82,8 @@ class Arena {
   double pace_;
   std::function<void(std::string_view line)> journal_;
   Phase phase_ = Phase::Gathering;
-  std::optional<Game> game_;
+  std::optional<Game> game_;       // while it is being played
   std::set<const Account*> left_;  // of their own will, so that they stay out of this game
-  std::list<Contender> lost_;      // get their places back when they log in again
   bool is_for_teams_ = false;
   std::int64_t purse_ = 0;
   int number_ = 0;

@@ -3,13 +3,12 @@
 #include <algorithm>
 #include <numeric>
 
-#include "practice/base/player_text.h"
-
 namespace korvanta::practice {
 namespace {
 
 /// What each level costs before discounts, from level 1.
 constexpr std::array<int, kTopLevel> kLevelCosts = {4, 8, 14, 22};
+constexpr int kGoldenCost = 40;
 constexpr int kFirstPoints = 6;
 constexpr int kBasicIncome = 3;
 /// Every so many ticks all incomes rise by one, so that no game lasts for ever.
@@ -29,11 +28,6 @@ constexpr int kScorePerLevel = 10;
 constexpr int kScorePerHit = 15;
 constexpr int kScorePerBlock = 10;
 
-struct TopicText {
-  std::string_view name;
-  std::string_view purpose;
-};
-
 /// By topic code, from 1.
 constexpr std::array<TopicText, 5> kTopicTexts = {{
     {"Military", "Level 1 lets you attack, and each level makes your attacks harder to block."},
@@ -43,29 +37,31 @@ constexpr std::array<TopicText, 5> kTopicTexts = {{
     {"Golden Knowledge", "It wins the game, and needs two topics at level 4."},
 }};
 
-const TopicText& TextOf(Topic topic) { return kTopicTexts.at(static_cast<std::size_t>(topic) - 1); }
+auto PlaceOf(const Account& account, std::list<Contender>& contenders) {
+  return std::find_if(contenders.begin(), contenders.end(),
+                      [&](const Contender& contender) { return contender.account == &account; });
+}
+
+/// All points that the contender has and has spent on what it has.
+int Worth(const Contender& contender) {
+  int worth = contender.points;
+  for (int level : contender.levels) {
+    worth += std::accumulate(kLevelCosts.begin(), kLevelCosts.begin() + level, 0);
+  }
+  return worth;
+}
+
+/// The probability that the target blocks the attacker, in percent.
+int BlockChance(const Contender& attacker, const Contender& target) {
+  return std::clamp(kBlockBase + kBlockPerDefense * target.LevelOf(TopicCode::Defense) -
+                        kBlockPerMilitary * attacker.LevelOf(TopicCode::Military),
+                    kLeastBlock, kMostBlock);
+}
 
 }  // namespace
 
-std::string_view TopicName(Topic topic) { return TextOf(topic).name; }
-
-std::string_view TopicPurpose(Topic topic) { return TextOf(topic).purpose; }
-
-std::optional<Topic> ReadTopic(std::string_view code) {
-  const auto number = NumberWithin(code, 1, static_cast<int>(Topic::GoldenKnowledge));
-  return number ? std::optional(static_cast<Topic>(*number)) : std::nullopt;
-}
-
-bool Contender::IsNearWinning() const {
-  return std::count(levels.begin(), levels.end(), kTopLevel) >= 2;
-}
-
-bool Contender::IsTeammateOf(const Contender& other) const {
-  return !team.empty() && team == other.team;
-}
-
-bool Contender::IsOnSideOf(const Contender& other) const {
-  return ally == &other || IsTeammateOf(other);
+const TopicText& TextOf(TopicCode topic) {
+  return kTopicTexts.at(static_cast<std::size_t>(topic) - 1);
 }
 
 Contender& Game::Enter(Account& account, std::string_view team) {
@@ -79,34 +75,32 @@ Contender& Game::Enter(Account& account, std::string_view team) {
   return contenders_.emplace_back(Contender{&account, std::string(team), points});
 }
 
-void Game::Leave(const Contender& contender) {
+void Game::Leave(Contender& contender, bool may_return) {
+  EndAlliance(contender);
+  contender.proposed_to = nullptr;
   for (Contender& other : contenders_) {
-    if (other.ally == &contender) {
-      other.ally = nullptr;
-    }
     if (other.proposed_to == &contender) {
       other.proposed_to = nullptr;
     }
   }
-  contenders_.remove_if([&](const Contender& other) { return &other == &contender; });
+  absent_.splice(absent_.end(), contenders_, PlaceOf(*contender.account, contenders_));
+  if (!may_return) {
+    absent_.pop_back();
+  }
 }
 
-Contender& Game::Return(const Contender& contender) {
-  Contender& back = contenders_.emplace_back(contender);
-  back.ally = nullptr;
-  back.proposed_to = nullptr;
-  return back;
+Contender* Game::Return(const Account& account) {
+  const auto place = PlaceOf(account, absent_);
+  if (place == absent_.end()) {
+    return nullptr;
+  }
+  contenders_.splice(contenders_.end(), absent_, place);
+  return &*place;
 }
 
 Contender* Game::Find(const Account& account) {
-  const auto found =
-      std::find_if(contenders_.begin(), contenders_.end(),
-                   [&](const Contender& contender) { return contender.account == &account; });
-  return found == contenders_.end() ? nullptr : &*found;
-}
-
-const Contender* Game::Find(const Account& account) const {
-  return const_cast<Game*>(this)->Find(account);
+  const auto place = PlaceOf(account, contenders_);
+  return place == contenders_.end() ? nullptr : &*place;
 }
 
 bool Game::IsOpen() const {
@@ -124,38 +118,29 @@ void Game::Tick() {
 }
 
 int Game::Income(const Contender& contender) const {
-  return kBasicIncome + contender.LevelOf(Topic::Industry) + ticks_ / kTicksPerRise;
+  return kBasicIncome + contender.LevelOf(TopicCode::Industry) + ticks_ / kTicksPerRise;
 }
 
-int Game::Cost(const Contender& contender, Topic topic) {
-  const int full = topic == Topic::GoldenKnowledge
+int Game::Cost(const Contender& contender, TopicCode topic) {
+  const int full = topic == TopicCode::GoldenKnowledge
                        ? kGoldenCost
                        : kLevelCosts.at(static_cast<std::size_t>(
                              std::min(contender.LevelOf(topic), kTopLevel - 1)));
-  const int percent = 100 - kDiscountPerPopulation * contender.LevelOf(Topic::Population);
+  const int percent = 100 - kDiscountPerPopulation * contender.LevelOf(TopicCode::Population);
   return (full * percent + 99) / 100;
 }
 
-int Game::BlockChance(const Contender& attacker, const Contender& target) {
-  return std::clamp(kBlockBase + kBlockPerDefense * target.LevelOf(Topic::Defense) -
-                        kBlockPerMilitary * attacker.LevelOf(Topic::Military),
-                    kLeastBlock, kMostBlock);
-}
-
-Refusal Game::Research(Contender& contender, Topic topic, int level) {
-  const bool wins = topic == Topic::GoldenKnowledge;
-  if (wins && !contender.IsNearWinning()) {
-    return Refusal::GoldenKnowledgeNeedsTopics;
-  }
-  if (!wins && level <= contender.LevelOf(topic)) {
-    return Refusal::LevelReachedAlready;
-  }
-  if (!wins && level != contender.LevelOf(topic) + 1) {
-    return Refusal::LevelOutOfOrder;
-  }
+Refusal Game::Research(Contender& contender, TopicCode topic, int level) {
+  const bool wins = topic == TopicCode::GoldenKnowledge;
+  const int reached = wins ? kGoldenLevel - 1 : contender.LevelOf(topic);
   const int cost = Cost(contender, topic);
-  if (contender.points < cost) {
-    return Refusal::ResearchTooDear;
+  const Refusal refusal = wins && !contender.IsNearWinning() ? Refusal::GoldenKnowledgeNeedsTopics
+                          : level <= reached                 ? Refusal::LevelReachedAlready
+                          : level > reached + 1              ? Refusal::LevelOutOfOrder
+                          : contender.points < cost          ? Refusal::ResearchTooDear
+                                                             : Refusal::None;
+  if (refusal != Refusal::None) {
+    return refusal;
   }
   contender.points -= cost;
   ++contender.account->figures.research;
@@ -167,23 +152,23 @@ Refusal Game::Research(Contender& contender, Topic topic, int level) {
 }
 
 Game::AttackResult Game::Attack(Contender& attacker, Contender& target) {
-  std::vector<Topic> researched;
+  std::vector<TopicCode> researched;
   std::copy_if(kTopicsWithLevels.begin(), kTopicsWithLevels.end(), std::back_inserter(researched),
-               [&](Topic topic) { return target.LevelOf(topic) > 0; });
-  const Refusal refusal = attacker.IsTeammateOf(target)            ? Refusal::Teammate
-                          : attacker.LevelOf(Topic::Military) == 0 ? Refusal::AttackNeedsMilitary
-                          : attacker.has_attacked                  ? Refusal::AttackedAlready
-                          : target.was_set_back                    ? Refusal::SetBackAlready
-                          : researched.empty()                     ? Refusal::NothingToDestroy
-                          : attacker.points < kAttackCost          ? Refusal::AttackTooDear
-                                                                   : Refusal::None;
+               [&](TopicCode topic) { return target.LevelOf(topic) > 0; });
+  const Refusal refusal = attacker.IsTeammateOf(target) ? Refusal::Teammate
+                          : attacker.LevelOf(TopicCode::Military) == 0
+                              ? Refusal::AttackNeedsMilitary
+                          : attacker.has_attacked         ? Refusal::AttackedAlready
+                          : target.was_set_back           ? Refusal::SetBackAlready
+                          : researched.empty()            ? Refusal::NothingToDestroy
+                          : attacker.points < kAttackCost ? Refusal::AttackTooDear
+                                                          : Refusal::None;
   if (refusal != Refusal::None) {
     return {refusal};
   }
   attacker.points -= kAttackCost;
   attacker.has_attacked = true;
-  AttackResult attack;
-  attack.broke_alliance = attacker.ally == &target;
+  AttackResult attack{.broke_alliance = attacker.ally == &target};
   if (attack.broke_alliance) {
     EndAlliance(attacker);
     ++attacker.account->figures.alliance_screw_overs;
@@ -237,15 +222,6 @@ std::vector<Contender*> Game::WinnersWith(const Contender& contender) {
     }
   }
   return winners;
-}
-
-/// All points that the contender has and has spent on what it has.
-int Game::Worth(const Contender& contender) {
-  int worth = contender.points;
-  for (int level : contender.levels) {
-    worth += std::accumulate(kLevelCosts.begin(), kLevelCosts.begin() + level, 0);
-  }
-  return worth;
 }
 
 }  // namespace korvanta::practice

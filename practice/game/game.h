@@ -2,10 +2,9 @@
 /// It says nothing to anybody: the arena runs it, and the moves of players go to it through Moves.
 #pragma once
 
+#include <algorithm>
 #include <array>
-#include <cstdint>
 #include <list>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,23 +12,21 @@
 #include "practice/base/dice.h"
 #include "practice/players/accounts.h"
 #include "practice/words/sentences.h"
+#include "protocol/topic_code.h"
 
 namespace korvanta::practice {
 
-/// By its code on the wire.
-enum class Topic : std::uint8_t { Military = 1, Industry, Population, Defense, GoldenKnowledge };
-
-inline constexpr std::array<Topic, 4> kTopicsWithLevels = {Topic::Military, Topic::Industry,
-                                                           Topic::Population, Topic::Defense};
+inline constexpr std::array<TopicCode, 4> kTopicsWithLevels = {
+    TopicCode::Military, TopicCode::Industry, TopicCode::Population, TopicCode::Defense};
 inline constexpr int kTopLevel = 4;
 /// The level that clients name when they ask for the Golden Knowledge.
 inline constexpr int kGoldenLevel = 5;
 
-std::string_view TopicName(Topic topic);
-/// What the topic is good for, in one sentence.
-std::string_view TopicPurpose(Topic topic);
-/// Nothing for a text that is not a topic code.
-std::optional<Topic> ReadTopic(std::string_view code);
+struct TopicText {
+  std::string_view name;
+  std::string_view purpose;  ///< what it is good for, in one sentence
+};
+const TopicText& TextOf(TopicCode topic);
 
 /// One player's place in a game.
 struct Contender {
@@ -45,19 +42,18 @@ struct Contender {
 
   const std::string& name() const { return account->name; }
   /// The topic must have levels.
-  int& LevelOf(Topic topic) { return levels.at(static_cast<std::size_t>(topic) - 1); }
-  int LevelOf(Topic topic) const { return levels.at(static_cast<std::size_t>(topic) - 1); }
+  int& LevelOf(TopicCode topic) { return levels.at(static_cast<std::size_t>(topic) - 1); }
+  int LevelOf(TopicCode topic) const { return levels.at(static_cast<std::size_t>(topic) - 1); }
   /// Two topics are at level 4, so that the Golden Knowledge alone is missing.
-  bool IsNearWinning() const;
-  bool IsTeammateOf(const Contender& other) const;
+  bool IsNearWinning() const { return std::ranges::count(levels, kTopLevel) >= 2; }
+  bool IsTeammateOf(const Contender& other) const { return !team.empty() && team == other.team; }
   /// Its ally or teammate, which wins when it does.
-  bool IsOnSideOf(const Contender& other) const;
+  bool IsOnSideOf(const Contender& other) const { return ally == &other || IsTeammateOf(other); }
 };
 
 class Game {
  public:
   static constexpr int kAttackCost = 3;
-  static constexpr int kGoldenCost = 40;
 
   /// The dice must outlive the game, and so must the accounts that enter.
   explicit Game(Dice& dice) : dice_(dice) {}
@@ -65,13 +61,13 @@ class Game {
   /// The account must not be in the game. Whoever comes late starts with points to catch up. The
   /// contender stays where it is until it leaves.
   Contender& Enter(Account& account, std::string_view team = {});
-  void Leave(const Contender& contender);
-  /// A contender that has left is back with what it had, but for its ally.
-  Contender& Return(const Contender& contender);
+  /// Ends its alliance, too.
+  void Leave(Contender& contender, bool may_return);
+  /// One who has left is back with what it had; null when it may not return.
+  Contender* Return(const Account& account);
 
   /// Null when the account takes no part.
   Contender* Find(const Account& account);
-  const Contender* Find(const Account& account) const;
   /// In the order in which they entered.
   const std::list<Contender>& contenders() const { return contenders_; }
 
@@ -84,19 +80,17 @@ class Game {
   /// Points that the contender gets with the next tick.
   int Income(const Contender& contender) const;
   /// Points that the next level of the topic costs the contender.
-  static int Cost(const Contender& contender, Topic topic);
-  /// The probability that the target blocks the attacker, in percent.
-  static int BlockChance(const Contender& attacker, const Contender& target);
+  static int Cost(const Contender& contender, TopicCode topic);
 
   /// The next level of a topic, or the Golden Knowledge, which wins.
-  Refusal Research(Contender& contender, Topic topic, int level);
+  Refusal Research(Contender& contender, TopicCode topic, int level);
 
   struct AttackResult {
     Refusal refusal = Refusal::None;
     bool was_blocked = false;
     bool broke_alliance = false;
-    Topic topic = Topic::Military;  ///< what was hit, when it was not blocked
-    int level = 0;                  ///< of that topic now
+    TopicCode topic = TopicCode::Military;  ///< what was hit, when it was not blocked
+    int level = 0;                          ///< of that topic now
   };
   /// The target must be another contender.
   AttackResult Attack(Contender& attacker, Contender& target);
@@ -111,10 +105,9 @@ class Game {
   std::vector<Contender*> WinnersWith(const Contender& contender);
 
  private:
-  static int Worth(const Contender& contender);
-
   Dice& dice_;
   std::list<Contender> contenders_;
+  std::list<Contender> absent_;  // who may return
   int ticks_ = 0;
 };
 

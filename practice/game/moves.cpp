@@ -2,18 +2,27 @@
 
 #include <utility>
 
-#include "base/trim.h"
 #include "practice/base/player_text.h"
 #include "practice/wire/server_messages.h"
 
 namespace korvanta::practice {
 namespace {
 
+/// Nothing for a text that is not a topic code.
+std::optional<TopicCode> ReadTopic(std::string_view code) {
+  const auto number = NumberWithin(code, 1, static_cast<int>(TopicCode::GoldenKnowledge));
+  return number ? std::optional(static_cast<TopicCode>(*number)) : std::nullopt;
+}
+
+std::string LevelName(TopicCode topic, int level) {
+  return std::string(TextOf(topic).name) + " level " + std::to_string(level);
+}
+
 /// All levels on one line, and whose side the contender is on.
 std::string Summary(const Contender& contender) {
   std::vector<std::string> levels;
-  for (Topic topic : kTopicsWithLevels) {
-    levels.push_back(std::string(TopicName(topic)) + " " +
+  for (TopicCode topic : kTopicsWithLevels) {
+    levels.push_back(std::string(TextOf(topic).name) + " " +
                      std::to_string(contender.LevelOf(topic)));
   }
   return "  " + contender.name() + ": " + Joined(levels, ", ") +
@@ -31,19 +40,16 @@ void Moves::Research(const Player& player, std::string_view topic_code,
   }
   const auto topic = ReadTopic(topic_code);
   const auto level = NumberWithin(level_code, 1, kGoldenLevel);
-  if (!topic || !level || (*topic == Topic::GoldenKnowledge) != (*level == kGoldenLevel)) {
+  const bool wins = topic == TopicCode::GoldenKnowledge;
+  if (!topic || !level || wins != (*level == kGoldenLevel)) {
     players_.Refuse(player, Refusal::NoSuchLevel);
     return;
   }
-  const bool wins = *topic == Topic::GoldenKnowledge;
   const int cost = Game::Cost(*self, *topic);
   const Refusal refusal = arena_.game()->Research(*self, *topic, *level);
-  if (refusal != Refusal::None) {
-    const std::string name(TopicName(*topic));
-    const auto level_name = [&](int of) { return name + " level " + std::to_string(of); };
-    players_.Refuse(player, refusal, wins ? "The " + name : level_name(*level),
-                    wins ? "" : level_name(self->LevelOf(*topic) + 1), Counted(cost, "point"),
-                    self->points, arena_.game()->Income(*self));
+  if (players_.Refuse(player, refusal, wins ? "The Golden Knowledge" : LevelName(*topic, *level),
+                      wins ? "" : LevelName(*topic, self->LevelOf(*topic) + 1),
+                      Counted(cost, "point"), self->points, arena_.game()->Income(*self))) {
     return;
   }
   const std::string points = Message<ServerMessage::ResearchPoints>(self->points);
@@ -65,15 +71,14 @@ void Moves::Attack(const Player& player, std::string_view name) {
     return;
   }
   const Game::AttackResult attack = arena_.game()->Attack(*self, *target);
-  if (attack.refusal != Refusal::None) {
-    players_.Refuse(player, attack.refusal, target->name(), Counted(Game::kAttackCost, "point"),
-                    self->points);
+  if (players_.Refuse(player, attack.refusal, target->name(), Counted(Game::kAttackCost, "point"),
+                      self->points)) {
     return;
   }
   players_.Send(player, Message<ServerMessage::ResearchPoints>(self->points) +
                             Message<ServerMessage::Sound>(Sound::Attack));
   const std::vector<std::string> values = {player.name(), target->name(),
-                                           std::string(TopicName(attack.topic)),
+                                           std::string(TextOf(attack.topic).name),
                                            std::to_string(attack.level)};
   if (attack.broke_alliance) {
     arena_.Comment(sentences::kBetrays, values);
@@ -93,10 +98,11 @@ void Moves::Ally(const Player& player, std::string_view name) {
     return;
   }
   const Refusal refusal = Game::Propose(*self, *other);
-  if (refusal != Refusal::None) {
-    players_.Refuse(player, refusal, other->name(),
-                    self->ally == nullptr ? "" : self->ally->name());
-  } else if (self->ally == other) {
+  if (players_.Refuse(player, refusal, other->name(),
+                      self->ally == nullptr ? "" : self->ally->name())) {
+    return;
+  }
+  if (self->ally == other) {
     arena_.Comment(sentences::kAllied, {player.name(), other->name()});
   } else {
     players_.Say(player, sentences::kOffersAlliance, other->name());
@@ -106,15 +112,11 @@ void Moves::Ally(const Player& player, std::string_view name) {
 
 void Moves::BreakAlliance(const Player& player) {
   Contender* self = Seat(player);
-  if (self == nullptr) {
-    return;
+  if (self != nullptr &&
+      !players_.Refuse(player, self->ally == nullptr ? Refusal::NoAlly : Refusal::None)) {
+    arena_.Comment(sentences::kAlliedNoLonger, {player.name(), self->ally->name()});
+    Game::EndAlliance(*self);
   }
-  if (self->ally == nullptr) {
-    players_.Refuse(player, Refusal::NoAlly);
-    return;
-  }
-  arena_.Comment(sentences::kAlliedNoLonger, {player.name(), self->ally->name()});
-  Game::EndAlliance(*self);
 }
 
 void Moves::Explain(const Player& player, std::string_view topic_code) {
@@ -123,17 +125,16 @@ void Moves::Explain(const Player& player, std::string_view topic_code) {
     players_.Refuse(player, Refusal::NoSuchTopic);
     return;
   }
-  const Contender outsider{player.account};
-  const Contender* self = std::as_const(arena_).SeatOf(player);
-  const Contender& contender = self == nullptr ? outsider : *self;
-  const bool wins = *topic == Topic::GoldenKnowledge;
+  const Contender* self = arena_.SeatOf(player);
+  const Contender contender = self == nullptr ? Contender{player.account} : *self;
+  const bool wins = *topic == TopicCode::GoldenKnowledge;
   const int level = wins ? 0 : contender.LevelOf(*topic);
   const std::string next =
       Filled(wins                 ? sentences::kGoldenCost
              : level == kTopLevel ? sentences::kLastLevel
                                   : sentences::kNextLevel,
              {std::to_string(level + 1), Counted(Game::Cost(contender, *topic), "point")});
-  players_.Say(player, sentences::kTopic, TopicName(*topic), TopicPurpose(*topic), next,
+  players_.Say(player, sentences::kTopic, TextOf(*topic).name, TextOf(*topic).purpose, next,
                self == nullptr ? "" : " " + PointsOf(*self));
 }
 
@@ -172,17 +173,14 @@ Moves::Sides Moves::Opponents(const Player& player, std::string_view name) {
                           : opponent == nullptr ? Refusal::OpponentNotInGame
                           : opponent == self    ? Refusal::Yourself
                                                 : Refusal::None;
-  if (refusal != Refusal::None) {
-    players_.Refuse(player, refusal, other == nullptr ? "" : other->name());
-    return {};
-  }
-  return {self, opponent};
+  return players_.Refuse(player, refusal, other == nullptr ? "" : other->name())
+             ? Sides()
+             : Sides{self, opponent};
 }
 
-std::string Moves::PointsOf(const Contender& contender) const {
-  return Filled(sentences::kPoints,
-                {Counted(contender.points, "point"),
-                 std::to_string(std::as_const(arena_).game()->Income(contender))});
+std::string Moves::PointsOf(const Contender& contender) {
+  return Filled(sentences::kPoints, {Counted(contender.points, "point"),
+                                     std::to_string(arena_.game()->Income(contender))});
 }
 
 }  // namespace korvanta::practice

@@ -34,7 +34,7 @@ class Moves {
     Contender* opponent = nullptr;
   };
   Sides Opponents(const Player& player, std::string_view name);
-  std::string PointsOf(const Contender& contender) const;
+  std::string PointsOf(const Contender& contender);
 
   Players& players_;
   Arena& arena_;

@@ -15,7 +15,7 @@ namespace {
 std::string StatisticsMessage(const Account& account, std::string_view ally) {
   const Figures& figures = account.figures;
   std::vector<std::string> awards;
-  for (int code : AwardCodes(figures)) {
+  for (int code : figures.AwardCodes()) {
     awards.push_back(std::to_string(code));
   }
   return Message<ServerMessage::Statistics>(
@@ -25,7 +25,7 @@ std::string StatisticsMessage(const Account& account, std::string_view ally) {
       Joined(awards, {&kRecordSeparator, 1}));
 }
 
-/// A record of noughts for a name that nobody has, so that the window shows that.
+/// A record of zeros for a name that nobody has, so that the window shows that.
 std::string EmptyStatisticsMessage(std::string_view name) {
   Account nobody;
   nobody.name = name.substr(0, kLongestName);
@@ -78,7 +78,8 @@ void Lobby::Handle(Player& player, const ClientRequest& request) {
   const auto& fields = request.fields;
   switch (request.kind) {
     case ClientMessage::Login:
-      return players_.Refuse(player, Refusal::LoggedInAlready);
+      players_.Refuse(player, Refusal::LoggedInAlready);
+      return;
     case ClientMessage::Disconnect:
     case ClientMessage::KeepAlive:
       return;
@@ -129,7 +130,8 @@ void Lobby::SendStatistics(const Player& player, std::string_view name) {
     players_.Refuse(player, Refusal::UnknownPlayer, name.substr(0, kLongestName));
     return;
   }
-  const Contender* contender = arena_.game() == nullptr ? nullptr : arena_.game()->Find(*account);
+  Game* game = arena_.game();
+  const Contender* contender = game == nullptr ? nullptr : game->Find(*account);
   const bool is_allied = contender != nullptr && contender->ally != nullptr;
   players_.Send(player, StatisticsMessage(*account, is_allied ? contender->ally->name() : ""));
 }

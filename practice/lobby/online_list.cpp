@@ -3,6 +3,7 @@
 #include <map>
 #include <set>
 #include <utility>
+#include <vector>
 
 #include "practice/base/player_text.h"
 #include "practice/wire/server_messages.h"
@@ -18,16 +19,7 @@ constexpr milliseconds kOnlineListPause{100};
 constexpr milliseconds kPausePerThousandEntries{1};
 
 /// By its code on the wire.
-enum class NameColour {
-  DarkYellow = 1,
-  Grey,
-  Purple,
-  Green,
-  Blue,
-  Turquoise,
-  Red,
-  Orange,
-};
+enum class NameColour { DarkYellow = 1, Grey, Purple, Green, Blue, Turquoise, Red, Orange };
 
 /// The first of these that holds, so that what matters most in a game shows.
 NameColour ColourOf(const Player& player, const Contender* contender, bool is_in_team) {
@@ -49,7 +41,7 @@ void OnlineList::SendIfDue(milliseconds now) {
   if (now < due_) {
     return;
   }
-  const auto entries = std::as_const(players_).all().size() * players_.people();
+  const auto entries = players_.all().size() * players_.people();
   due_ = now + kOnlineListPause + kPausePerThousandEntries * entries / 1000;
   if (std::string message = Message(); message != sent_) {
     players_.SendToAll(message);
@@ -57,7 +49,7 @@ void OnlineList::SendIfDue(milliseconds now) {
   }
 }
 
-std::string OnlineList::Message() const {
+std::string OnlineList::Message() {
   // Looked up once for all, since thousands of players may be in one game.
   std::map<const Account*, const Contender*> contenders;
   if (const Game* game = arena_.game()) {
@@ -66,29 +58,21 @@ std::string OnlineList::Message() const {
     }
   }
   std::set<std::string> team_members;
-  for (const Team& team : tournament_.teams.all()) {
+  for (const Team& team : tournament_.teams()) {
     for (const std::string& member : team.members) {
       team_members.insert(NameKey(member));
     }
   }
-  std::string records;
-  for (const auto& [key, player] : std::as_const(players_).all()) {
+  std::vector<std::string> records;
+  for (const auto& [key, player] : players_.all()) {
     const auto contender = contenders.find(player.account);
     const NameColour colour =
         ColourOf(player, contender == contenders.end() ? nullptr : contender->second,
                  team_members.contains(key));
-    if (!records.empty()) {
-      records += kRecordSeparator;
-    }
-    records += player.name();
-    for (const std::int64_t number :
-         {static_cast<std::int64_t>(colour), PlayerLevel(player.account->figures),
-          std::int64_t{player.is_ready}}) {
-      records += kFieldSeparator;
-      records += std::to_string(number);
-    }
+    records.push_back(
+        Record(player.name(), colour, player.account->figures.PlayerLevel(), player.is_ready));
   }
-  return BuildMessage(TagOf(ServerMessage::OnlineList), {records});
+  return BuildMessage(TagOf(ServerMessage::OnlineList), {Joined(records, {&kRecordSeparator, 1})});
 }
 
 }  // namespace korvanta::practice

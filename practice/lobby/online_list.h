@@ -13,22 +13,22 @@ namespace korvanta::practice {
 class OnlineList {
  public:
   /// All must outlive the list.
-  OnlineList(Players& players, const Arena& arena, const Tournament& tournament)
+  OnlineList(Players& players, Arena& arena, const Tournament& tournament)
       : players_(players), arena_(arena), tournament_(tournament) {}
 
   /// The list of this moment, to one who has none yet.
-  void SendTo(const Player& player) const { players_.Send(player, Message()); }
+  void SendTo(const Player& player) { players_.Send(player, Message()); }
 
   /// Sends the list to everyone when it is not the one that was sent last. It is made at most every
-  /// 100 ms, and less often the more players there are: what it costs to tell everyone grows with
-  /// the square of the players.
+  /// 100 ms, and less often the more players there are: what it costs to send it to everyone grows
+  /// with the square of the players.
   void SendIfDue(std::chrono::milliseconds now);
 
  private:
-  std::string Message() const;
+  std::string Message();
 
   Players& players_;
-  const Arena& arena_;
+  Arena& arena_;
   const Tournament& tournament_;
   std::string sent_;
   std::chrono::milliseconds due_{0};

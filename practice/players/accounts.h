@@ -1,5 +1,5 @@
-/// The accounts of one run of the server, kept in memory only: a name belongs to the first password
-/// that it was used with.
+/// The accounts of one run of the server and the figures that are counted for them, kept in memory
+/// only: a name belongs to the first password that it was used with.
 #pragma once
 
 #include <cstddef>
@@ -7,11 +7,29 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
-#include "practice/players/figures.h"
 #include "practice/words/sentences.h"
 
 namespace korvanta::practice {
+
+struct Figures {
+  std::int64_t wins = 0;
+  std::int64_t games_played = 0;
+  std::int64_t research = 0;
+  std::int64_t research_lost = 0;
+  std::int64_t research_destroyed = 0;
+  std::int64_t alliance_screw_overs = 0;
+  std::int64_t score = 0;
+  std::int64_t blocks = 0;
+  std::int64_t alliance_wins = 0;
+
+  /// 1 for a beginner, and one more for every 1,000 of total score.
+  std::int64_t PlayerLevel() const;
+  /// Codes of all awards reached: score, wins, research destroyed, blocks, the highest of each
+  /// series first; 24 alone when there is none.
+  std::vector<int> AwardCodes() const;
+};
 
 /// A UserID from here on makes an administrator.
 inline constexpr std::int16_t kAdministratorId = 90;
@@ -29,9 +47,6 @@ struct Account {
 
 class Accounts {
  public:
-  /// Accounts in one run, so that strangers cannot make the server keep any number.
-  static constexpr std::size_t kMost = 100'000;
-
   /// The account of that name, made when the name is new; null when it is refused. It lives as long
   /// as this object.
   struct Admission {
@@ -40,8 +55,8 @@ class Accounts {
   };
   Admission Admit(std::string_view name, std::string_view password);
 
-  /// An account for a simulated player; null when the name is taken or no user name.
-  Account* AddSimulated(std::string_view name);
+  /// An account for a simulated player, whose name must be a user name that is not taken.
+  Account& AddSimulated(std::string_view name) { return Add(name, {}, NextUserId()); }
 
   /// By name in any letter case; null when there is none.
   const Account* Find(std::string_view name) const;

@@ -18,9 +18,8 @@ struct Player {
   Account* account;
   std::chrono::milliseconds online_since;
   bool is_away = false;
-  bool is_ready = false;  ///< plays, or wants to play the next game
-  std::string
-      last_speaker{};  ///< whom "/reply" answers; empty until someone has spoken to it alone
+  bool is_ready = false;       ///< plays, or wants to play the next game
+  std::string last_speaker{};  ///< the last who spoke to it alone, whom "/reply" answers
 
   const std::string& name() const { return account->name; }
   bool IsSimulated() const { return connection == kNoConnection; }
@@ -57,9 +56,13 @@ class Players {
   void SayToAll(const Sentence& sentence, const Values&... values) {
     SendToAll(LineOf(sentence, {FieldText(values)...}));
   }
+  /// Whether something was refused; the player is then told why.
   template <typename... Values>
-  void Refuse(const Player& player, Refusal refusal, const Values&... values) {
-    Say(player, SentenceFor(refusal), values...);
+  bool Refuse(const Player& player, Refusal refusal, const Values&... values) {
+    if (refusal != Refusal::None) {
+      Say(player, SentenceFor(refusal), values...);
+    }
+    return refusal != Refusal::None;
   }
   /// A line in black to one player.
   void Answer(const Player& player, std::string_view text);

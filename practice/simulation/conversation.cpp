@@ -1,7 +1,6 @@
 #include "practice/simulation/conversation.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "practice/base/player_text.h"
 
@@ -9,7 +8,6 @@ namespace korvanta::practice {
 namespace {
 
 using namespace std::chrono_literals;
-using std::chrono::milliseconds;
 
 /// Lines that nobody says again for a while.
 constexpr std::size_t kRemembered = 20;
@@ -27,22 +25,20 @@ Character* AnyOnline(std::vector<Character>& characters, Dice& dice) {
   return online.empty() ? nullptr : dice.Pick(online);
 }
 
-std::vector<Conversation::TypedLine> Conversation::Step(milliseconds now) {
+std::vector<Conversation::Line> Conversation::Step(std::chrono::milliseconds now) {
   now_ = now;
-  std::vector<TypedLine> typed;
-  std::erase_if(replies_, [&](Reply& reply) {
-    if (reply.due > now_) {
-      return false;
-    }
-    typed.push_back(std::move(reply.typed));
-    return true;
-  });
   if (now_ >= next_talk_) {
     next_talk_ = now_ + dice_.Between(8s, 20s);
-    typed.push_back(SmallTalk());
+    if (Character* speaker = AnyOnline(characters_, dice_)) {
+      MakeSmallTalk(*speaker);
+    }
   }
-  std::erase_if(typed, [](const TypedLine& line) {
-    return line.speaker == nullptr || line.speaker->player == nullptr || line.line.empty();
+  std::vector<Line> typed;
+  std::erase_if(waiting_, [&](const Line& line) {
+    if (line.due <= now_ && line.speaker->player != nullptr) {
+      typed.push_back(line);
+    }
+    return line.due <= now_;
   });
   return typed;
 }
@@ -51,92 +47,75 @@ void Conversation::Hear(const Player& speaker, const Player* listener, std::stri
   if (speaker.IsSimulated()) {
     return;
   }
-  const bool greets = IsGreeting(words);
-  const bool asks = IsQuestion(words);
-  const Occasion occasion = greets ? Occasion::Greeting
-                            : asks ? Occasion::Question
-                                   : Occasion::Mention;
   const auto is_meant = [&](const Character& character) {
     return character.player != nullptr &&
            (listener == nullptr
                 ? NameKey(words).find(NameKey(character.account->name)) != std::string::npos
                 : listener == character.player);
   };
+  const Occasion occasion = OccasionOf(words);
   const auto meant = std::find_if(characters_.begin(), characters_.end(), is_meant);
-  if (meant != characters_.end()) {
-    Answer(*meant, speaker, occasion, listener != nullptr);
-  } else if (listener == nullptr && replies_.empty() && (greets || asks)) {
-    if (Character* character = AnyOnline(characters_, dice_)) {
-      Answer(*character, speaker, occasion, false);
-    }
+  Character* character = meant != characters_.end() ? &*meant : nullptr;
+  if (character == nullptr && listener == nullptr && waiting_.empty() &&
+      occasion != Occasion::Mention) {
+    character = AnyOnline(characters_, dice_);
   }
-}
-
-/// A little later, unless the character is busy with another answer.
-void Conversation::Answer(Character& character, const Player& speaker, Occasion occasion,
-                          bool is_private) {
-  const bool is_answering = std::any_of(replies_.begin(), replies_.end(), [&](const Reply& reply) {
-    return reply.typed.speaker == &character;
-  });
-  if (is_answering) {
+  const bool is_busy = std::any_of(waiting_.begin(), waiting_.end(),
+                                   [&](const Line& line) { return line.speaker == character; });
+  if (character == nullptr || is_busy) {
     return;
   }
-  std::string line = LineFor(occasion, speaker.name());
-  if (is_private && !line.empty()) {
-    line.replace(0, 2, "/tell " + speaker.name());
+  if (const std::string line = Pick(occasion, speaker.name()); !line.empty()) {
+    const std::string command = listener == nullptr ? "/c " : "/tell " + speaker.name() + " ";
+    waiting_.push_back({now_ + dice_.Between(1500ms, 4s), character, command + line});
   }
-  replies_.push_back({now_ + dice_.Between(1500ms, 4s), {&character, std::move(line)}});
 }
 
-/// What someone has to say about the game, or to someone else.
-Conversation::TypedLine Conversation::SmallTalk() {
-  Character* speaker = AnyOnline(characters_, dice_);
-  if (speaker == nullptr) {
-    return {};
+void Conversation::Say(Character& speaker, Occasion occasion, std::string_view name) {
+  if (const std::string line = Pick(occasion, name); !line.empty()) {
+    waiting_.push_back({now_, &speaker, "/c " + line});
   }
+}
+
+/// About whoever is ahead in the game, or about anyone.
+void Conversation::MakeSmallTalk(Character& speaker) {
   const Game* game = arena_.game();
-  const bool plays = arena_.SeatOf(*speaker->player) != nullptr;
+  const bool plays = arena_.SeatOf(*speaker.player) != nullptr;
   const Occasion occasion = arena_.phase() == Arena::Phase::Resting ? Occasion::Ending
                             : !plays                                ? Occasion::Lobby
                             : !game->IsOpen()                       ? Occasion::Closing
                             : game->ticks() < kOpeningTicks         ? Occasion::Opening
                                                                     : Occasion::Playing;
-  // Of whoever is ahead in the game, or of anyone.
-  std::string_view name;
+  const Character* other = AnyOnline(characters_, dice_);
+  std::string_view name = other == &speaker ? std::string_view() : other->account->name;
   int most = -1;
   if (game != nullptr) {
-    for (const Contender& other : game->contenders()) {
-      if (other.account != speaker->account && Progress(other) > most) {
-        most = Progress(other);
-        name = other.name();
+    for (const Contender& contender : game->contenders()) {
+      if (contender.account != speaker.account && Progress(contender) > most) {
+        most = Progress(contender);
+        name = contender.name();
       }
     }
   }
-  if (const Character* other = AnyOnline(characters_, dice_); name.empty() && other != speaker) {
-    name = other->account->name;
-  }
-  return {speaker, LineFor(occasion, name)};
+  Say(speaker, occasion, name);
 }
 
-std::string Conversation::LineFor(Occasion occasion, std::string_view name) {
+std::string Conversation::Pick(Occasion occasion, std::string_view name) {
   std::vector<std::string_view> fresh;
   for (std::string_view line : LinesFor(occasion)) {
-    if (std::find(said_lately_.begin(), said_lately_.end(), line) == said_lately_.end()) {
+    const bool was_said = std::ranges::count(said_lately_, line) > 0;
+    if (!was_said && (!name.empty() || line.find('%') == std::string_view::npos)) {
       fresh.push_back(line);
     }
   }
   if (fresh.empty()) {
     return {};
   }
-  const std::string_view chosen = dice_.Pick(fresh);
-  std::string line = "/c " + std::string(chosen);
+  said_lately_.push_back(dice_.Pick(fresh));
+  std::string line(said_lately_.back());
   if (const std::size_t place = line.find('%'); place != std::string::npos) {
-    if (name.empty()) {
-      return {};
-    }
     line.replace(place, 1, name);
   }
-  said_lately_.push_back(chosen);
   if (said_lately_.size() > kRemembered) {
     said_lately_.pop_front();
   }

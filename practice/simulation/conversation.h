@@ -28,39 +28,35 @@ Character* AnyOnline(std::vector<Character>& characters, Dice& dice);
 
 class Conversation {
  public:
+  struct Line {
+    std::chrono::milliseconds due;
+    Character* speaker;
+    std::string typed;
+  };
+
   /// All must outlive the conversation.
-  Conversation(std::vector<Character>& characters, const Arena& arena, Dice& dice)
+  Conversation(std::vector<Character>& characters, Arena& arena, Dice& dice)
       : characters_(characters), arena_(arena), dice_(dice) {}
 
-  struct TypedLine {
-    Character* speaker;
-    std::string line;
-  };
-
   /// The lines that are typed by now; their speakers are online.
-  std::vector<TypedLine> Step(std::chrono::milliseconds now);
+  std::vector<Line> Step(std::chrono::milliseconds now);
 
-  /// A person has said something to everyone, or to `listener` alone.
+  /// A player has said something to everyone, or to `listener` alone.
   void Hear(const Player& speaker, const Player* listener, std::string_view words);
 
-  /// One of the lines for it that has not been said lately, as it is typed, with the name in the
-  /// place of its "%". Empty when all have been said, or when the line wants a name and there is
-  /// none.
-  std::string LineFor(Occasion occasion, std::string_view name);
+  /// The speaker has something to say about it; "%" in it will be the name.
+  void Say(Character& speaker, Occasion occasion, std::string_view name = {});
 
  private:
-  struct Reply {
-    std::chrono::milliseconds due;
-    TypedLine typed;
-  };
-
-  void Answer(Character& character, const Player& speaker, Occasion occasion, bool is_private);
-  TypedLine SmallTalk();
+  void MakeSmallTalk(Character& speaker);
+  /// One of the lines for it that has not been said lately, with the name in its place; empty when
+  /// there is none.
+  std::string Pick(Occasion occasion, std::string_view name);
 
   std::vector<Character>& characters_;
-  const Arena& arena_;
+  Arena& arena_;
   Dice& dice_;
-  std::vector<Reply> replies_;
+  std::vector<Line> waiting_;
   std::deque<std::string_view> said_lately_;
   std::chrono::milliseconds now_{0};
   std::chrono::milliseconds next_talk_{5'000};

@@ -8,12 +8,12 @@ namespace korvanta::practice {
 namespace {
 
 constexpr auto kTemperaments = std::to_array<Temperament>({
-    {Topic::Industry, Topic::Population, 1, 0, 0, 10, 0},    // builder
-    {Topic::Industry, Topic::Military, 0, 3, 25, 5, 40},     // raider
-    {Topic::Industry, Topic::Defense, 3, 0, 0, 10, 0},       // guardian
-    {Topic::Population, Topic::Industry, 1, 1, 6, 40, 2},    // diplomat
-    {Topic::Population, Topic::Military, 1, 1, 12, 25, 60},  // schemer
-    {Topic::Industry, Topic::Population, 0, 1, 8, 5, 20},    // racer
+    {TopicCode::Industry, TopicCode::Population, 1, 0, 0, 10, 0},    // builder
+    {TopicCode::Industry, TopicCode::Military, 0, 3, 25, 5, 40},     // raider
+    {TopicCode::Industry, TopicCode::Defense, 3, 0, 0, 10, 0},       // guardian
+    {TopicCode::Population, TopicCode::Industry, 1, 1, 6, 40, 2},    // diplomat
+    {TopicCode::Population, TopicCode::Military, 1, 1, 12, 25, 60},  // schemer
+    {TopicCode::Industry, TopicCode::Population, 0, 1, 8, 5, 20},    // racer
 });
 
 /// How often, in percent, someone who is about to win is attacked by whoever can at each move.
@@ -41,7 +41,8 @@ Move ChooseAttack(const Game& game, const Contender& self, const Temperament& te
       rivals.push_back(&other);
     }
   }
-  if (self.has_attacked || self.LevelOf(Topic::Military) == 0 || self.points < Game::kAttackCost) {
+  if (self.has_attacked || self.LevelOf(TopicCode::Military) == 0 ||
+      self.points < Game::kAttackCost) {
     return std::nullopt;
   }
   const Contender* target = nullptr;
@@ -80,17 +81,17 @@ Move ChooseAlliance(const Game& game, const Contender& self, const Temperament& 
 
 /// The next level on the way to the Golden Knowledge, when there are points for it.
 Move ChooseResearch(const Contender& self, const Temperament& temperament) {
-  const auto wants = [&](Topic topic, int level) { return self.LevelOf(topic) < level; };
-  const Topic topic = self.IsNearWinning()                           ? Topic::GoldenKnowledge
-                      : wants(temperament.first_topic, 2)            ? temperament.first_topic
-                      : wants(Topic::Military, temperament.military) ? Topic::Military
-                      : wants(Topic::Defense, temperament.defense)   ? Topic::Defense
-                      : wants(temperament.first_topic, kTopLevel)    ? temperament.first_topic
-                                                                     : temperament.second_topic;
+  const auto wants = [&](TopicCode topic, int level) { return self.LevelOf(topic) < level; };
+  const TopicCode topic = self.IsNearWinning()                ? TopicCode::GoldenKnowledge
+                          : wants(temperament.first_topic, 2) ? temperament.first_topic
+                          : wants(TopicCode::Military, temperament.military) ? TopicCode::Military
+                          : wants(TopicCode::Defense, temperament.defense)   ? TopicCode::Defense
+                          : wants(temperament.first_topic, kTopLevel) ? temperament.first_topic
+                                                                      : temperament.second_topic;
   if (self.points < Game::Cost(self, topic)) {
     return std::nullopt;
   }
-  const int level = topic == Topic::GoldenKnowledge ? kGoldenLevel : self.LevelOf(topic) + 1;
+  const int level = topic == TopicCode::GoldenKnowledge ? kGoldenLevel : self.LevelOf(topic) + 1;
   return ClientRequest{ClientMessage::ResearchTopic,
                        {std::to_string(static_cast<int>(topic)), std::to_string(level)}};
 }

@@ -12,8 +12,8 @@ namespace korvanta::practice {
 
 /// Chances are in percent at each of its moves.
 struct Temperament {
-  Topic first_topic;  ///< the two that it brings to level 4
-  Topic second_topic;
+  TopicCode first_topic;  ///< the two that it brings to level 4
+  TopicCode second_topic;
   int defense;   ///< level of Defense that it wants before the second topic
   int military;  ///< likewise
   int attacks;   ///< chance of an attack on someone who is not about to win

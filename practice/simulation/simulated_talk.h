@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -13,7 +14,7 @@ std::string SimulatedName(std::size_t number);
 /// So with teams.
 std::string SimulatedTeamName(std::size_t number);
 
-enum class Occasion {
+enum class Occasion : std::uint8_t {
   Lobby,     // nothing is going on
   Opening,   // a game has begun
   Playing,   // in the middle of a game
@@ -22,14 +23,13 @@ enum class Occasion {
   Ending,    // a game is over
   Greeting,  // someone has said hello
   Question,  // someone has asked something
-  Mention,   // someone has named the speaker, or told it something
+  Mention,   // someone has named the speaker, or spoken to it alone
 };
 
 /// Lines for it, any of which will do; "%" stands for another player's name.
 std::span<const std::string_view> LinesFor(Occasion occasion);
 
 /// What someone's words are to whoever hears them.
-bool IsGreeting(std::string_view words);
-bool IsQuestion(std::string_view words);
+Occasion OccasionOf(std::string_view words);
 
 }  // namespace korvanta::practice

@@ -27,9 +27,8 @@ Simulation::Simulation(Accounts& accounts, Lobby& lobby, Arena& arena, Tournamen
     : lobby_(lobby), arena_(arena), tournament_(tournament), dice_(seed) {
   const std::size_t first = dice_.Below(100);
   for (std::size_t number = 0; number < static_cast<std::size_t>(count); ++number) {
-    if (Account* account = accounts.AddSimulated(SimulatedName(number))) {
-      characters_.push_back({account, &TemperamentOf(first + number)});
-    }
+    characters_.push_back(
+        {&accounts.AddSimulated(SimulatedName(number)), &TemperamentOf(first + number)});
   }
   for (Character& character : characters_) {
     character.player = &lobby_.Enter(kNoConnection, *character.account);
@@ -42,8 +41,8 @@ void Simulation::Step(milliseconds now) {
   if (characters_.empty()) {
     return;
   }
-  for (const auto& [speaker, line] : conversation_.Step(now)) {
-    Type(*speaker, line);
+  for (const Conversation::Line& line : conversation_.Step(now)) {
+    lobby_.Handle(*line.speaker->player, {ClientMessage::ChatLine, {line.typed}});
   }
   if (IsDue(next_arrival_, 20s, 60s)) {
     ComeOrGo();
@@ -76,13 +75,13 @@ void Simulation::ComeOrGo() {
 
 /// While a tournament is open, simulated players fill a few teams.
 void Simulation::FormTeam() {
-  const Character* character = tournament_.is_open ? AnyOnline(characters_, dice_) : nullptr;
+  const Character* character = tournament_.IsOpen() ? AnyOnline(characters_, dice_) : nullptr;
   if (character == nullptr || IsInTeam(*character)) {
     return;
   }
   for (std::size_t number = 0; number < kMostSimulatedTeams; ++number) {
     const std::string name = SimulatedTeamName(number);
-    const Team* team = tournament_.teams.Find(name);
+    const Team* team = tournament_.Find(name);
     if (team == nullptr || (team->members.size() < kTeamSize && team->password == kTeamPassword)) {
       lobby_.Handle(*character->player, {ClientMessage::JoinTeam, {name, kTeamPassword}});
       return;
@@ -92,11 +91,9 @@ void Simulation::FormTeam() {
 
 void Simulation::Act(Character& character) {
   Player& player = *character.player;
-  if (const Contender* self = std::as_const(arena_).SeatOf(player)) {
+  if (const Contender* self = arena_.SeatOf(player)) {
     if (self->was_set_back && dice_.Chance(kComplains)) {
-      if (const std::string line = conversation_.LineFor(Occasion::SetBack, {}); !line.empty()) {
-        Type(character, line);
-      }
+      conversation_.Say(character, Occasion::SetBack);
     }
     if (const auto move = NextMove(*arena_.game(), *self, *character.temperament, dice_)) {
       lobby_.Handle(player, *move);
@@ -109,17 +106,13 @@ void Simulation::Act(Character& character) {
   const auto ready = std::count_if(
       characters_.begin(), characters_.end(),
       [](const Character& other) { return other.player != nullptr && other.player->is_ready; });
-  if (ready < kMostSimulatedSeats || (tournament_.is_game_set && IsInTeam(character))) {
+  if (ready < kMostSimulatedSeats || (tournament_.IsGameSet() && IsInTeam(character))) {
     lobby_.Handle(player, {ClientMessage::EnterGame, {}});
   }
 }
 
-void Simulation::Type(const Character& character, const std::string& line) {
-  lobby_.Handle(*character.player, {ClientMessage::ChatLine, {line}});
-}
-
 bool Simulation::IsInTeam(const Character& character) const {
-  return tournament_.teams.TeamOf(character.account->name) != nullptr;
+  return tournament_.TeamOf(character.account->name) != nullptr;
 }
 
 bool Simulation::IsDue(milliseconds& next, milliseconds least, milliseconds most) {

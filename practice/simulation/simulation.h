@@ -30,7 +30,6 @@ class Simulation {
   void ComeOrGo();
   void FormTeam();
   void Act(Character& character);
-  void Type(const Character& character, const std::string& line);
   bool IsInTeam(const Character& character) const;
   /// Whether it is time; then the next time is set to `least` to `most` from now.
   bool IsDue(std::chrono::milliseconds& next, std::chrono::milliseconds least,

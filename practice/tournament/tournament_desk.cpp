@@ -1,6 +1,7 @@
 #include "practice/tournament/tournament_desk.h"
 
 #include <string>
+#include <vector>
 
 #include "base/trim.h"
 #include "practice/wire/server_messages.h"
@@ -8,22 +9,21 @@
 namespace korvanta::practice {
 
 void TournamentDesk::SendInfo(const Player& player) {
-  const Teams& teams = tournament_.teams;
-  const int fee = tournament_.terms.entry_fee;
+  const int fee = tournament_.terms().entry_fee;
+  const std::size_t members = tournament_.CountPlayers();
   std::vector<std::string_view> names;
-  for (const Team& team : teams.all()) {
+  for (const Team& team : tournament_.teams()) {
     names.emplace_back(team.name);
   }
-  const auto purse = static_cast<std::int64_t>(teams.players()) * fee;
-  players_.Send(
-      player,
-      Message<ServerMessage::TournamentInfo>(fee, purse, teams.all().size(), teams.players()) +
-          BuildMessage(TagOf(ServerMessage::TeamNames), {Joined(names, {&kFieldSeparator, 1})}));
+  const auto purse = static_cast<std::int64_t>(members) * fee;
+  players_.Send(player, Message<ServerMessage::TournamentInfo>(fee, purse, names.size(), members) +
+                            BuildMessage(TagOf(ServerMessage::TeamNames),
+                                         {Joined(names, {&kFieldSeparator, 1})}));
 }
 
 void TournamentDesk::SendTeamList(const Player& player) {
   std::vector<std::string> lines;
-  for (const Team& team : tournament_.teams.all()) {
+  for (const Team& team : tournament_.teams()) {
     lines.push_back("Team " + team.name + ", led by " + team.leader());
     for (const std::string& member : team.members) {
       lines.push_back("    " + member);
@@ -35,11 +35,10 @@ void TournamentDesk::SendTeamList(const Player& player) {
 
 void TournamentDesk::Start(const Player& player, std::string_view entry_fee,
                            std::string_view max_teams, std::string_view max_players) {
-  if (!MayManage(player)) {
-    return;
-  }
-  if (Passes(player, tournament_.Open(entry_fee, max_teams, max_players), max_teams, max_players)) {
-    const Tournament::Terms& terms = tournament_.terms;
+  if (MayManage(player) &&
+      !players_.Refuse(player, tournament_.Open(entry_fee, max_teams, max_players), max_teams,
+                       max_players)) {
+    const Tournament::Terms& terms = tournament_.terms();
     players_.SayToAll(sentences::kTournamentOpens, terms.max_teams, terms.max_players,
                       terms.entry_fee);
     SendInfo(player);
@@ -47,16 +46,16 @@ void TournamentDesk::Start(const Player& player, std::string_view entry_fee,
 }
 
 void TournamentDesk::SetGame(const Player& player) {
-  if (MayManage(player) && Passes(player, tournament_.SetGame())) {
+  if (MayManage(player) && !players_.Refuse(player, tournament_.SetGame())) {
     players_.SayToAll(sentences::kTournamentGameSet);
     players_.Say(player, sentences::kSetForNextGame);
   }
 }
 
 void TournamentDesk::End(const Player& player) {
-  if (MayManage(player) && Passes(player, tournament_.End())) {
+  if (MayManage(player) && !players_.Refuse(player, tournament_.End())) {
     players_.SayToAll(sentences::kTournamentOver);
-    for (const Team& team : tournament_.teams.all()) {
+    for (const Team& team : tournament_.teams()) {
       SayToTeam(team, player.name(), sentences::kTeamStays);
     }
     SendInfo(player);
@@ -66,15 +65,15 @@ void TournamentDesk::End(const Player& player) {
 void TournamentDesk::Join(const Player& player, std::string_view team_name,
                           std::string_view password) {
   const std::int64_t score = player.account->figures.score;
-  const int fee = tournament_.terms.entry_fee;
-  const Team* current = tournament_.teams.TeamOf(player.name());
+  const int fee = tournament_.terms().entry_fee;
+  const Team* current = tournament_.TeamOf(player.name());
   const std::string current_name = current == nullptr ? "" : current->name;
   const Refusal refusal =
       score < fee ? Refusal::EntryFeeTooHigh : tournament_.Join(player.name(), team_name, password);
-  if (!Passes(player, refusal, fee, score, current_name)) {
+  if (players_.Refuse(player, refusal, fee, score, current_name)) {
     return;
   }
-  const Team& team = *tournament_.teams.TeamOf(player.name());
+  const Team& team = *tournament_.TeamOf(player.name());
   if (team.members.size() == 1) {
     players_.Say(player, sentences::kTeamMade);
   } else {
@@ -84,37 +83,36 @@ void TournamentDesk::Join(const Player& player, std::string_view team_name,
 }
 
 void TournamentDesk::Disband(const Player& player) {
-  const Team* team = tournament_.teams.TeamOf(player.name());
+  const Team* team = tournament_.TeamOf(player.name());
   const Refusal refusal = team == nullptr                   ? Refusal::NotInTeam
                           : team->leader() != player.name() ? Refusal::OnlyLeaderDisbands
                                                             : Refusal::None;
-  if (Passes(player, refusal, team == nullptr ? "" : team->leader())) {
+  if (!players_.Refuse(player, refusal, team == nullptr ? "" : team->leader())) {
     SayToTeam(*team, player.name(), sentences::kDisbanded);
-    tournament_.teams.Disband(player.name());
+    tournament_.Disband(player.name());
     SendBoth(player);
   }
 }
 
 void TournamentDesk::Kick(const Player& player, std::string_view name) {
   const Account* account = accounts_.Find(TrimSpaces(name));
-  const Team* team = tournament_.teams.TeamOf(player.name());
-  if (team == nullptr || account == nullptr || tournament_.teams.TeamOf(account->name) != team) {
-    players_.Refuse(player, Refusal::NoTeamMember);
-    return;
+  const Team* team = tournament_.TeamOf(player.name());
+  const bool is_member =
+      team != nullptr && account != nullptr && tournament_.TeamOf(account->name) == team;
+  const bool leaves = is_member && account->name == player.name();
+  const Refusal refusal = !is_member                                   ? Refusal::NoTeamMember
+                          : !leaves && team->leader() != player.name() ? Refusal::OnlyLeaderKicks
+                                                                       : Refusal::None;
+  if (!players_.Refuse(player, refusal, team == nullptr ? "" : team->leader())) {
+    SayToTeam(*team, player.name(),
+              leaves ? std::string(sentences::kLeft) : Filled(sentences::kKicked, {account->name}));
+    tournament_.Remove(account->name);
+    SendBoth(player);
   }
-  const bool leaves = account->name == player.name();
-  if (!leaves && team->leader() != player.name()) {
-    players_.Refuse(player, Refusal::OnlyLeaderKicks, team->leader());
-    return;
-  }
-  SayToTeam(*team, player.name(),
-            leaves ? std::string(sentences::kLeft) : Filled(sentences::kKicked, {account->name}));
-  tournament_.teams.Remove(account->name);
-  SendBoth(player);
 }
 
 void TournamentDesk::Say(const Player& player, std::string_view words) {
-  if (const Team* team = tournament_.teams.TeamOf(player.name())) {
+  if (const Team* team = tournament_.TeamOf(player.name())) {
     SayToTeam(*team, player.name(), words);
   } else {
     players_.Refuse(player, Refusal::NotInTeam);
@@ -122,8 +120,8 @@ void TournamentDesk::Say(const Player& player, std::string_view words) {
 }
 
 bool TournamentDesk::MayManage(const Player& player) {
-  return Passes(player,
-                player.account->IsAdministrator() ? Refusal::None : Refusal::AdministratorsManage);
+  return !players_.Refuse(
+      player, player.account->IsAdministrator() ? Refusal::None : Refusal::AdministratorsManage);
 }
 
 void TournamentDesk::SendBoth(const Player& player) {

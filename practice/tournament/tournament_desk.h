@@ -2,13 +2,13 @@
 #pragma once
 
 #include <string_view>
-#include <vector>
 
 #include "practice/players/players.h"
 #include "practice/tournament/tournament.h"
 
 namespace korvanta::practice {
 
+/// Whoever asks is answered, if only by the reason why nothing was done.
 class TournamentDesk {
  public:
   /// All must outlive the desk.
@@ -33,14 +33,6 @@ class TournamentDesk {
   void Say(const Player& player, std::string_view words);
 
  private:
-  /// Whether nothing was refused; otherwise the player is told why.
-  template <typename... Values>
-  bool Passes(const Player& player, Refusal refusal, const Values&... values) {
-    if (refusal != Refusal::None) {
-      players_.Refuse(player, refusal, values...);
-    }
-    return refusal == Refusal::None;
-  }
   bool MayManage(const Player& player);
   void SendBoth(const Player& player);
   void SayToTeam(const Team& team, std::string_view speaker, std::string_view words);

@@ -3,13 +3,14 @@
 #include <algorithm>
 #include <vector>
 
-#include "practice/base/texts.h"
 #include "practice/wire/server_messages.h"
 
 namespace korvanta::practice {
 namespace {
 
 constexpr std::string_view kListTag = TagOf(ServerMessage::OnlineList);
+/// Bytes, about, that one refill brings.
+constexpr std::size_t kRefill = std::size_t{64} * 1024;
 
 constexpr auto kSyllables = Texts("ba", "den", "fir", "gol", "hun", "ka", "lor", "mi", "nor", "pel",
                                   "ros", "tav", "ul", "vin");
@@ -30,17 +31,16 @@ std::string InventedName(std::size_t number, Dice& dice) {
   return name + "-" + std::to_string(number);
 }
 
-}  // namespace
-
-std::string Chatter::NextLine() {
+/// A line of chat between invented players: one whole message.
+std::string ChatterLine(Dice& dice) {
   constexpr std::size_t kSpeakers = 500;
-  const std::string speaker = InventedName(dice_.Below(kSpeakers), dice_);
-  std::vector<std::string_view> words(3 + dice_.Below(13));
-  for (std::string_view& word : words) {
-    word = dice_.Pick(kWords);
-  }
+  const std::string speaker = InventedName(dice.Below(kSpeakers), dice);
+  std::vector<std::string_view> words(3 + dice.Below(13));
+  std::generate(words.begin(), words.end(), [&] { return dice.Pick(kWords); });
   return ChatLine(MessageKind::Chat, speaker, Joined(words, " "));
 }
+
+}  // namespace
 
 std::string CrowdRecords(int players, std::uint64_t seed) {
   constexpr std::size_t kColours = 8;
@@ -48,14 +48,10 @@ std::string CrowdRecords(int players, std::uint64_t seed) {
   Dice dice(seed);
   std::string records;
   for (std::size_t number = 0; number < static_cast<std::size_t>(players); ++number) {
-    records += InventedName(number, dice);
-    records += kFieldSeparator;
-    records += std::to_string(1 + dice.Below(kColours));
-    records += kFieldSeparator;
-    records += std::to_string(1 + dice.Below(kLevels));
-    records += kFieldSeparator;
-    records += dice.OneIn(4) ? '1' : '0';
-    records += kRecordSeparator;
+    const std::string name = InventedName(number, dice);
+    const std::size_t colour = 1 + dice.Below(kColours);
+    const std::size_t level = 1 + dice.Below(kLevels);
+    records += Record(name, colour, level, dice.OneIn(4)) + kRecordSeparator;
   }
   return records;
 }
@@ -64,21 +60,16 @@ Load::Load(Transport& next, const LoadOptions& options)
     : next_(next),
       options_(options),
       crowd_(CrowdRecords(options.crowd, options.seed)),
-      chatter_(options.seed) {}
+      dice_(options.seed) {}
 
 void Load::Send(ConnectionId connection, std::string_view messages) {
-  const bool floods = options_.lines_per_second > 0 || options_.is_unbounded;
-  if (crowd_.empty() && !floods) {
-    next_.Send(connection, messages);
-    return;
-  }
   bool is_login = false;
   std::string with_crowd;
   for (std::string_view message : Split(messages, kMessageTerminator)) {
-    is_login |= message.starts_with(TagOf(ServerMessage::LoginAccepted));
-    if (crowd_.empty() || message.empty()) {
-      continue;
+    if (message.empty()) {
+      continue;  // behind the last
     }
+    is_login |= message.starts_with(TagOf(ServerMessage::LoginAccepted));
     if (message.starts_with(kListTag)) {
       with_crowd += kListTag;
       with_crowd += crowd_;
@@ -87,7 +78,7 @@ void Load::Send(ConnectionId connection, std::string_view messages) {
     with_crowd += message;
     with_crowd += kMessageTerminator;
   }
-  next_.Send(connection, crowd_.empty() ? messages : with_crowd);
+  next_.Send(connection, with_crowd);
   if (is_login) {
     logged_in_.insert(connection);
     Refill(connection);
@@ -106,7 +97,7 @@ void Load::Tick(std::chrono::milliseconds now) {
   lines_due_ += options_.lines_per_second * std::min(passed.count(), 1.0);
   std::string lines;
   for (; lines_due_ >= 1; --lines_due_) {
-    lines += chatter_.NextLine();
+    lines += ChatterLine(dice_);
   }
   if (!lines.empty()) {
     for (ConnectionId connection : logged_in_) {
@@ -121,7 +112,7 @@ void Load::Refill(ConnectionId connection) {
   }
   std::string lines;
   while (lines.size() < kRefill) {
-    lines += chatter_.NextLine();
+    lines += ChatterLine(dice_);
   }
   next_.Send(connection, lines);
 }

@@ -21,27 +21,12 @@ struct LoadOptions {
   bool is_unbounded = false;  ///< chat has no rate: each connection gets as much as it takes
 };
 
-/// Lines of chat between invented players, the same for the same seed.
-class Chatter {
- public:
-  explicit Chatter(std::uint64_t seed) : dice_(seed) {}
-
-  /// One whole message.
-  std::string NextLine();
-
- private:
-  Dice dice_;
-};
-
 /// Records of an online list, a separator behind each. The names differ from one another, and from
 /// those that players can have.
 std::string CrowdRecords(int players, std::uint64_t seed);
 
 class Load : public Transport {
  public:
-  /// Bytes, about, that one refill brings.
-  static constexpr std::size_t kRefill = std::size_t{64} * 1024;
-
   Load(Transport& next, const LoadOptions& options);
 
   void Send(ConnectionId connection, std::string_view messages) override;
@@ -57,7 +42,7 @@ class Load : public Transport {
   Transport& next_;
   LoadOptions options_;
   std::string crowd_;
-  Chatter chatter_;
+  Dice dice_;
   std::set<ConnectionId> logged_in_;
   std::chrono::milliseconds last_tick_{0};
   double lines_due_ = 0;

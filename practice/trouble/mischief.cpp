@@ -52,24 +52,15 @@ void Mischief::Close(ConnectionId connection) {
   const auto found = lines_.find(connection);
   if (found == lines_.end()) {
     network_.Close(connection);
-    return;
-  }
-  Line& line = found->second;
-  if (line.end == End::None) {
-    Deliver(connection, line, std::exchange(line.held, {}));
-    line.end = End::Close;
-  }
-  if (line.end == End::Close && line.later.empty()) {
-    lines_.erase(found);
-    network_.Close(connection);
+  } else if (found->second.end == End::None) {
+    found->second.end = End::Close;
   }
 }
 
 void Mischief::Tick() {
   for (auto next = lines_.begin(); next != lines_.end();) {
     const ConnectionId connection = next->first;
-    Line& line = next->second;
-    ++next;
+    Line& line = (next++)->second;
     if (!line.later.empty()) {
       if (!line.later.front().empty()) {
         network_.Send(connection, line.later.front());
@@ -94,7 +85,7 @@ void Mischief::SendMessage(ConnectionId connection, Line& line, std::string_view
   const std::string passed_by = std::exchange(line.held, {});
   const auto kind = Roll(of_messages_);
   const std::string bytes =
-      kind ? Changed(message, *kind) : std::string(message) + kMessageTerminator;
+      kind ? Changed(message, *kind, dice_) : std::string(message) + kMessageTerminator;
   if (kind == MischiefKind::Cut) {
     DeliverCut(connection, line, bytes);
   } else if (kind == MischiefKind::Shuffle && passed_by.empty()) {
@@ -105,48 +96,30 @@ void Mischief::SendMessage(ConnectionId connection, Line& line, std::string_view
   Deliver(connection, line, passed_by);
 }
 
-std::string Mischief::Changed(std::string_view message, MischiefKind kind) {
-  MischiefMessage changed(message);
-  if (const auto change = MischiefTable()[static_cast<std::size_t>(kind)].change) {
-    change(changed, dice_);
-  }
-  return changed.Built();
-}
-
 bool Mischief::MeetsFate(ConnectionId connection, Line& line, std::string_view message) {
-  const auto* row = FindRow(kServerMessages, message);
-  const auto is_now = [&] {
-    switch (*line.fate) {
-      case MischiefKind::ResetLogin:
-        return row != nullptr && row->message == ServerMessage::LoginAccepted;
-      case MischiefKind::ResetGame:
-        // Each sound is one of a game.
-        return row != nullptr && row->message == ServerMessage::Sound;
-      case MischiefKind::ResetMessage:
-        return dice_.OneIn(4);
-      default:
-        return true;
-    }
-  };
-  if (!is_now()) {
-    return false;
-  }
+  std::string last = std::string(message) + kMessageTerminator;
   switch (*line.fate) {
     case MischiefKind::Silence:
-      break;
+      return true;
     case MischiefKind::ResetHandshake:
       network_.Reset(connection);
-      line.end = End::Reset;
+      last.clear();
       break;
-    default:
-      if (line.fate == MischiefKind::ResetMessage) {
-        message = message.substr(0, 1 + dice_.Below(message.size()));
-        Deliver(connection, line, message);
-      } else {
-        Deliver(connection, line, std::string(message) + kMessageTerminator);
+    case MischiefKind::ResetMessage:
+      if (!dice_.OneIn(4)) {
+        return false;
       }
-      line.end = End::Reset;  // at a tick, so that these words arrive before it
+      last.resize(1 + dice_.Below(message.size()));
+      break;
+    default:  // each sound is one of a game
+      if (!message.starts_with(TagOf(line.fate == MischiefKind::ResetLogin
+                                         ? ServerMessage::LoginAccepted
+                                         : ServerMessage::Sound))) {
+        return false;
+      }
   }
+  Deliver(connection, line, last);
+  line.end = End::Reset;  // at a tick, so that these words arrive before it
   return true;
 }
 

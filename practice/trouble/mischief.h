@@ -46,7 +46,6 @@ class Mischief : public Transport {
   };
 
   void SendMessage(ConnectionId connection, Line& line, std::string_view message);
-  std::string Changed(std::string_view message, MischiefKind kind);
   void Deliver(ConnectionId connection, Line& line, std::string_view bytes);
   void DeliverCut(ConnectionId connection, Line& line, std::string_view bytes);
   /// Whether that was the last message for the connection.

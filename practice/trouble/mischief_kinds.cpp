@@ -4,13 +4,55 @@
 #include <array>
 #include <numeric>
 
-#include "practice/base/texts.h"
+#include "base/ascii_case.h"
 #include "protocol/message_table.h"
 
 namespace korvanta::practice {
+
+/// A message of a server taken apart, so that mischief can be made with what it consists of.
+struct MischiefMessage {
+  struct Field {
+    std::string text;
+    FieldRole role;
+    char separator;  ///< in front of it, unless it is the first
+  };
+
+  std::string tag;
+  std::vector<Field> fields{};
+  bool is_ended = true;
+  bool is_twice = false;
+};
+
 namespace {
 
 using Field = MischiefMessage::Field;
+
+MischiefMessage TakenApart(std::string_view message) {
+  constexpr std::string_view kSeparators("\1\2");
+  const auto* row = FindRow(kServerMessages, message);
+  const bool has_roles = row != nullptr && row->fields.size() > 0;
+  MischiefMessage apart{std::string(message.substr(0, kTagLength))};
+  std::string_view payload = message.substr(apart.tag.size());
+  if (payload.empty()) {
+    return apart;
+  }
+  std::size_t index = 0;
+  for (char separator = kFieldSeparator;;) {
+    const std::size_t end = payload.find_first_of(kSeparators);
+    // The last role is that of all fields that follow, too.
+    const FieldRole role =
+        has_roles ? row->fields[std::min(index, row->fields.size() - 1)] : FieldRole::Text;
+    apart.fields.push_back({std::string(payload.substr(0, end)), role, separator});
+    if (end == std::string_view::npos) {
+      return apart;
+    }
+    separator = payload[end];
+    index = separator == kRecordSeparator && has_roles && row->layout == Layout::Records
+                ? 0
+                : index + 1;
+    payload.remove_prefix(end + 1);
+  }
+}
 
 constexpr auto kForeignNumbers =
     Texts("", "nan", "inf", "-0", "1e400", "1e-9", "0x1F", "&H1F", "010", "99999999999", "32768",
@@ -73,9 +115,7 @@ void ChangeTag(MischiefMessage& message, Dice& dice) {
   std::string& tag = message.tag;
   switch (dice.Below(6)) {
     case 0:
-      std::transform(tag.begin(), tag.end(), tag.begin(), [](char c) {
-        return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-      });
+      std::transform(tag.begin(), tag.end(), tag.begin(), UpperCase);
       return;
     case 1:
       tag = "[zzz]";
@@ -131,7 +171,7 @@ void AddMarkup(MischiefMessage& message, Dice& dice) {
 
 void LeaveUnended(MischiefMessage& message, Dice& /*dice*/) { message.is_ended = false; }
 
-void SayTwice(MischiefMessage& message, Dice& /*dice*/) { message.times = 2; }
+void SayTwice(MischiefMessage& message, Dice& /*dice*/) { message.is_twice = true; }
 
 constexpr auto kTable = [] {
   using enum MischiefKind;
@@ -163,6 +203,24 @@ static_assert(std::all_of(kTable.begin(), kTable.end(), [](const MischiefEntry& 
 }  // namespace
 
 std::span<const MischiefEntry, kMischiefKinds> MischiefTable() { return kTable; }
+
+std::string Changed(std::string_view message, MischiefKind kind, Dice& dice) {
+  MischiefMessage apart = TakenApart(message);
+  if (const auto change = kTable[static_cast<std::size_t>(kind)].change) {
+    change(apart, dice);
+  }
+  std::string once = apart.tag;
+  for (const Field& field : apart.fields) {
+    if (&field != &apart.fields.front()) {
+      once += field.separator;
+    }
+    once += field.text;
+  }
+  if (apart.is_ended) {
+    once += kMessageTerminator;
+  }
+  return apart.is_twice ? once + once : once;
+}
 
 std::optional<MischiefKinds> ReadMischiefKinds(std::string_view names) {
   MischiefKinds kinds;

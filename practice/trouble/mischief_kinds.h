@@ -7,10 +7,10 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "practice/base/dice.h"
-#include "practice/trouble/mischief_message.h"
 
 namespace korvanta::practice {
 
@@ -42,6 +42,8 @@ constexpr bool IsOfConnections(MischiefKind kind) { return kind >= MischiefKind:
 /// By MischiefKind.
 using MischiefKinds = std::bitset<kMischiefKinds>;
 
+struct MischiefMessage;
+
 struct MischiefEntry {
   MischiefKind kind;
   std::string_view name;  ///< on the command line
@@ -54,6 +56,10 @@ struct MischiefEntry {
 /// By MischiefKind.
 std::span<const MischiefEntry, kMischiefKinds> MischiefTable();
 
+/// The bytes to send for a message that comes without its terminator.
+std::string Changed(std::string_view message, MischiefKind kind, Dice& dice);
+
 /// Names with commas between them, or "all"; nothing when one of them is unknown.
 std::optional<MischiefKinds> ReadMischiefKinds(std::string_view names);
+
 }  // namespace korvanta::practice

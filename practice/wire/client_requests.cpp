@@ -1,10 +1,21 @@
 #include "practice/wire/client_requests.h"
 
-#include <cstddef>
+#include <algorithm>
 
 #include "practice/base/player_text.h"
 
 namespace korvanta::practice {
+
+std::optional<std::string> MessageStream::Next() {
+  const std::size_t end = bytes_.find(kMessageTerminator);
+  is_broken_ = std::min(end, bytes_.size()) > kLongestMessage;
+  if (is_broken_ || end == std::string::npos) {
+    return std::nullopt;
+  }
+  std::string message = bytes_.substr(0, end);
+  bytes_.erase(0, end + 1);
+  return message;
+}
 
 std::optional<ClientRequest> ReadRequest(std::string_view message) {
   const auto* row = FindRow(kClientMessages, message);
@@ -19,15 +30,11 @@ std::optional<ClientRequest> ReadRequest(std::string_view message) {
     return request;
   }
   for (std::string_view field : Split(payload, kFieldSeparator)) {
-    if (request.fields.size() == count) {
-      break;
+    if (request.fields.size() < count) {
+      request.fields.push_back(WithoutControls(field));
     }
-    request.fields.push_back(WithoutControls(field));
   }
-  if (request.fields.size() < count) {
-    request.fields.clear();
-    request.is_complete = false;
-  }
+  request.is_complete = request.fields.size() == count;
   return request;
 }
 

@@ -2,6 +2,7 @@
 /// nothing is escaped.
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -53,6 +54,12 @@ std::string Joined(const Texts& texts, std::string_view separator) {
     joined += text;
   }
   return joined;
+}
+
+/// A record of a message that has many; its first value must not be an empty text.
+template <typename... Values>
+std::string Record(const Values&... values) {
+  return Joined(std::array{FieldText(values)...}, {&kFieldSeparator, 1});
 }
 
 }  // namespace korvanta::practice

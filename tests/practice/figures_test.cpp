@@ -1,7 +1,7 @@
-#include "practice/players/figures.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include "practice/players/accounts.h"
 
 namespace korvanta::practice {
 namespace {
@@ -20,7 +20,7 @@ TEST(Figures, AwardsAreReachedAtTheirThresholds) {
       {{.wins = 10, .score = 1'500, .blocks = 50}, {21, 10, 11, 23, 20}},
   };
   for (const auto& [figures, codes] : cases) {
-    EXPECT_EQ(AwardCodes(figures), codes);
+    EXPECT_EQ(figures.AwardCodes(), codes);
   }
 }
 

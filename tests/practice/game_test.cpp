@@ -15,9 +15,9 @@ class GameTest : public testing::Test {
   double ShareOfBlocks(int military, int defense) {
     int blocks = 0;
     for (int i = 0; i < 1000; ++i) {
-      anna.LevelOf(Topic::Military) = military;
-      bobby.LevelOf(Topic::Defense) = defense;
-      bobby.LevelOf(Topic::Industry) = 4;
+      anna.LevelOf(TopicCode::Military) = military;
+      bobby.LevelOf(TopicCode::Defense) = defense;
+      bobby.LevelOf(TopicCode::Industry) = 4;
       anna.points = Game::kAttackCost;
       game.Tick();
       const Game::AttackResult attack = game.Attack(anna, bobby);
@@ -36,31 +36,31 @@ class GameTest : public testing::Test {
 
 TEST_F(GameTest, LevelsAreBoughtOneByOneAndTheGoldenKnowledgeLast) {
   const struct {
-    Topic topic;
+    TopicCode topic;
     int level;
     int points;  ///< before
     Refusal refusal;
     int cost;
   } tries[] = {
-      {Topic::Industry, 2, 99, Refusal::LevelOutOfOrder, 0},
-      {Topic::Industry, 1, 3, Refusal::ResearchTooDear, 0},
-      {Topic::Industry, 1, 4, Refusal::None, 4},
-      {Topic::Industry, 1, 99, Refusal::LevelReachedAlready, 0},
-      {Topic::Industry, 2, 99, Refusal::None, 8},
-      {Topic::Industry, 3, 99, Refusal::None, 14},
-      {Topic::GoldenKnowledge, 5, 99, Refusal::GoldenKnowledgeNeedsTopics, 0},
-      {Topic::Industry, 4, 99, Refusal::None, 22},
-      {Topic::Population, 1, 99, Refusal::None, 4},
-      {Topic::Population, 2, 99, Refusal::None, 8},   // 90 % of 8, rounded up
-      {Topic::Population, 3, 99, Refusal::None, 12},  // 80 % of 14, rounded up
-      {Topic::GoldenKnowledge, 5, 99, Refusal::GoldenKnowledgeNeedsTopics, 0},
-      {Topic::Population, 4, 99, Refusal::None, 16},  // 70 % of 22, rounded up
-      {Topic::GoldenKnowledge, 5, 23, Refusal::ResearchTooDear, 0},
-      {Topic::GoldenKnowledge, 5, 24, Refusal::None, 24},
+      {TopicCode::Industry, 2, 99, Refusal::LevelOutOfOrder, 0},
+      {TopicCode::Industry, 1, 3, Refusal::ResearchTooDear, 0},
+      {TopicCode::Industry, 1, 4, Refusal::None, 4},
+      {TopicCode::Industry, 1, 99, Refusal::LevelReachedAlready, 0},
+      {TopicCode::Industry, 2, 99, Refusal::None, 8},
+      {TopicCode::Industry, 3, 99, Refusal::None, 14},
+      {TopicCode::GoldenKnowledge, 5, 99, Refusal::GoldenKnowledgeNeedsTopics, 0},
+      {TopicCode::Industry, 4, 99, Refusal::None, 22},
+      {TopicCode::Population, 1, 99, Refusal::None, 4},
+      {TopicCode::Population, 2, 99, Refusal::None, 8},   // 90 % of 8, rounded up
+      {TopicCode::Population, 3, 99, Refusal::None, 12},  // 80 % of 14, rounded up
+      {TopicCode::GoldenKnowledge, 5, 99, Refusal::GoldenKnowledgeNeedsTopics, 0},
+      {TopicCode::Population, 4, 99, Refusal::None, 16},  // 70 % of 22, rounded up
+      {TopicCode::GoldenKnowledge, 5, 23, Refusal::ResearchTooDear, 0},
+      {TopicCode::GoldenKnowledge, 5, 24, Refusal::None, 24},
   };
   for (const auto& c : tries) {
-    SCOPED_TRACE(std::string(TopicName(c.topic)) + std::to_string(c.level));
-    EXPECT_TRUE(game.IsOpen() || c.topic == Topic::GoldenKnowledge);
+    SCOPED_TRACE(std::string(TextOf(c.topic).name) + std::to_string(c.level));
+    EXPECT_TRUE(game.IsOpen() || c.topic == TopicCode::GoldenKnowledge);
     anna.points = c.points;
     EXPECT_EQ(game.Research(anna, c.topic, c.level), c.refusal);
     EXPECT_EQ(c.points - anna.points, c.cost);
@@ -71,7 +71,7 @@ TEST_F(GameTest, LevelsAreBoughtOneByOneAndTheGoldenKnowledgeLast) {
 }
 
 TEST_F(GameTest, TicksPayByIndustryAndRiseSoThatEveryGameEnds) {
-  bobby.LevelOf(Topic::Industry) = 3;
+  bobby.LevelOf(TopicCode::Industry) = 3;
   const int first = anna.points;
   game.Tick();
   EXPECT_EQ(anna.points, first + 3);
@@ -84,9 +84,9 @@ TEST_F(GameTest, TicksPayByIndustryAndRiseSoThatEveryGameEnds) {
 
 TEST_F(GameTest, AttacksTakeOneLevelOnceATickAndAreBlockedByDefense) {
   EXPECT_EQ(game.Attack(anna, bobby).refusal, Refusal::AttackNeedsMilitary);
-  anna.LevelOf(Topic::Military) = 4;
+  anna.LevelOf(TopicCode::Military) = 4;
   EXPECT_EQ(game.Attack(anna, bobby).refusal, Refusal::NothingToDestroy);
-  bobby.LevelOf(Topic::Population) = 3;
+  bobby.LevelOf(TopicCode::Population) = 3;
   anna.points = 2;
   EXPECT_EQ(game.Attack(anna, bobby).refusal, Refusal::AttackTooDear);
 
@@ -97,14 +97,14 @@ TEST_F(GameTest, AttacksTakeOneLevelOnceATickAndAreBlockedByDefense) {
     attack = game.Attack(anna, bobby);
   } while (attack.was_blocked);
   EXPECT_EQ(anna.points, 0);
-  EXPECT_EQ(attack.topic, Topic::Population);
+  EXPECT_EQ(attack.topic, TopicCode::Population);
   EXPECT_EQ(attack.level, 2);
-  EXPECT_EQ(bobby.LevelOf(Topic::Population), 2);
+  EXPECT_EQ(bobby.LevelOf(TopicCode::Population), 2);
   EXPECT_EQ(accounts[0].figures.research_destroyed, 1);
   EXPECT_EQ(accounts[1].figures.research_lost, 1);
   EXPECT_EQ(game.Attack(anna, bobby).refusal, Refusal::AttackedAlready);
   Contender& carol = game.Enter(accounts[2]);
-  carol.LevelOf(Topic::Military) = 1;
+  carol.LevelOf(TopicCode::Military) = 1;
   EXPECT_EQ(game.Attack(carol, bobby).refusal, Refusal::SetBackAlready);
 
   EXPECT_NEAR(ShareOfBlocks(1, 0), 0.10, 0.04);
@@ -126,23 +126,23 @@ TEST_F(GameTest, AlliesWinTogetherAndBetrayalIsNeverBlocked) {
   EXPECT_THAT(game.WinnersWith(bobby), UnorderedElementsAre(&anna, &bobby));
   EXPECT_THAT(game.WinnersWith(carol), UnorderedElementsAre(&carol));
 
-  anna.LevelOf(Topic::Military) = 1;
-  bobby.LevelOf(Topic::Defense) = 4;
+  anna.LevelOf(TopicCode::Military) = 1;
+  bobby.LevelOf(TopicCode::Defense) = 4;
   EXPECT_TRUE(game.Attack(anna, bobby).broke_alliance);
-  EXPECT_EQ(bobby.LevelOf(Topic::Defense), 3);
+  EXPECT_EQ(bobby.LevelOf(TopicCode::Defense), 3);
   EXPECT_EQ(accounts[0].figures.alliance_screw_overs, 1);
   EXPECT_EQ(bobby.ally, nullptr);
 
   Game::Propose(carol, anna);
   Game::Propose(anna, carol);
-  game.Leave(carol);
+  game.Leave(carol, false);
   EXPECT_EQ(anna.ally, nullptr);
 }
 
 TEST_F(GameTest, ATeamIsOneSide) {
   Contender& carol = game.Enter(accounts[2], "Foxes");
   Contender& david = game.Enter(accounts[3], "Foxes");
-  carol.LevelOf(Topic::Military) = 1;
+  carol.LevelOf(TopicCode::Military) = 1;
   EXPECT_EQ(game.Attack(carol, david).refusal, Refusal::Teammate);
   EXPECT_EQ(Game::Propose(carol, anna), Refusal::TeamIsAlliance);
   EXPECT_THAT(game.WinnersWith(david), UnorderedElementsAre(&carol, &david));
