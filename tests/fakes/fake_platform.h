@@ -101,13 +101,12 @@ class FakeTimers : public TimerFactory {
   std::vector<std::pair<std::chrono::milliseconds, FakeTimer*>> made;
 };
 
-/// Settings in memory, with the order of all reads and writes.
+/// Settings in memory, with the order of all writes.
 class MemorySettings : public SettingsStore {
  public:
   std::string Get(std::string_view section, std::string_view key,
                   std::string_view default_text) override {
-    reads.push_back(Name(section, key));
-    const auto entry = entries.find(reads.back());
+    const auto entry = entries.find(Name(section, key));
     return entry == entries.end() ? std::string(default_text) : entry->second;
   }
   void Save(std::string_view section, std::string_view key, std::string_view text) override {
@@ -127,7 +126,6 @@ class MemorySettings : public SettingsStore {
   }
 
   std::map<std::string, std::string> entries;  ///< by "Section > Key"
-  std::vector<std::string> reads;
   std::vector<std::string> writes;
   std::function<void()> on_save;
   int commits = 0;
@@ -160,12 +158,14 @@ class FakeWeb : public WebOpener {
   std::vector<std::function<void(int code)>> pending;
 };
 
-/// Records each box as "title: text" with its icon; questions get the next scripted answer.
+/// Records each box as "title: text", with " (!)" or " (x)" behind it for the icons of an
+/// exclamation and of a critical error; questions get the next scripted answer.
 class FakeMessageBox : public MessageBox {
  public:
   void Show(std::string_view text, std::string_view title, MessageIcon icon) override {
-    shown.push_back(std::string(title) + ": " + std::string(text));
-    icons.push_back(icon);
+    constexpr const char* kIcons[] = {"", " (!)", " (x)"};
+    shown.push_back(std::string(title) + ": " + std::string(text) +
+                    kIcons[static_cast<std::size_t>(icon)]);
   }
   bool Ask(std::string_view text, std::string_view title) override {
     asked.push_back(std::string(title) + ": " + std::string(text));
@@ -181,7 +181,6 @@ class FakeMessageBox : public MessageBox {
   }
 
   std::vector<std::string> shown;
-  std::vector<MessageIcon> icons;
   std::vector<std::string> asked;
   std::vector<bool> answers;
   std::function<void()> meanwhile;  ///< happens while a question stands open

@@ -28,7 +28,7 @@ class AbruptEnd : public StoryTest {
     StartLoggedIn();
     main_ = main_window();
     const std::string_view lines =
-        Bytes("[msg]cht\001Aster: hail\001False\0[nws]news\0[tif]1\0012\0013\0014\0");
+        "[msg]cht\001Aster: hail\001False\0[nws]news\0[tif]1\0012\0013\0014\0"sv;
     for (int i = 0; i < 50'000; ++i) {
       server_.Send(lines);
     }

@@ -32,29 +32,29 @@ TEST_F(ProcessTest, WhatAnAssistiveProgramWritesIntoABoxCountsAsTyped) {
   user_.WaitUntilGone(refusal);
   fill(login, {{"Server:", "any"}, {"Username:", "Marlow"}, {"Password:", "secret1"}}, "Login");
   server.WaitForClient();
-  server.Expect(Bytes("[con]1.6\001Marlow\001secret1\0"));
-  server.Send(Bytes("[con]Marlow\00190\0"));
+  server.Expect("[con]1.6\001Marlow\001secret1\0"sv);
+  server.Send("[con]Marlow\00190\0"sv);
   player.WaitForState("Connected");
 
   const QString main = player.main_window().title;
   for (const QString& line : {QString("hello"), QString(300, 'x'), QString("again")}) {
     fill(main, {{"Chat line", line}}, "Transmit");
   }
-  server.Expect(Bytes("[ctc]c hello\0[ctc]c again\0"));
+  server.Expect("[ctc]c hello\0[ctc]c again\0"sv);
 
   player.Open(kStatistics);
-  server.Expect(Bytes("[bre]Marlow\0"));
+  server.Expect("[bre]Marlow\0"sv);
   fill(kStatistics.title, {{"User name", "Aster"}}, "Search User");
-  server.Expect(Bytes("[bre]Aster\0"));
+  server.Expect("[bre]Aster\0"sv);
 
   player.Open(kTournament);
-  server.Expect(Bytes("[tif]\0"));
+  server.Expect("[tif]\0"sv);
   const QMap<QString, QString> figures{{"Entry Fee", "71"},     {"Current Purse", "72"},
                                        {"Current Teams", "73"}, {"Current Players", "74"},
                                        {"Team Name", "Foxes"},  {"Team Password", "den"}};
   fill(kTournament.title, figures, "Create/Join");
-  server.Expect(Bytes("[tjo]Foxes\001den\001\0"));
-  server.Send(Bytes("[tdd]Hares\0[msg]cht\001Aster: hail\001False\0"));
+  server.Expect("[tjo]Foxes\001den\001\0"sv);
+  server.Send("[tdd]Hares\0[msg]cht\001Aster: hail\001False\0"sv);
   QStringList controls;
   WaitUntil("the names have arrived", [&] {
     controls = bus.ControlsOf(program.pid());
@@ -65,7 +65,7 @@ TEST_F(ProcessTest, WhatAnAssistiveProgramWritesIntoABoxCountsAsTyped) {
   bus.Press(program.pid(), kTournament.title, "Admin");
   fill(kTournament.title, {{"Entry Fee", "50"}, {"Max Teams", "4"}, {"Max Players", "3"}},
        "Start Tournament");
-  server.Expect(Bytes("[tcr]50\0014\0013\001\0"));
+  server.Expect("[tcr]50\0014\0013\001\0"sv);
 }
 
 }  // namespace

@@ -11,12 +11,7 @@
 namespace korvanta::process {
 
 using namespace harness;
-
-/// Bytes of a literal, its NULs included.
-template <std::size_t kSize>
-std::string_view Bytes(const char (&literal)[kSize]) {
-  return {literal, kSize - 1};
-}
+using namespace std::string_view_literals;
 
 class ProcessTest : public testing::Test {
  protected:

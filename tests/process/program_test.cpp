@@ -19,46 +19,46 @@ TEST_F(ProgramStory, LogsInChatsPlaysAndLeavesWithEveryWindow) {
   user_.Press({"Tab", "Tab", "Tab", "space", "alt+u"});
   player_->Login("Marlow", "secret1");
   server_.WaitForClient();
-  server_.Expect(Bytes("[con]1.6\001Marlow\001secret1\0"));
-  server_.Send(Bytes("[con]Marlow\00190\0"));
+  server_.Expect("[con]1.6\001Marlow\001secret1\0"sv);
+  server_.Send("[con]Marlow\00190\0"sv);
   player_->WaitForState("Connected");
 
-  server_.Send(Bytes("[msg]cht\001Aster: hail\001False\0"));
+  server_.Send("[msg]cht\001Aster: hail\001False\0"sv);
   player_->WaitForMessage("Aster: hail");
   user_.Press({"ctrl+e"});  // the message view has the keyboard, and a use of its own for this key
-  server_.Expect(Bytes("[jon]\0"));
+  server_.Expect("[jon]\0"sv);
   player_->Say("hello");
-  server_.Expect(Bytes("[ctc]c hello\0"));
+  server_.Expect("[ctc]c hello\0"sv);
   user_.Press({"ctrl+e"});  // likewise the chat line
-  server_.Expect(Bytes("[jon]\0"));
+  server_.Expect("[jon]\0"sv);
 
   // From the chat line back to the board, to the Golden Knowledge and away again.
   user_.Press({"shift+Tab", "shift+Tab", "Right", "Right", "Right", "Right", "Menu"});
   player_->ChooseItem(1);
-  server_.Expect(Bytes("[upg]5\0015\001\0"));
+  server_.Expect("[upg]5\0015\001\0"sv);
   user_.Press({"Left", "Left", "Down", "Down", "shift+F10"});
   player_->ChooseItem(2);
-  server_.Expect(Bytes("[inf]3\0"));
-  server_.Send(Bytes("[onl]Aster\0014\00131\0010\0[msg]cht\001Aster: here\001False\0"));
+  server_.Expect("[inf]3\0"sv);
+  server_.Send("[onl]Aster\0014\00131\0010\0[msg]cht\001Aster: here\001False\0"sv);
   player_->WaitForMessage("Aster: here");
   user_.Click(main_window(), kFirstPlayer, 3);
   WaitFor("Korvanta");  // the menu, with no item chosen: Enter sends nothing yet
   user_.Press({"Return"});
   player_->ChooseItem(1);
-  server_.Expect(Bytes("[att]Aster\0"));
+  server_.Expect("[att]Aster\0"sv);
 
   player_->Choose("ctrl+k");
   for (const SideWindow& side : kSideWindows) {
     player_->Open(side);
   }
-  server_.Expect(Bytes("[bre]Marlow\0[nws]\0[tif]\0"));
+  server_.Expect("[bre]Marlow\0[nws]\0[tif]\0"sv);
   EXPECT_EQ(user_.Windows(program_->pid()).size(), 4);
 
   EXPECT_FALSE(QFileInfo::exists(installation_.settings_file()));
   const qint64 pid = program_->pid();
   player_->Choose("alt+F4");
   EXPECT_EQ(program_->WaitForExit(), 0);
-  server_.Expect(Bytes("[dis]\0"));
+  server_.Expect("[dis]\0"sv);
   server_.WaitUntilLeft();
   EXPECT_EQ(server_.unread(), "");
   EXPECT_EQ(user_.Windows(pid).size(), 0);
@@ -88,7 +88,7 @@ TEST_F(ProgramStory, WithoutAPlaceToSaveThePlayerIsToldAtTheEnd) {
   QDir().mkpath(installation_.settings_file() + "/folder");
   StartLoggedIn();
   user_.Press({"F12"});
-  server_.Expect(Bytes("[dis]\0"));
+  server_.Expect("[dis]\0"sv);
   const Window box = WaitFor("Korvanta");
   user_.Activate(box);
   user_.Press({"Return"});
