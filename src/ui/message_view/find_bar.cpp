@@ -103,7 +103,9 @@ void FindBar::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape) {
     on_close();
   } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-    if (event->modifiers().testFlag(Qt::ControlModifier)) {
+    if (auto* button = qobject_cast<QToolButton*>(focusWidget())) {
+      button->click();
+    } else if (event->modifiers().testFlag(Qt::ControlModifier)) {
       on_select();
     } else {
       on_next(event->modifiers().testFlag(Qt::ShiftModifier) ? Direction::Newer : Direction::Older);

@@ -240,7 +240,12 @@ TEST_F(MessageViewWidgetTest, FindShowsTheMatchAndMovesNoCaret) {
                         {"x", Qt::Key_Shift, kNone, nullptr},
                         {"", Qt::Key_Backspace, kNone, "line 198"},
                         {"", Qt::Key_Backspace, kNone, "line 198"},
-                        {"1", Qt::Key_Return, kNone, "line 118"}};
+                        {"1", Qt::Key_Return, kNone, "line 118"},
+                        {"", Qt::Key_Tab, kNone, "line 118"},
+                        {"", Qt::Key_Return, kNone, "line 117"},
+                        {"", Qt::Key_Tab, kNone, "line 117"},
+                        {"", Qt::Key_Enter, Qt::KeypadModifier, "line 118"},
+                        {"", Qt::Key_Tab, kNone, "line 118"}};
   for (const auto& [typed, key, modifiers, line] : steps) {
     QTest::keyClicks(box, QLatin1String(typed));
     Key(key, modifiers);
@@ -249,7 +254,7 @@ TEST_F(MessageViewWidgetTest, FindShowsTheMatchAndMovesNoCaret) {
     EXPECT_EQ(outcome->text(), QLatin1String(line != nullptr ? "" : "No match"));
     EXPECT_EQ(view.insertion_point(), 40U);
   }
-  Key(Qt::Key_Escape);
+  Key(Qt::Key_Return);  // on "Close"
   EXPECT_EQ(QApplication::focusWidget(), &widget);
   EXPECT_FALSE(IsMatchPainted());
   Key(Qt::Key_G, kControl);
