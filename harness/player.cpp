@@ -52,6 +52,14 @@ Window Player::Open(const SideWindow& side) {
   return window;
 }
 
+void Player::OpenBoxMenu(const Box& box) const {
+  user_.Activate(main_);
+  user_.Press({"alt+1"});
+  user_.Press(QStringList(4, "Left") + QStringList(3, "Up"));
+  user_.Press(QStringList(box.row, "Down") + QStringList(box.level - 1, "Right") +
+              QStringList("Menu"));
+}
+
 void Player::ChooseItem(int position) const {
   const Window menu = user_.WaitForWindow(owner_, "Korvanta");  // no title of its own
   user_.Press(QStringList(position - 1, "Down") + QStringList("Return"));

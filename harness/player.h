@@ -19,6 +19,13 @@ constexpr SideWindow kNews{"news", "F3", "News"};
 constexpr SideWindow kTournament{"tournament", "ctrl+t", "Tournament Window"};
 constexpr SideWindow kSideWindows[] = {kStatistics, kNews, kTournament};
 
+/// A box of the research board, counted as a player reads it. The Golden Knowledge is behind level
+/// 4 of any row.
+struct Box {
+  int row;  ///< from 0: Military, Industry, Population, Defense
+  int level;
+};
+
 class Player {
  public:
   Player(const User& user, Program& program) : Player(user, program, program.pid()) {}
@@ -41,6 +48,8 @@ class Player {
   void Choose(const QString& shortcut);
   /// Opens it by its shortcut, or raises it.
   Window Open(const SideWindow& side);
+  /// Opens the menu of a box by the keyboard.
+  void OpenBoxMenu(const Box& box) const;
   /// Chooses an item, counted from 1, of the popup menu that the keyboard opened.
   void ChooseItem(int position) const;
   /// Leaves by the menu's shortcut; returns the program's exit status.

@@ -9,7 +9,6 @@
 #include <QDir>
 #include <QFile>
 #include <QRegularExpression>
-#include <cstdlib>
 #include <iostream>
 
 #include "harness/player.h"
@@ -102,32 +101,16 @@ void Session::OpenTournament() {
 constexpr int kPace = 6;
 constexpr std::chrono::milliseconds kTick{15000 / kPace};
 
-struct Box {
-  int row;  ///< Military, Industry, Population, Defense
-  int level;
-};
 /// Cheap levels, and Defense early: what the others destroy is not there for the picture.
 constexpr Box kResearched[] = {{3, 1}, {1, 1}, {2, 1}, {1, 2}, {0, 1},
                                {2, 2}, {3, 2}, {1, 3}, {0, 2}};
 constexpr int kFewestLevels = 6;
 constexpr int kMostRounds = 3;
 
-QStringList Walk(const Box& from, const Box& to) {
-  const int down = to.row - from.row;
-  const int right = to.level - from.level;
-  return QStringList(std::abs(down), down > 0 ? "Down" : "Up") +
-         QStringList(std::abs(right), right > 0 ? "Right" : "Left");
-}
-
 void Session::Research() {
-  player_.Say("my move");  // which leaves the keyboard in the chat line
-  user_.Press({"shift+Tab", "shift+Tab"});
-  user_.Press(QStringList(3, "Left") + QStringList(3, "Up"));
-  Box current{0, 1};
   for (const Box& box : kResearched) {
-    user_.Press(Walk(current, box) + QStringList("Menu"));
+    player_.OpenBoxMenu(box);
     player_.ChooseItem(1);
-    current = box;
     const QDeadlineTimer tick(kTick);
     WaitUntil("the next tick is over", [&] { return tick.hasExpired(); });
   }

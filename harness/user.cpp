@@ -113,11 +113,15 @@ void User::Photograph(const Window& window, const QString& file) const {
   Save(window.id, file);
 }
 
+void User::PhotographWithAllAbove(const Window& window, const QString& file) const {
+  Save(window.id, file, {"-screen"});
+}
+
 void User::PhotographScreen(const QString& file) const { Save("root", file); }
 
-void User::Save(const QString& window_id, const QString& file) const {
+void User::Save(const QString& window_id, const QString& file, const QStringList& options) const {
   QDir().mkpath(QFileInfo(file).path());
-  Do("import", {"-window", window_id, file});
+  Do("import", options + QStringList{"-window", window_id, file});
 }
 
 QString User::Do(const QString& program, const QStringList& arguments) const {

@@ -43,10 +43,12 @@ class User {
   QString WaitForText(const Window& window, QPointF place, const QString& text) const;
   /// Saves a picture (PNG) of a window, or of the whole screen.
   void Photograph(const Window& window, const QString& file) const;
+  /// So with what other windows show in front of it.
+  void PhotographWithAllAbove(const Window& window, const QString& file) const;
   void PhotographScreen(const QString& file) const;
 
  private:
-  void Save(const QString& window_id, const QString& file) const;
+  void Save(const QString& window_id, const QString& file, const QStringList& options = {}) const;
   QString Do(const QString& program, const QStringList& arguments) const;
 
   QProcessEnvironment environment_;
