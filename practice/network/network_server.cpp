@@ -72,34 +72,36 @@ void NetworkServer::End(std::function<void()> ended) {
   QTimer::singleShot(kFarewellTime, &tick_, ended_);
 }
 
-void NetworkServer::Send(ConnectionId id, std::string_view messages) {
+NetworkServer::Connection* NetworkServer::Find(ConnectionId id) {
   const auto found = connections_.find(id);
-  if (found == connections_.end() || found->second.is_closing) {
+  return found == connections_.end() ? nullptr : &found->second;
+}
+
+void NetworkServer::Send(ConnectionId id, std::string_view messages) {
+  Connection* connection = Find(id);
+  if (connection == nullptr || connection->is_closing) {
     return;
   }
-  if (found->second.outbox.isEmpty()) {
+  if (connection->outbox.isEmpty()) {
     unflushed_.push_back(id);
   }
-  if (found->second.socket->bytesToWrite() + found->second.outbox.size() > kMaxBacklog) {
-    return;  // cut off when the event is over
-  }
-  found->second.outbox.append(messages.data(), static_cast<qsizetype>(messages.size()));
+  if (connection->socket->bytesToWrite() + connection->outbox.size() <= kMaxBacklog) {
+    connection->outbox.append(messages.data(), static_cast<qsizetype>(messages.size()));
+  }  // else it is cut off when the event is over
 }
 
 void NetworkServer::Close(ConnectionId id) {
-  const auto found = connections_.find(id);
-  if (found == connections_.end()) {
-    return;
+  if (Connection* connection = Find(id)) {
+    connection->is_closing = true;
+    unflushed_.push_back(id);
+    QTcpSocket* socket = connection->socket;
+    QTimer::singleShot(kClosingTime, socket, [socket] { socket->abort(); });
   }
-  found->second.is_closing = true;
-  unflushed_.push_back(id);
-  QTcpSocket* socket = found->second.socket;
-  QTimer::singleShot(kClosingTime, socket, [socket] { socket->abort(); });
 }
 
 void NetworkServer::Reset(ConnectionId id) {
-  if (const auto found = connections_.find(id); found != connections_.end()) {
-    found->second.is_reset = true;
+  if (Connection* connection = Find(id)) {
+    connection->is_reset = true;
     unflushed_.push_back(id);
   }
 }
@@ -120,22 +122,20 @@ void NetworkServer::TakeConnections() {
 }
 
 void NetworkServer::Read(ConnectionId id) {
-  const auto found = connections_.find(id);
-  if (found == connections_.end()) {
-    return;
+  if (Connection* connection = Find(id)) {
+    const QByteArray bytes = connection->socket->readAll();
+    rules_.Received(id, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    Flush();
   }
-  const QByteArray bytes = found->second.socket->readAll();
-  rules_.Received(id, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
-  Flush();
 }
 
 void NetworkServer::Written(ConnectionId id) {
-  const auto found = connections_.find(id);
-  if (found == connections_.end()) {
+  Connection* connection = Find(id);
+  if (connection == nullptr) {
     return;
   }
-  FinishClosing(found->second);
-  if (found->second.socket->bytesToWrite() < kLowBacklog) {
+  FinishClosing(*connection);
+  if (connection->socket->bytesToWrite() < kLowBacklog) {
     load_.Refill(id);
     Flush();
   }

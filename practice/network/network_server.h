@@ -53,6 +53,8 @@ class NetworkServer : private ResettableTransport {
     bool is_reset = false;    // to be ended at once
   };
 
+  /// Null when it has ended.
+  Connection* Find(ConnectionId id);
   void Send(ConnectionId id, std::string_view messages) override;
   void Close(ConnectionId id) override;
   void Reset(ConnectionId id) override;

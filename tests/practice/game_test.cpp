@@ -35,37 +35,36 @@ class GameTest : public testing::Test {
 };
 
 TEST_F(GameTest, LevelsAreBoughtOneByOneAndTheGoldenKnowledgeLast) {
+  using enum TopicCode;
   const struct {
     TopicCode topic;
     int level;
     int points;  ///< before
-    Refusal refusal;
     int cost;
+    Refusal refusal = Refusal::None;
   } tries[] = {
-      {TopicCode::Industry, 2, 99, Refusal::LevelOutOfOrder, 0},
-      {TopicCode::Industry, 1, 3, Refusal::ResearchTooDear, 0},
-      {TopicCode::Industry, 1, 4, Refusal::None, 4},
-      {TopicCode::Industry, 1, 99, Refusal::LevelReachedAlready, 0},
-      {TopicCode::Industry, 2, 99, Refusal::None, 8},
-      {TopicCode::Industry, 3, 99, Refusal::None, 14},
-      {TopicCode::GoldenKnowledge, 5, 99, Refusal::GoldenKnowledgeNeedsTopics, 0},
-      {TopicCode::Industry, 4, 99, Refusal::None, 22},
-      {TopicCode::Population, 1, 99, Refusal::None, 4},
-      {TopicCode::Population, 2, 99, Refusal::None, 8},   // 90 % of 8, rounded up
-      {TopicCode::Population, 3, 99, Refusal::None, 12},  // 80 % of 14, rounded up
-      {TopicCode::GoldenKnowledge, 5, 99, Refusal::GoldenKnowledgeNeedsTopics, 0},
-      {TopicCode::Population, 4, 99, Refusal::None, 16},  // 70 % of 22, rounded up
-      {TopicCode::GoldenKnowledge, 5, 23, Refusal::ResearchTooDear, 0},
-      {TopicCode::GoldenKnowledge, 5, 24, Refusal::None, 24},
+      {Industry, 2, 99, 0, Refusal::LevelOutOfOrder},
+      {Industry, 1, 3, 0, Refusal::ResearchTooDear},
+      {Industry, 1, 4, 4},
+      {Industry, 1, 99, 0, Refusal::LevelReachedAlready},
+      {Industry, 2, 99, 8},
+      {Industry, 3, 99, 14},
+      {Industry, 4, 99, 22},
+      {Population, 1, 99, 4},
+      {Population, 2, 99, 8},   // 90 % of 8, rounded up
+      {Population, 3, 99, 12},  // 80 % of 14, rounded up
+      {GoldenKnowledge, 5, 99, 0, Refusal::GoldenKnowledgeNeedsTopics},
+      {Population, 4, 99, 16},  // 70 % of 22, rounded up
+      {GoldenKnowledge, 5, 23, 0, Refusal::ResearchTooDear},
+      {GoldenKnowledge, 5, 24, 24},
   };
   for (const auto& c : tries) {
     SCOPED_TRACE(std::string(TextOf(c.topic).name) + std::to_string(c.level));
-    EXPECT_TRUE(game.IsOpen() || c.topic == TopicCode::GoldenKnowledge);
+    EXPECT_EQ(game.IsOpen(), &c < std::end(tries) - 2);
     anna.points = c.points;
     EXPECT_EQ(game.Research(anna, c.topic, c.level), c.refusal);
     EXPECT_EQ(c.points - anna.points, c.cost);
   }
-  EXPECT_FALSE(game.IsOpen());
   EXPECT_EQ(accounts[0].figures.research, 9);
   EXPECT_EQ(accounts[0].figures.score, 250);
 }
@@ -146,6 +145,21 @@ TEST_F(GameTest, ATeamIsOneSide) {
   EXPECT_EQ(game.Attack(carol, david).refusal, Refusal::Teammate);
   EXPECT_EQ(Game::Propose(carol, anna), Refusal::TeamIsAlliance);
   EXPECT_THAT(game.WinnersWith(david), UnorderedElementsAre(&carol, &david));
+}
+
+TEST(Figures, AwardsAreReachedAtTheirThresholds) {
+  const std::pair<Figures, std::vector<int>> cases[] = {
+      {{.score = 999}, {24}},
+      {{.score = 1'000'000}, {1, 2, 3, 4, 5, 22, 6, 21}},
+      {{.wins = 1'000}, {7, 8, 9, 10, 11}},
+      {{.research_destroyed = 49, .blocks = 24}, {24}},
+      {{.research_destroyed = 5'000}, {12, 13, 14, 15, 16}},
+      {{.blocks = 1'000}, {17, 18, 19, 23, 20}},
+      {{.wins = 10, .score = 25'000, .blocks = 50}, {22, 6, 21, 10, 11, 23, 20}},
+  };
+  for (const auto& [figures, codes] : cases) {
+    EXPECT_EQ(figures.AwardCodes(), codes);
+  }
 }
 
 }  // namespace

@@ -18,6 +18,22 @@
 
 namespace korvanta::practice {
 
+using namespace std::chrono_literals;
+using namespace std::string_literals;
+using testing::_;
+using testing::AllOf;
+using testing::Contains;
+using testing::Each;
+using testing::ElementsAre;
+using testing::Eq;
+using testing::Ge;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Le;
+using testing::Not;
+using testing::SizeIs;
+using testing::StartsWith;
+
 class RecordingTransport : public Transport {
  public:
   void Send(ConnectionId connection, std::string_view messages) override {
@@ -89,7 +105,7 @@ class PracticeServerTest : public testing::Test {
   }
   /// Time for an online list that waits to be sent, and nobody remembers what was said.
   void Settle() {
-    Pass(std::chrono::seconds(1));
+    Pass(1s);
     transport.sent.clear();
   }
 

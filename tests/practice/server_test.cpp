@@ -4,14 +4,6 @@
 namespace korvanta::practice {
 namespace {
 
-using namespace std::chrono_literals;
-using namespace std::string_literals;
-using testing::Contains;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::StartsWith;
-
 TEST_F(PracticeServerTest, FirstLoginMakesAnAdministratorAndTellsANewcomerWhatToDo) {
   const auto anna = Connect();
   Send(anna, "[con]1.6|Anna|secret");
@@ -32,11 +24,9 @@ TEST_F(PracticeServerTest, RefusedLoginsAreToldWhyAndEnd) {
   LogIn("Anna");
   Send(LogIn("Gone"), "[dis]");
   const std::vector<std::pair<std::string, std::string>> refusals = {
-      {"[con]", "lacks"},
       {"[con]1.6|Carol", "lacks"},
       {"[con]1.6|abc|secret", "4 to 20"},
       {"[con]1.6|" + std::string(21, 'x') + "|secret", "4 to 20"},
-      {"[con]1.6|some name|secret", "letters and digits"},
       {"[con]1.6|Ann\xe9|secret", "letters and digits"},
       {"[con]1.6|Carol|", "1 to 64"},
       {"[con]1.6|Carol|" + std::string(65, 'x'), "1 to 64"},
@@ -46,12 +36,10 @@ TEST_F(PracticeServerTest, RefusedLoginsAreToldWhyAndEnd) {
   for (const auto& [login, reason] : refusals) {
     SCOPED_TRACE(login);
     const auto connection = Connect();
-    Send(connection, login);
-    EXPECT_THAT(Heard(connection),
-                ElementsAre(testing::AllOf(StartsWith("[msg]adm|Server: "), HasSubstr(reason))));
+    EXPECT_THAT(Answers(connection, login),
+                ElementsAre(AllOf(StartsWith("[msg]adm|Server: "), HasSubstr(reason))));
     EXPECT_TRUE(IsClosed(connection));
-    Send(connection, "[con]1.6|Later|secret");
-    EXPECT_THAT(Heard(connection), IsEmpty());
+    EXPECT_THAT(Answers(connection, "[con]1.6|Later|secret"), IsEmpty());
   }
 }
 
@@ -90,18 +78,14 @@ TEST_F(PracticeServerTest, BeforeTheLoginNothingElseIsHeardAndNotForLong) {
   EXPECT_FALSE(IsClosed(anna));
 }
 
-TEST_F(PracticeServerTest, MessagesAreWholeHoweverTheirBytesArrive) {
+TEST_F(PracticeServerTest, MessagesAreWholeHoweverTheirBytesArriveUnlessTheyAreTooLong) {
   const auto anna = Connect();
   for (char byte : "[con]1.6\1Anna\1secret\0[ctc]c hi\0[ctc]c the"s) {
     server.Received(anna, {&byte, 1});
   }
-  EXPECT_THAT(Heard(anna),
-              testing::AllOf(Contains("[con]Anna|90"), Contains("[msg]cht|Anna: hi|False")));
+  EXPECT_THAT(Heard(anna), AllOf(Contains("[con]Anna|90"), Contains("[msg]cht|Anna: hi|False")));
   server.Received(anna, "re\0[ctc]c a\0[dis]\0[ctc]c never\0"s);
   EXPECT_THAT(Heard(anna), ElementsAre("[msg]cht|Anna: there|False", "[msg]cht|Anna: a|False"));
-}
-
-TEST_F(PracticeServerTest, AMessageThatIsTooLongEndsTheConnection) {
   for (const std::size_t excess : {0, 1}) {
     const auto connection = LogIn("Anna");
     const std::string message(MessageStream::kLongestMessage + excess, 'x');

@@ -4,12 +4,6 @@
 namespace korvanta::practice {
 namespace {
 
-using testing::AllOf;
-using testing::Contains;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-
 class TournamentDeskTest : public PracticeServerTest {
  protected:
   void ExpectRefusals(

