@@ -38,7 +38,7 @@ NameColour ColourOf(const Player& player, const Contender* contender, bool is_in
 }  // namespace
 
 void OnlineList::SendIfDue(milliseconds now) {
-  if (now < due_) {
+  if (now < due_ || players_.people() == 0) {
     return;
   }
   const auto entries = players_.all().size() * players_.people();

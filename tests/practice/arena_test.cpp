@@ -39,6 +39,11 @@ class ArenaTest : public PracticeServerTest {
     FAIL() << request << " brought nothing in 50 ticks";
   }
 
+  /// What is heard at a login.
+  std::vector<std::string> WelcomeOf(const std::string& name) {
+    return Answers(Connect(), "[con]1.6|" + name + "|secret");
+  }
+
   ConnectionId anna = LogIn("Anna");
   ConnectionId bobby = LogIn("Bobby");
 };
@@ -153,9 +158,17 @@ TEST_F(ArenaTest, WhoeverLeavesIsOutAndTheLastSideWinsWhatCountsAfterFiveTicks) 
   EXPECT_THAT(Answers(carol, "[ctc]/leave"), Contains("[clr]"));
   EXPECT_THAT(Heard(anna), Contains(HasSubstr("Carol leaves the game")));
   EXPECT_THAT(Answers(carol, "[jon]"), ElementsAre(HasSubstr("ready for the next game")));
+  server.Vanished(carol);
+  const auto back = Connect();
+  EXPECT_THAT(Answers(back, "[con]1.6|Carol|secret"), Contains("[tim]0")) << "no place is kept";
   server.Vanished(bobby);
   EXPECT_THAT(Heard(anna), AllOf(Contains(HasSubstr("Bobby is gone from the game")),
                                  Contains(HasSubstr("Anna wins game 2")), Contains("[sou]6")));
+  EXPECT_THAT(Answers(anna, "[bre]Anna"), ElementsAre(StartsWith("[bre]Anna|None|1|1|2|")));
+  Pass(20s);
+  bobby = LogIn("Bobby");
+  Begin();
+  EXPECT_THAT(Answers(back, "[jon]"), Contains(HasSubstr("to catch up")));
 }
 
 TEST_F(ArenaTest, ALoginShowsHowThingsStand) {
@@ -165,13 +178,12 @@ TEST_F(ArenaTest, ALoginShowsHowThingsStand) {
   Send(bobby, "[upg]1|1|");
   server.Vanished(bobby);
   PassTicks(3);
-  const auto Login = [&](const std::string& name) {
-    return Answers(Connect(), "[con]1.6|" + name + "|secret");
-  };
-  EXPECT_THAT(Login("Bobby"), AllOf(Contains("[upg]1|1"), Contains("[upg]2|0"), Contains("[poi]2"),
-                                    Contains("[tim]14"), Contains(HasSubstr("has been kept"))));
+  EXPECT_THAT(WelcomeOf("Bobby"),
+              AllOf(Contains("[upg]1|1"), Contains("[upg]2|0"), Contains("[poi]2"),
+                    Contains("[tim]14"), Contains(HasSubstr("has been kept"))));
   EXPECT_THAT(Heard(carol), Contains(HasSubstr("Bobby is back in the game")));
-  EXPECT_THAT(Login("David"), AllOf(Contains("[upg]1|0"), Contains("[poi]0"), Contains("[tim]0")));
+  EXPECT_THAT(WelcomeOf("David"),
+              AllOf(Contains("[upg]1|0"), Contains("[poi]0"), Contains("[tim]0")));
 }
 
 TEST_F(ArenaTest, ATournamentGameIsForTeamsAndItsPurseForTheWinners) {
