@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QStyleFactory>
 
+#include "ui/kit/picture.h"
+
 namespace korvanta::theme {
 namespace {
 
@@ -26,8 +28,8 @@ QPalette MakePalette() {
   return palette;
 }
 
-/// Names of the colours in the style sheet below.
-QString WithColours(QString sheet) {
+/// Names of the colours and the pictures in the style sheet below.
+QString WithNames(QString sheet) {
   const std::pair<const char*, QColor> names[] = {
       {"@chromeRaised", kChromeRaised},
       {"@chromeBorder", kChromeBorder},
@@ -45,6 +47,10 @@ QString WithColours(QString sheet) {
   };
   for (const auto& [name, colour] : names) {
     sheet.replace(QLatin1String(name), colour.name());
+  }
+  for (const char* name : {"check", "drop_down", "sort_up", "sort_down"}) {
+    const QString picture = QString::fromLatin1(name);
+    sheet.replace(QLatin1Char('@') + picture, PictureFile(picture));
   }
   return sheet;
 }
@@ -85,7 +91,7 @@ QLineEdit:focus, QComboBox:focus { border: 2px solid @gold; padding: 4px 7px; }
 QLineEdit { min-height: 18px; }
 QComboBox QLineEdit, QComboBox QLineEdit:focus { border: none; padding: 0; background: transparent; min-height: 0; }
 QComboBox::drop-down { width: 22px; border: none; border-left: 1px solid @paperHeader; }
-QComboBox::down-arrow { image: url(:/pictures/drop_down.svg); width: 10px; height: 10px; }
+QComboBox::down-arrow { image: url(@drop_down); width: 10px; height: 10px; }
 QComboBox QAbstractItemView { background: @paper; color: @ink; selection-background-color: @selection;
               selection-color: @ink; border: 1px solid @chromeBorder; outline: none; }
 QComboBox QAbstractItemView::item { padding: 3px 8px; border: none; background: @paper; color: @ink; }
@@ -96,7 +102,7 @@ QCheckBox { spacing: 8px; padding: 3px; border: 1px solid transparent; border-ra
 QCheckBox:focus { border-color: @gold; }
 QCheckBox::indicator { width: 14px; height: 14px; border: 1px solid @mutedText; border-radius: 3px;
               background: @paper; }
-QCheckBox::indicator:checked { image: url(:/pictures/check.svg); }
+QCheckBox::indicator:checked { image: url(@check); }
 QTreeView { background: @paper; color: @ink; border: 1px solid @chromeBorder; border-radius: 4px;
               padding: 1px; selection-background-color: @selection; selection-color: @ink; outline: none; }
 QTreeView:focus { border: 2px solid @gold; padding: 0; }
@@ -106,9 +112,9 @@ QAbstractScrollArea#rbMessages:focus, QAbstractScrollArea#rbNews:focus { border:
 QTreeView::item { padding: 3px 4px; border: none; }
 QTreeView::item:selected { background: @selection; }
 QHeaderView { background: @paperHeader; border: none; }
-QHeaderView::up-arrow { image: url(:/pictures/sort_up.svg); width: 9px; height: 9px;
+QHeaderView::up-arrow { image: url(@sort_up); width: 9px; height: 9px;
               subcontrol-origin: padding; subcontrol-position: center right; right: 8px; }
-QHeaderView::down-arrow { image: url(:/pictures/sort_down.svg); width: 9px; height: 9px;
+QHeaderView::down-arrow { image: url(@sort_down); width: 9px; height: 9px;
               subcontrol-origin: padding; subcontrol-position: center right; right: 8px; }
 QHeaderView::section { background: @paperHeader; color: @ink; border: none; padding: 5px 8px; }
 QTabBar::tab { background: @chrome; color: @mutedText; padding: 7px 18px; border: 1px solid transparent;
@@ -135,7 +141,7 @@ void Apply(QApplication& application) {
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
   QApplication::setPalette(MakePalette());
   QApplication::setCursorFlashTime(0);  // a caret that blinks wakes an idle program
-  application.setStyleSheet(WithColours(QString::fromLatin1(kStyleSheet)));
+  application.setStyleSheet(WithNames(QString::fromLatin1(kStyleSheet)));
 }
 
 }  // namespace korvanta::theme

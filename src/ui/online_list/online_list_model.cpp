@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "protocol/field_reading.h"
+#include "ui/kit/picture.h"
 #include "ui/kit/plain_text.h"
 #include "ui/kit/text.h"
 #include "ui/kit/theme.h"
@@ -104,7 +105,7 @@ void SortBy(std::vector<std::size_t>& order, const std::vector<OnlineList::Entry
 OnlineListModel::OnlineListModel(const OnlineList& list, QObject* parent)
     : QAbstractTableModel(parent),
       list_(list),
-      marked_(QStringLiteral(":/pictures/marked.svg")),
+      marked_(PictureFile(QStringLiteral("marked"))),
       unmarked_(EmptyIcon()) {
   name_font_.setBold(true);
   Sort();

@@ -12,6 +12,7 @@
 #include "ui/kit/choice_box.h"
 #include "ui/kit/controls.h"
 #include "ui/kit/mnemonics.h"
+#include "ui/kit/picture.h"
 #include "ui/kit/text.h"
 #include "ui/kit/theme.h"
 
@@ -60,7 +61,7 @@ frmLogin::frmLogin(LoginDialog& dialog, QWidget* owner)
   txtPassword->setEchoMode(QLineEdit::Password);
   imgDispose->setText(QStringLiteral("&Remove User"));
   NameControl(*imgDispose, "imgDispose", imgDispose->text());
-  imgDispose->setIcon(QIcon(QStringLiteral(":/pictures/remove_user.svg")));
+  imgDispose->setIcon(QIcon(PictureFile(QStringLiteral("remove_user"))));
   imgDispose->setToolTip(imgDispose->accessibleName());
   imgDispose->setAutoRaise(true);
   imgDispose->setFocusPolicy(Qt::NoFocus);

@@ -5,8 +5,10 @@
 
 namespace korvanta {
 
+QString PictureFile(const QString& name) { return QStringLiteral(":/pictures/%1.svg").arg(name); }
+
 QPixmap RenderPicture(const QString& name, QSize size, qreal device_pixel_ratio) {
-  QSvgRenderer renderer(QStringLiteral(":/pictures/%1.svg").arg(name));
+  QSvgRenderer renderer(PictureFile(name));
   QPixmap picture(qRound(size.width() * device_pixel_ratio),
                   qRound(size.height() * device_pixel_ratio));
   picture.fill(Qt::transparent);
