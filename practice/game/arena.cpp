@@ -29,10 +29,9 @@ constexpr int kScoreForAllianceWin = 200;
 /// "Ann", "Ann and Bob", "Ann, Bob and Cid", "Ann, Bob, …, Lia and 7 more".
 template <typename People>
 std::string Names(const People& people) {
-  std::vector<std::string> names;
-  for (const auto* one : people) {
-    names.push_back(one->name());
-  }
+  std::vector<std::string> names(people.size());
+  std::transform(people.begin(), people.end(), names.begin(),
+                 [](const auto* one) { return one->name(); });
   if (names.size() > kMostNamed + 1) {
     names[kMostNamed] = std::to_string(names.size() - kMostNamed) + " more";
     names.resize(kMostNamed + 1);

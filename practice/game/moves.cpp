@@ -21,6 +21,7 @@ std::string LevelName(TopicCode topic, int level) {
 /// All levels on one line, and whose side the contender is on.
 std::string Summary(const Contender& contender) {
   std::vector<std::string> levels;
+  levels.reserve(kTopicsWithLevels.size());
   for (TopicCode topic : kTopicsWithLevels) {
     levels.push_back(std::string(TextOf(topic).name) + " " +
                      std::to_string(contender.LevelOf(topic)));

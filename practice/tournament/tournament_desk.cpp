@@ -12,6 +12,7 @@ void TournamentDesk::SendInfo(const Player& player) {
   const int fee = tournament_.terms().entry_fee;
   const std::size_t members = tournament_.CountPlayers();
   std::vector<std::string_view> names;
+  names.reserve(tournament_.teams().size());
   for (const Team& team : tournament_.teams()) {
     names.emplace_back(team.name);
   }

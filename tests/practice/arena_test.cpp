@@ -29,9 +29,9 @@ class ArenaTest : public PracticeServerTest {
   void Win(ConnectionId player) { AskUntil(player, "[upg]5|5|", Eq("[sou]6")); }
   /// Asks once a tick until something like that is heard.
   void AskUntil(ConnectionId player, const std::string& request,
-                const testing::Matcher<std::string>& answer) {
+                const Matcher<std::string>& answer) {
     for (int tick = 0; tick < 50; ++tick) {
-      if (testing::Value(Answers(player, request), Contains(answer))) {
+      if (Value(Answers(player, request), Contains(answer))) {
         return;
       }
       PassTicks(1);

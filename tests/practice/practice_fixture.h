@@ -20,19 +20,7 @@ namespace korvanta::practice {
 
 using namespace std::chrono_literals;
 using namespace std::string_literals;
-using testing::_;
-using testing::AllOf;
-using testing::Contains;
-using testing::Each;
-using testing::ElementsAre;
-using testing::Eq;
-using testing::Ge;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Le;
-using testing::Not;
-using testing::SizeIs;
-using testing::StartsWith;
+using namespace testing;
 
 class RecordingTransport : public Transport {
  public:
@@ -48,7 +36,7 @@ class RecordingTransport : public Transport {
   std::set<ConnectionId> closed;
 };
 
-class PracticeServerTest : public testing::Test {
+class PracticeServerTest : public Test {
  protected:
   /// Without simulated players, so that nothing is heard but what the test does.
   explicit PracticeServerTest(const ServerOptions& options = {.seed = 7, .players = 0})

@@ -10,7 +10,7 @@ class TournamentDeskTest : public PracticeServerTest {
       std::initializer_list<std::tuple<ConnectionId, const char*, const char*>> refusals) {
     for (const auto& [player, request, reason] : refusals) {
       EXPECT_THAT(Answers(player, request),
-                  ElementsAre(AllOf(testing::StartsWith("[msg]adm|"), HasSubstr(reason))))
+                  ElementsAre(AllOf(StartsWith("[msg]adm|"), HasSubstr(reason))))
           << request;
     }
   }
@@ -49,6 +49,7 @@ TEST_F(TournamentDeskTest, OnlyAnAdministratorManagesThemWithinTheirTerms) {
 }
 
 TEST_F(TournamentDeskTest, TeamsAreMadeJoinedAndTalkAmongThemselves) {
+  EXPECT_THAT(Answers(bobby, "[tif]"), ElementsAre("[tif]0|0|0|0", "[tdd]"));
   EXPECT_THAT(Answers(bobby, "[tjo] Foxes |pass|"),
               ElementsAre(HasSubstr("You lead the new team"), "[tif]0|0|1|1", "[tdd]Foxes",
                           "[ttm]Team Foxes, led by Bobby&    Bobby"));

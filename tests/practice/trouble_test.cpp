@@ -35,7 +35,9 @@ struct Heard : ResettableTransport {
     said_at_once = bytes.size();
     mischief.Close(1);
     for (int tick = 0; tick < 100; ++tick) {
+      const std::size_t said = bytes.size();
       mischief.Tick();
+      pauses += said > said_at_once && said == bytes.size() && said < kWhole.size() ? 1 : 0;
     }
     EXPECT_NE(is_closed, is_reset);
   }
@@ -68,6 +70,7 @@ struct Heard : ResettableTransport {
   bool is_closed = false;
   bool is_reset = false;
   std::size_t said_at_once = 0;    ///< bytes that came before any time had passed
+  int pauses = 0;                  ///< ticks without a word between the others
   bool was_reset_at_once = false;  ///< before anything was to be said
 };
 
@@ -121,13 +124,16 @@ TEST(Mischief, EachKindDoesWhatItsLineSaysAndNothingElse) {
     const auto kinds = ReadMischiefKinds(cases[i].kind);
     ASSERT_EQ(kinds, MischiefKinds(std::size_t{1} << i));
     int spared = 0;
+    int pauses = 0;
     for (std::uint64_t seed = 0; seed < 100; ++seed) {
       const Heard heard({*kinds, seed});
       const bool is_spared = heard.sends == kSession && heard.is_closed;
       spared += is_spared ? 1 : 0;
+      pauses += heard.pauses;
       EXPECT_TRUE(is_spared || cases[i].is_done(heard)) << seed;
     }
     EXPECT_LT(spared, 95);
+    EXPECT_TRUE(i > 0 || pauses > 0) << "pieces come after a while";
     EXPECT_EQ(spared == 0, MischiefTable()[i].one_in == 1);
   }
 }
