@@ -1,5 +1,5 @@
-/// Chat lines for the benchmarks, many different ones and the same in every run, and the counter of
-/// what one of them costs.
+/// Chat lines for the benchmarks, varied but the same in every run, and a counter for the cost of
+/// one.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -9,17 +9,16 @@
 
 namespace korvanta::bench {
 
-/// Bytes of every line, its line break not counted.
+/// Bytes per line, without its line break.
 constexpr std::size_t kLineLength = 75;
 
-/// What players say, "name: words". Nothing is masked, but here and there a word begins like one
-/// that would be.
+/// Ordinary chat, "name: words". Nothing is masked, but some words begin like one that would be.
 std::vector<std::string> CleanLines(std::size_t count);
 
-/// Listed words one behind the other, in any letter case, with a space here and there.
+/// Listed words in random letter case, one after the other, with an occasional space.
 std::vector<std::string> OffensiveLines(std::size_t count);
 
-/// Seconds for each of `items` that one iteration handles.
+/// Seconds per item when one iteration handles `items` of them.
 benchmark::Counter SecondsEach(std::size_t items);
 
 }  // namespace korvanta::bench

@@ -1,5 +1,5 @@
-/// What the language filter costs on lines that it leaves alone and on lines that are all hits,
-/// beside one case-insensitive search for each of its words.
+/// The cost of the language filter on clean lines and on lines full of hits, beside one
+/// case-insensitive search per word.
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <string>
@@ -13,7 +13,7 @@
 namespace korvanta {
 namespace {
 
-constexpr std::size_t kLines = 4096;  // too many for the processor to learn by heart
+constexpr std::size_t kLines = 4096;  // too many for the branch predictor to memorise
 
 using Lines = std::vector<std::string> (*)(std::size_t count);
 

@@ -1,5 +1,5 @@
-/// The main program of every benchmark: the toolkit on its offscreen platform with the client's own
-/// look, then the benchmarks of the one file that it is linked to.
+/// The main program of every benchmark: Qt on its offscreen platform with the theme of the client,
+/// then the benchmarks of the one file that it is linked to.
 #include <QApplication>
 #include <benchmark/benchmark.h>
 

@@ -1,4 +1,5 @@
-/// What the message view costs as it grows: a line in at the end and at a caret, memory, a frame.
+/// The cost of the message view as it grows: a line added at the end and at a caret, memory, a
+/// frame.
 #include <QApplication>
 #include <QImage>
 #include <QPainter>
@@ -46,7 +47,7 @@ void AppendLine(benchmark::State& state) {
 }
 BENCHMARK(AppendLine)->RangeMultiplier(10)->Range(1'000, 10'000'000)->Unit(benchmark::kMillisecond);
 
-/// The yardstick of AppendLine: the same bytes copied into blocks of the same size, no more.
+/// The yardstick of AppendLine: just copying the same bytes into blocks of the same size.
 void CopyLine(benchmark::State& state) {
   const std::int64_t lines = state.range(0);
   for (auto _ : state) {
@@ -83,8 +84,7 @@ void InsertInto(benchmark::State& state, bool at_caret) {
     view.MoveCaret(at_caret ? view.size() / 2 : view.size(), false);
     state.ResumeTiming();
     Fill(view, static_cast<std::int64_t>(kInserted));
-    benchmark::DoNotOptimize(
-        view.text().At(view.size() - 1));  // the offsets are brought up to date
+    benchmark::DoNotOptimize(view.text().At(view.size() - 1));  // brings the offsets up to date
     state.PauseTiming();
     view.Clear();
     state.ResumeTiming();
@@ -94,7 +94,8 @@ void InsertInto(benchmark::State& state, bool at_caret) {
 BENCHMARK_CAPTURE(InsertInto, end, false)->Unit(benchmark::kMillisecond)->Iterations(20);
 BENCHMARK_CAPTURE(InsertInto, caret, true)->Unit(benchmark::kMillisecond)->Iterations(20);
 
-/// A search in vain through 1,000,000 lines: the most that one key press in the search costs.
+/// A search through 1,000,000 lines without a match: the most that one key press in the find bar
+/// costs.
 void SearchInVain(benchmark::State& state, bool upwards, const char* sought) {
   const Options options;
   MessageView view(options);
@@ -114,7 +115,7 @@ std::size_t AllocatedBytes() {
   return info.uordblks + info.hblkhd;
 }
 
-/// Allocated bytes a line beyond the bytes of the text itself.
+/// Allocated bytes per line beyond the bytes of the text itself.
 void Memory(benchmark::State& state) {
   double overhead = 0;
   for (auto _ : state) {
@@ -135,7 +136,7 @@ BENCHMARK(Memory)
 
 enum class Place { End, Middle };
 
-/// What is painted of the message view.
+/// The visible part of the message view.
 struct Screen {
   explicit Screen(const MessageView& view)
       : canvas(view, QApplication::font()), position(view, canvas.rows()) {
@@ -169,7 +170,7 @@ void Frame(benchmark::State& state, Place place) {
     view.MoveCaret(NextLine(view.text(), middle), false);
   }
   for (auto _ : state) {
-    view.AppendMessage(kLine, MessageKind::Chat);  // what came in since the frame before
+    view.AppendMessage(kLine, MessageKind::Chat);  // arrived since the last frame
     screen.Paint();
   }
 }
@@ -189,7 +190,8 @@ void FrameOfOneLine(benchmark::State& state) {
   view.AppendMessage(std::string(static_cast<std::size_t>(state.range(0)), 'w'), MessageKind::Chat);
   Screen screen(view);
   for (auto _ : state) {
-    screen.position.TextChanged({MessageView::Change::What::ScrollLock});  // the end is sought anew
+    screen.position.TextChanged(
+        {MessageView::Change::What::ScrollLock});  // the end is searched for again
     screen.Paint();
   }
 }

@@ -1,5 +1,5 @@
-/// What a list of 50,000 players costs: from the message to the rebuilt list and to the screen,
-/// beside the splitting of the message alone and the toolkit's own list.
+/// The cost of a list of 50,000 players: from the message to the rebuilt list and to the screen,
+/// beside splitting the message alone and the toolkit's own list.
 #include <QCoreApplication>
 #include <QImage>
 #include <QListWidget>
@@ -40,7 +40,7 @@ std::string ListMessage() {
   return message + kMessageTerminator;
 }
 
-/// Splitting into records and fields, no more.
+/// Just splitting into records and fields.
 void Split(benchmark::State& state) {
   const std::string message = ListMessage();
   for (auto _ : state) {
@@ -56,7 +56,7 @@ BENCHMARK(Split)->Unit(benchmark::kMillisecond);
 
 enum class Seen { No, Yes };
 
-/// A list comes in over one of the same length, which is shown sorted by `column`.
+/// A list replaces one of the same length, which is shown sorted by `column`.
 void Refill(benchmark::State& state, int column, Seen seen) {
   const std::string message = ListMessage();
   fakes::FakePlatform platform;

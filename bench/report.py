@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """report.py [--quick] [--plot FILE] [--into FILE] FOLDER: prints the goals of the client's speed and
 size with what the benchmarks measured (their JSON results are in FOLDER), and draws the message
-view's growth. Fails when a goal lacks its figure; a goal that is missed is told, and is no failure."""
+view's growth. Fails if a goal lacks its figure; a missed goal is reported, but is not a failure."""
 
 import argparse
 import json

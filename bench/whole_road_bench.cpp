@@ -1,5 +1,5 @@
-/// What a chat line costs on its whole way, from a received block to the message view, beside the
-/// copying of its bytes and the toolkit's own text widget.
+/// The cost of a chat line on its whole way from a received block to the message view, beside
+/// copying its bytes and the toolkit's own text widget.
 #include <QTextCharFormat>
 #include <QTextCursor>
 #include <QTextEdit>
@@ -11,6 +11,7 @@
 
 #include "chat_lines.h"
 #include "client/client.h"
+#include "protocol/block_assembler.h"
 #include "protocol/message_table.h"
 #include "tests/fakes/fake_platform.h"
 #include "ui/kit/text.h"
@@ -20,15 +21,12 @@ namespace {
 
 constexpr std::size_t kDifferentLines = 4096;
 
-/// A block is never longer as the socket hands it over.
-constexpr std::size_t kBlockLimit = std::size_t{64} * 1024;
-
-/// Blocks of as many chat lines as go into each.
+/// As many chat lines per block as the socket would deliver.
 std::vector<std::string> Blocks(const std::vector<std::string>& lines) {
   std::vector<std::string> blocks(1);
   for (const std::string& line : lines) {
     const std::string message = BuildMessage<ServerMessage::ChatLine>("cht", line, "False");
-    if (blocks.back().size() + message.size() > kBlockLimit) {
+    if (blocks.back().size() + message.size() > BlockAssembler::kBlockLimit) {
       blocks.emplace_back();
     }
     blocks.back() += message;
@@ -36,7 +34,7 @@ std::vector<std::string> Blocks(const std::vector<std::string>& lines) {
   return blocks;
 }
 
-/// range(0) lines come in, whole times the different ones, the language filter on.
+/// range(0) lines arrive, a multiple of the different ones, with the language filter on.
 void Road(benchmark::State& state, std::vector<std::string> (*make_lines)(std::size_t)) {
   const std::vector<std::string> blocks = Blocks(make_lines(kDifferentLines));
   const auto lines = static_cast<std::size_t>(state.range(0));
@@ -72,7 +70,7 @@ BENCHMARK_CAPTURE(Road, clean, bench::CleanLines)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Road, hits, bench::OffensiveLines)->Arg(1 << 17)->Unit(benchmark::kMillisecond);
 
-/// The same bytes copied, no more.
+/// Just copying the same bytes.
 void CopyBytes(benchmark::State& state) {
   const std::vector<std::string> blocks = Blocks(bench::CleanLines(kDifferentLines));
   std::string copy;

@@ -9,7 +9,7 @@
 namespace korvanta::fuzz {
 namespace {
 
-constexpr std::size_t kLongestStream = 4 * BlockAssembler::kRestLimit;
+constexpr std::size_t kLongestStream = 4 * BlockAssembler::kRemainderLimit;
 
 class Stream {
  public:
@@ -57,9 +57,10 @@ class Stream {
     }
     Check(waiting_.empty() || !is_whole_, "what was not cut does not wait");
     Check(waiting_.find(kMessageTerminator) == std::string::npos, "no whole message waits");
-    Check(waiting_.size() < BlockAssembler::kRestLimit, "what waits is bounded");
-    Check(blocks_.RestDeadline().has_value() == !waiting_.empty(), "a rest has a deadline");
-    Check(waiting_.empty() || blocks_.RestDeadline() == last_byte_ + BlockAssembler::kRestWait,
+    Check(waiting_.size() < BlockAssembler::kRemainderLimit, "what waits is bounded");
+    Check(blocks_.RemainderDeadline().has_value() == !waiting_.empty(), "a rest has a deadline");
+    Check(waiting_.empty() ||
+              blocks_.RemainderDeadline() == last_byte_ + BlockAssembler::kRemainderWait,
           "which counts from its last byte");
   }
 
@@ -67,16 +68,17 @@ class Stream {
   bool Take(bool at_end) {
     const std::size_t end = waiting_.find(kMessageTerminator);
     const bool is_due = is_whole_ || at_end || end != std::string::npos ||
-                        waiting_.size() >= BlockAssembler::kRestLimit ||
-                        now_ >= last_byte_ + BlockAssembler::kRestWait;
+                        waiting_.size() >= BlockAssembler::kRemainderLimit ||
+                        now_ >= last_byte_ + BlockAssembler::kRemainderWait;
     const std::string block = blocks_.Take(now_, at_end);
     Check(block.empty() == (waiting_.empty() || !is_due), "a block comes when one is due");
     Check(waiting_.starts_with(block), "the stream stays as it is");
-    Check(block.size() <= BlockAssembler::kRestLimit, "no block is longer than the longest rest");
+    Check(block.size() <= BlockAssembler::kRemainderLimit,
+          "no block is longer than the longest rest");
     Check(block.size() <= BlockAssembler::kBlockLimit || end >= block.size() - 1,
           "a long block is one message");
     Check(block.empty() || block.size() == waiting_.size() || block.ends_with(kMessageTerminator) ||
-              block.size() == BlockAssembler::kRestLimit,
+              block.size() == BlockAssembler::kRemainderLimit,
           "no block ends inside a message that goes on");
     waiting_.erase(0, block.size());
     return !block.empty();

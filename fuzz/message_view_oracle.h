@@ -126,7 +126,8 @@ class MessageViewOracle {
   void Move(Event event) {
     using Step = std::size_t (*)(const ColouredText&, std::size_t);
     constexpr Step kSteps[] = {
-        NextCaretPlace, PreviousCaretPlace, NextWord, PreviousWord, LineStart, LineEnd, NextLine};
+        NextCaretPosition, PreviousCaretPosition, NextWord, PreviousWord, LineStart, LineEnd,
+        NextLine};
     const Step step = kSteps[event.TakeNumber() % std::size(kSteps)];
     const std::size_t to = step(view_.text(), view_.caret());
     const bool extends = event.TakeNumber() % 2 == 1;
@@ -188,10 +189,10 @@ class MessageViewOracle {
   void CheckSteps(std::size_t at) const {
     const ColouredText& text = view_.text();
     const std::size_t size = view_.size();
-    for (const std::size_t next : {NextCaretPlace(text, at), NextWord(text, at)}) {
+    for (const std::size_t next : {NextCaretPosition(text, at), NextWord(text, at)}) {
       Check(at == size ? next == size : next > at && plain_.Place(next) == next, "a step forward");
     }
-    for (const std::size_t before : {PreviousCaretPlace(text, at), PreviousWord(text, at)}) {
+    for (const std::size_t before : {PreviousCaretPosition(text, at), PreviousWord(text, at)}) {
       Check(at == 0 ? before == 0 : before < at && plain_.Place(before) == before, "a step back");
     }
   }

@@ -63,7 +63,7 @@ void CheckMessage(std::string_view message) {
         "no message goes out that a client takes for two");
   switch (row->layout) {
     case Layout::Fields:
-    case Layout::FieldsAndEmptyOne:
+    case Layout::FieldsAndEmptyField:
     case Layout::Ignored:
       return CheckFields(row->fields, payload);
     case Layout::Repeated:

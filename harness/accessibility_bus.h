@@ -1,5 +1,5 @@
-/// A message bus of the test's own, on which programs show their windows to assistive programs, and
-/// an assistive program that works with them.
+/// A private message bus on which programs expose their windows to assistive technology, and an
+/// assistive program that operates them.
 #pragma once
 
 #include <QProcess>
@@ -12,14 +12,14 @@ namespace korvanta::harness {
 
 class AccessibilityBus {
  public:
-  /// Ready for programs when it returns; HarnessError when it cannot be had.
+  /// Returns when the bus is ready for programs; throws HarnessError if it cannot be started.
   explicit AccessibilityBus(const QProcessEnvironment& environment);
-  /// Ends it; what it has started ends with it.
+  /// Ends the bus and everything that it started.
   ~AccessibilityBus();
   AccessibilityBus(const AccessibilityBus&) = delete;
   AccessibilityBus& operator=(const AccessibilityBus&) = delete;
 
-  /// What a program needs to be seen here.
+  /// The environment of a program that is to be found here.
   const QProcessEnvironment& environment() const { return environment_; }
 
   /// The controls of a process, each as its role, a tab and its name, in the order of its windows.

@@ -1,4 +1,4 @@
-/// A user who plays: knows the client's windows and what is done in them.
+/// A user who knows the client's windows and how to operate them.
 #pragma once
 
 #include <QString>
@@ -38,7 +38,7 @@ class Player {
   void WaitForStart();
   /// Fills in the open login dialog and presses Enter in it.
   void Login(const QString& name, const QString& password);
-  /// Waits until the main window's title ends so: "Connected", "Disconnected".
+  /// Waits until the main window's title ends with `state`: "Connected" or "Disconnected".
   void WaitForState(const QString& state);
   /// Types a line into the chat input and sends it.
   void Say(const QString& line);
@@ -46,13 +46,13 @@ class Player {
   QString WaitForMessage(const QString& text);
   /// Presses a shortcut of the main window.
   void Choose(const QString& shortcut);
-  /// Opens it by its shortcut, or raises it.
+  /// Opens the window by its shortcut, or raises it.
   Window Open(const SideWindow& side);
   /// Opens the menu of a box by the keyboard.
   void OpenBoxMenu(const Box& box) const;
   /// Chooses an item, counted from 1, of the popup menu that the keyboard opened.
   void ChooseItem(int position) const;
-  /// Leaves by the menu's shortcut; returns the program's exit status.
+  /// Exits by the menu's shortcut; returns the program's exit status.
   int Leave();
 
   const Window& main_window() const { return main_; }

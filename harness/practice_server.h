@@ -6,14 +6,13 @@
 
 namespace korvanta::harness {
 
-/// The server's file name with its folder.
+/// The path of the server's executable.
 QString PracticeServerProgram();
 
 class PracticeServer {
  public:
-  /// Simulates no players unless `options` say otherwise. Accepts players when it returns;
-  /// HarnessError with the server's own words when it does not
-  /// come up.
+  /// Simulates no players unless `options` say otherwise. Returns when the server accepts
+  /// connections; throws HarnessError with its output if it does not start.
   explicit PracticeServer(const QStringList& options = {});
   ~PracticeServer();
   PracticeServer(const PracticeServer&) = delete;

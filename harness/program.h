@@ -1,5 +1,5 @@
-/// The built client as a player has it: a folder with the program and its files, a home of its own,
-/// and running copies of the program.
+/// The built client as a player has it: a folder with the program and its files, a home folder, and
+/// running instances of the program.
 #pragma once
 
 #include <QProcess>
@@ -11,8 +11,8 @@
 
 namespace korvanta::harness {
 
-/// A copy of the built program with everything beside it, in a folder that goes with this object.
-/// Its player's configuration and run-time folders are in there too.
+/// A copy of the built program with its files, in a folder that is deleted with this object. The
+/// player's configuration and run-time folders are in it as well.
 class Installation {
  public:
   /// The deployment values name `server_address`.
@@ -21,7 +21,7 @@ class Installation {
   QString program_file() const;
   /// The settings file of the player, which need not exist.
   QString settings_file() const;
-  /// HarnessError when there is none.
+  /// Throws HarnessError if there is none.
   QByteArray Settings() const;
   void WriteSettings(const QByteArray& text) const;
 
@@ -32,7 +32,7 @@ class Installation {
   QTemporaryDir folder_;
 };
 
-/// One running copy of the program; killed at the end of this object's life if it still runs.
+/// One running instance of the program; killed with this object if it is still running.
 class Program {
  public:
   Program(const Installation& installation, const VirtualDisplay& display);
@@ -45,11 +45,11 @@ class Program {
 
   qint64 pid() const { return process_.processId(); }
   bool IsRunning() const { return process_.state() != QProcess::NotRunning; }
-  /// Waits for its orderly end. HarnessError when it goes on, or a signal ended it.
+  /// Waits for it to exit. Throws HarnessError if it does not, or if a signal ended it.
   int WaitForExit();
   /// As a power cut would.
   void Kill();
-  /// What it has written to its standard outputs so far.
+  /// Everything on its standard output and error so far.
   QByteArray Output();
 
  private:

@@ -1,4 +1,4 @@
-/// A client without windows, for those who talk to the practice server's program byte by byte.
+/// A client without windows, for talking to the practice server byte by byte.
 #pragma once
 
 #include <string>
@@ -9,20 +9,20 @@
 
 namespace korvanta::harness {
 
-/// Connected from its beginning, and reads only where it says so.
+/// Connects on construction; reads only in the calls that say so.
 class ScriptedClient {
  public:
   explicit ScriptedClient(const PracticeServer& server);
 
-  /// What the server no longer takes is lost.
+  /// Bytes that the server no longer accepts are lost.
   void Send(std::string_view bytes) const { socket_.Send(bytes); }
   void LogIn(const std::string& name) const;
 
-  /// Whether that has come since the last call that found something, after whatever else; all up
-  /// to it is then forgotten.
+  /// Whether `bytes` have been received since the last match; if so, they and everything before
+  /// them are discarded.
   bool HasReceived(std::string_view bytes);
   void WaitFor(std::string_view bytes);
-  /// Forgets what has come, or comes within a moment; returns how many bytes it was.
+  /// Discards what has been received, or is within a moment; returns the number of bytes.
   std::size_t Discard();
 
   /// Whether the server has ended the connection.
@@ -30,7 +30,7 @@ class ScriptedClient {
   void WaitForEnd() const;
 
  private:
-  /// Adds what is there, or comes within that time, as much of it as one buffer holds.
+  /// Receives what is available or arrives in time, at most one buffer.
   void Receive(std::chrono::milliseconds patience);
 
   Socket socket_;

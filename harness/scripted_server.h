@@ -1,4 +1,4 @@
-/// A game server whose every byte is decided by who scripts it.
+/// A game server that sends exactly what a script says.
 #pragma once
 
 #include <QString>
@@ -10,8 +10,7 @@
 namespace korvanta::harness {
 
 /// Listens on a loopback address of its own and has one client at a time: the last to connect.
-/// Every wait ends in a HarnessError when the harness's patience is over. One thread may send while
-/// another receives.
+/// Every wait throws HarnessError after `kPatience`. One thread may send while another receives.
 class ScriptedServer {
  public:
   ScriptedServer();
@@ -19,28 +18,27 @@ class ScriptedServer {
   const QString& address() const { return address_; }
   /// How many clients have connected so far.
   int clients();
-  /// Waits for a client behind the first `known`.
+  /// Waits until more than `known` clients have connected.
   void WaitForClient(int known = 0);
-  /// Waits for a client behind the first `known` and accepts its login, whoever it names, as
-  /// Marlow's.
+  /// Waits likewise, and accepts the login, whatever its name, as Marlow.
   void LetIn(int known = 0);
 
-  /// Takes exactly `bytes` from the front of what the client sent. HarnessError at the first byte
-  /// that differs, and when too few come.
+  /// Consumes exactly `bytes` of what the client sends. Throws HarnessError at the first byte that
+  /// differs, or if too few arrive.
   void Expect(std::string_view bytes);
-  /// Takes all that the client sends up to and with `end`.
+  /// Consumes what the client sends, up to and including `end`.
   void ReceiveUntil(std::string_view end);
-  /// What the client sent and nobody took yet.
+  /// What was received and not consumed yet.
   const std::string& unread();
   void Send(std::string_view bytes) const;
 
-  /// Ends the connection after all that was sent.
+  /// Closes the connection after everything that was sent.
   void DropClient() { client_ = Socket(); }
   /// Waits until the client has ended the connection.
   void WaitUntilLeft() const;
 
  private:
-  /// Adds what comes within that time to what is unread.
+  /// Adds what arrives in time to `unread_`.
   void Receive(std::chrono::milliseconds patience);
 
   QString address_;
@@ -50,7 +48,7 @@ class ScriptedServer {
   std::string unread_;
 };
 
-/// Bytes as a reader can tell them apart: separators and other control codes as <n>.
+/// The bytes in readable form: separators and other control codes as <n>.
 QString Readable(std::string_view bytes);
 
 }  // namespace korvanta::harness

@@ -15,23 +15,22 @@ namespace korvanta::harness {
 class Socket {
  public:
   Socket() = default;
-  /// HarnessError when the address cannot be listened on.
+  /// Throws HarnessError if it cannot listen on the address.
   static Socket Listening(const QString& address);
-  /// HarnessError when nobody accepts there.
+  /// Throws HarnessError if nobody accepts there.
   static Socket ConnectedTo(const QString& address);
   Socket(Socket&& other) noexcept;
   Socket& operator=(Socket&& other) noexcept;
   ~Socket();
 
   bool IsOpen() const { return descriptor_ >= 0; }
-  /// Of a listening socket: the next connection, which is not open when none comes in time.
+  /// For a listening socket: the next connection, which is not open if none is made in time.
   Socket Accept(std::chrono::milliseconds patience) const;
-  /// Hands over all bytes. False when the other end has gone; HarnessError when it does not read.
+  /// Sends all bytes. Returns false if the peer has gone; throws HarnessError if it does not read.
   bool Send(std::string_view bytes) const;
-  /// How many bytes came, at most as many as the buffer holds. Zero when none came in time, and
-  /// when the other end has gone.
+  /// Returns the number of bytes received; 0 if none arrived in time or the peer has gone.
   std::size_t Receive(std::span<char> buffer, std::chrono::milliseconds patience) const;
-  /// Whether the other end has ended the connection, even when bytes of it were not received yet.
+  /// Whether the peer has closed the connection, even if bytes of it are still unread.
   bool HasEnded() const;
 
  private:

@@ -29,17 +29,17 @@ class User {
 
   void WaitUntilGone(const Window& window) const;
 
-  /// Raises the window and waits until it has the keyboard.
+  /// Raises the window and waits until it has the keyboard focus.
   void Activate(const Window& window) const;
-  /// Keys go to whatever has the keyboard. Characters of the US layout only.
+  /// Keys go to the focused window. Characters of the US layout only.
   void Type(const QString& text) const;
   /// One chord after the other, in X names: "ctrl+a", "Return", "alt+F4".
   void Press(const QStringList& chords) const;
-  /// `place` in parts of the window's width and height, (0, 0) at the left top.
+  /// `place` is in fractions of the window's width and height, (0, 0) at the top left.
   void Click(const Window& window, QPointF place, int button = 1) const;
 
-  /// Copies all of the text at `place` until `text` is in it, and returns it. The keyboard is then
-  /// there, its caret at the text's end.
+  /// Copies the whole text at `place` until it contains `text`, and returns it. Leaves the focus
+  /// there, with the caret at the end of the text.
   QString WaitForText(const Window& window, QPointF place, const QString& text) const;
   /// Saves a picture (PNG) of a window, or of the whole screen.
   void Photograph(const Window& window, const QString& file) const;

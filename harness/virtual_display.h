@@ -1,5 +1,5 @@
-/// An X display of the test's own, with a window manager on it: focus, activation and dialogs above
-/// their owner work as on a desktop.
+/// A private X display with a window manager: focus, activation and dialogs above their owner work
+/// as on a desktop.
 #pragma once
 
 #include <QProcess>
@@ -10,15 +10,15 @@ namespace korvanta::harness {
 
 class VirtualDisplay {
  public:
-  /// Ready for windows when it returns; HarnessError when the display or its window manager cannot
-  /// be had.
+  /// Returns when windows can be opened; throws HarnessError if the display or its window manager
+  /// cannot be started.
   VirtualDisplay();
-  /// Ends both, by their own processes.
+  /// Ends both.
   ~VirtualDisplay();
   VirtualDisplay(const VirtualDisplay&) = delete;
   VirtualDisplay& operator=(const VirtualDisplay&) = delete;
 
-  /// What a program needs to open windows here.
+  /// The environment of a program that is to open its windows here.
   const QProcessEnvironment& environment() const { return environment_; }
 
  private:

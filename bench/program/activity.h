@@ -1,4 +1,4 @@
-/// What the operating system says of a running process.
+/// What the operating system reports about a running process.
 #pragma once
 
 #include <QByteArray>
@@ -6,13 +6,13 @@
 
 namespace korvanta::bench {
 
-/// A file that the system keeps about the process; HarnessError when the process is gone.
+/// A file of the process under /proc; throws HarnessError if the process is gone.
 QByteArray SystemFile(qint64 pid, const QString& name);
 
-/// Of all threads that live, since they began.
+/// Totals over all live threads.
 struct Activity {
   int threads = 0;
-  double wakeups = 0;      ///< a thread went on after it had waited
+  double wakeups = 0;      ///< times that a thread resumed after waiting
   double cpu_seconds = 0;  ///< to the nanosecond
 };
 

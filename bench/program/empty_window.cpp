@@ -12,7 +12,7 @@ int main(int argc, char** argv) {
     return 2;
   }
   QWidget window;
-  window.setPalette(QPalette(QColor(0x80, 0x30, 0x60)));  // no frame or background is like it
+  window.setPalette(QPalette(QColor(0x80, 0x30, 0x60)));  // unlike any frame or background
   window.setFixedSize(std::atoi(argv[1]), std::atoi(argv[2]));
   window.move(window.screen()->availableGeometry().center() - window.rect().center());
   window.show();

@@ -1,4 +1,4 @@
-/// How long the event loop is held by lines that come in.
+/// How long incoming lines hold up the event loop.
 #include <benchmark/benchmark.h>
 
 #include "bench/program/feed.h"

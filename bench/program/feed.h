@@ -11,8 +11,8 @@
 
 namespace korvanta::bench {
 
-/// As many times a chat line of 75 characters in two colours, as the server sends it, its
-/// terminator included.
+/// `count` times a chat line of 75 characters in two colours, as the server sends it, with its
+/// terminator.
 inline std::string ChatLines(std::size_t count) {
   const std::string line = BuildMessage<ServerMessage::ChatLine>(
       "cht", "Marlow: keep your defense up, I go for Industry and then we both take Corin",
@@ -25,7 +25,7 @@ inline std::string ChatLines(std::size_t count) {
   return lines;
 }
 
-/// Sends for as long as it lives; the server outlives it.
+/// Sends as long as it exists; the server must outlive it.
 class Feed {
  public:
   /// Whole thousands a second; 0 sends nothing.
@@ -53,7 +53,7 @@ class Feed {
 
  private:
   std::atomic<bool> stop_ = false;
-  std::size_t times_ = 0;  // the thread's own until it has ended
+  std::size_t times_ = 0;  // used by the thread alone until it has ended
   std::thread thread_;
   std::size_t lines_at_a_time_;
 };

@@ -1,4 +1,4 @@
-/// What benchmarks that do not time a repeated call give in place of a mean.
+/// Statistics of benchmarks that do not time a repeated call.
 #pragma once
 
 #include <QByteArray>
@@ -18,7 +18,7 @@ double Median(std::vector<double> numbers);
 /// Counts median and worst of measured milliseconds, of which there is at least one.
 void CountMilliseconds(benchmark::State& state, const std::vector<double>& measured);
 
-/// The number behind `name` in a text of "name: number" lines. HarnessError when it is not there.
+/// The number after `name` in a text of "name: number" lines. Throws HarnessError if there is none.
 double NumberIn(const QByteArray& text, const QByteArray& name);
 
 }  // namespace korvanta::bench

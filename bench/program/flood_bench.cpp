@@ -1,4 +1,4 @@
-/// Chat lines as fast as the client takes them, until its answer to what follows them is back.
+/// Chat lines as fast as the client takes them, until it has answered the message after them.
 #include <array>
 #include <benchmark/benchmark.h>
 #include <thread>
@@ -31,7 +31,7 @@ void Flood(benchmark::State& state) {
 BENCHMARK(Flood)->Arg(100'000)->Arg(1'000'000)->Iterations(1)->UseRealTime()->Unit(
     benchmark::kMillisecond);
 
-/// The yardstick of Flood: the same bytes thrown away by whoever reads them.
+/// The yardstick of Flood: the same bytes read and discarded.
 void FloodDiscarded(benchmark::State& state) {
   const auto lines = static_cast<std::size_t>(state.range(0));
   harness::ScriptedServer server;

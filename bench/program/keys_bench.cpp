@@ -1,4 +1,4 @@
-/// From a key pressed to the line that it sends, with and without lines coming in.
+/// The time from a key press to the line that it sends, with and without incoming lines.
 #include <benchmark/benchmark.h>
 
 #include "bench/program/feed.h"
@@ -10,8 +10,8 @@
 namespace korvanta::bench {
 namespace {
 
-/// Writes a letter and sends it by Enter, again and again; Enter is what is timed. Its moment
-/// drifts against everything that is periodic.
+/// Types a letter and sends it by Enter, again and again; Enter is timed, at moments that drift
+/// against everything periodic.
 void KeyToLine(benchmark::State& state) {
   constexpr int kPresses = 200;
   constexpr std::chrono::milliseconds kPause{20};

@@ -1,4 +1,4 @@
-/// The built client on a display of its own, logged in at a server that the benchmark plays.
+/// The built client on a display of its own, logged in to a server that the benchmark scripts.
 #pragma once
 
 #include <memory>

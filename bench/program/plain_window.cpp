@@ -1,6 +1,5 @@
-/// korvanta-plain-window WIDTH HEIGHT: a Qt program whose one window has the kinds of controls that
-/// the main window has, as the toolkit draws them, and a socket: the least that such a window
-/// costs.
+/// korvanta-plain-window WIDTH HEIGHT: a Qt program whose one window has the same kinds of controls
+/// as the main window, as the toolkit draws them, and a socket: the least that such a window costs.
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>

@@ -1,4 +1,4 @@
-/// What the client costs while nothing happens: wake-ups, processor time, memory.
+/// The cost of an idle client: wake-ups, processor time, memory.
 #include <benchmark/benchmark.h>
 #include <thread>
 
@@ -10,7 +10,7 @@ namespace korvanta::bench {
 namespace {
 
 constexpr std::chrono::seconds kSettling{3};
-/// The toolkit ends helper threads of the start when they have had nothing to do for 30 seconds.
+/// The toolkit ends idle helper threads of the start after 30 seconds.
 constexpr std::chrono::seconds kThreadsEnded{35};
 
 double ProportionalShareInMegabytes(qint64 pid) {

@@ -1,6 +1,5 @@
-/// What a benchmark measures with on a virtual display: it sees at once when something is drawn and
-/// presses keys within microseconds, where harness::User takes a program, and milliseconds, for
-/// each.
+/// Fast access to a virtual display: notices drawing at once and presses keys within microseconds,
+/// where harness::User runs a tool, which takes milliseconds, each time.
 #pragma once
 
 #include <QRect>
@@ -13,7 +12,7 @@
 
 namespace korvanta::bench {
 
-/// HarnessError when the display does not do its part.
+/// Throws HarnessError if the display does not respond as it should.
 class Screen {
  public:
   explicit Screen(const harness::VirtualDisplay& display);
@@ -21,14 +20,14 @@ class Screen {
   Screen(const Screen&) = delete;
   Screen& operator=(const Screen&) = delete;
 
-  /// The bytes of what is seen there.
+  /// The pixels of that part of the screen.
   std::vector<std::uint8_t> Look(QRect place) const;
   /// Returns as soon as anything is drawn anywhere, or after `most`.
   void WaitForDrawing(std::chrono::milliseconds most);
 
   static constexpr std::uint32_t kReturn = 0xff0d;
-  /// A key of the US layout without Shift, by its X symbol: down and up again. Returns when it was
-  /// handed to the display.
+  /// Presses and releases a key of the US layout without Shift, by its X symbol. Returns the time
+  /// at which it was passed to the display.
   Clock::time_point Press(std::uint32_t symbol);
 
  private:

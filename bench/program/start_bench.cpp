@@ -1,4 +1,4 @@
-/// From the start of a process to its first window as it looks for good.
+/// The time from the start of a process to its first window in its final look.
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 #include <thread>
@@ -11,12 +11,12 @@
 namespace korvanta::bench {
 namespace {
 
-/// A part of the splash, and of the empty window, that nothing changes once it is painted: title
-/// and picture are in it, the moving dots are not.
+/// A part of the splash, and of the empty window, that does not change once painted: it contains
+/// title and picture, not the moving dots.
 constexpr QRect kWatched{460, 380, 480, 140};
 constexpr std::chrono::milliseconds kStill{500};
 
-/// What is seen once nothing has been drawn there for a while.
+/// What that part shows once nothing has been drawn there for a while.
 std::vector<std::uint8_t> LookWhenStill(Screen& screen, const std::vector<std::uint8_t>& before) {
   std::vector<std::uint8_t> seen = before;
   auto since = Clock::now();
@@ -38,8 +38,8 @@ void WaitUntilSeen(Screen& screen, const std::vector<std::uint8_t>& picture) {
       harness::kPatience, [&] { screen.WaitForDrawing(std::chrono::milliseconds(100)); });
 }
 
-/// `start` starts the process and returns its owner. The first start shows what to wait for and
-/// warms the system's caches; it is not timed.
+/// `start` starts the process and returns its owner. The first start, which is not timed, shows
+/// what to wait for and warms the system's caches.
 template <typename Start>
 void StartToPainted(benchmark::State& state, const harness::VirtualDisplay& display, Start start) {
   Screen screen(display);

@@ -1,5 +1,6 @@
 /// korvanta-timed-client ADDRESS: the real client, windows and socket, with each turn of its event
-/// loop timed. Logs in at once; tells the longest turns when the server has closed the connection.
+/// loop timed. Logs in at once, and prints the longest turns when the server has closed the
+/// connection.
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <algorithm>
@@ -21,7 +22,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Duration = std::chrono::duration<double, std::milli>;
 
-/// Processor time of this thread: grows neither while it waits nor while others have its processor.
+/// Processor time of this thread, which excludes waiting and the time of other threads.
 Duration ThreadTime() {
   timespec now = {};
   ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
@@ -33,7 +34,7 @@ struct LongestTurn {
   Duration worked{0};
 };
 
-/// One turn of the event loop; where nothing is to do, a rest outside of it.
+/// One turn of the event loop, with a pause outside of it if there was nothing to do.
 void Turn(LongestTurn& longest) {
   const Clock::time_point from = Clock::now();
   const Duration worked_before = ThreadTime();

@@ -1,4 +1,4 @@
-/// How everything with a state notifies its one listener of a change.
+/// Change notification: an object with state has one listener, a plain callback.
 #pragma once
 
 #include <functional>
@@ -6,7 +6,7 @@
 
 namespace korvanta {
 
-/// Calls the listener, when there is one.
+/// Calls the listener if there is one.
 template <typename... Args>
 void Notify(const std::function<void(Args...)>& listener, std::type_identity_t<Args>... args) {
   if (listener) {
@@ -14,12 +14,12 @@ void Notify(const std::function<void(Args...)>& listener, std::type_identity_t<A
   }
 }
 
-/// Notifies when it goes out of scope, be it by an exception, if the state then differs from what
-/// it was when the notice was made.
+/// Notifies the listener at the end of its scope, even one left by an exception, if the state has
+/// changed since the notice was constructed.
 template <typename State>
 class ChangeNotice {
  public:
-  /// All of them outlive the notice. `listener` may be empty.
+  /// Both must outlive the notice. `listener` may be empty.
   ChangeNotice(const State& state, const std::function<void()>& listener)
       : state_(state), before_(state), listener_(listener) {}
   ChangeNotice(const ChangeNotice&) = delete;

@@ -1,11 +1,11 @@
-/// Removal of what stands around a text.
+/// Trimming of text.
 #pragma once
 
 #include <string_view>
 
 namespace korvanta {
 
-/// The text without those characters at its ends, as a view into it.
+/// The text without leading and trailing `blanks`, as a view into it.
 constexpr std::string_view Trim(std::string_view text, std::string_view blanks) {
   const std::size_t first = text.find_first_not_of(blanks);
   if (first == std::string_view::npos) {
@@ -14,7 +14,7 @@ constexpr std::string_view Trim(std::string_view text, std::string_view blanks) 
   return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
-/// Without the spaces (code 32 alone; other blanks stay) around what a user typed or chose.
+/// Trims spaces only (code 32; other blanks stay), as is done with what a user typed or chose.
 constexpr std::string_view TrimSpaces(std::string_view text) { return Trim(text, " "); }
 
 }  // namespace korvanta

@@ -1,5 +1,5 @@
-/// The life of a single-instance window: absent, created unseen, shown. The presenter of every
-/// window but the main one owns one; the Qt half only follows it.
+/// The lifecycle of a single-instance window: absent, created but hidden, shown. The presenter of
+/// every window except the main one owns one; the Qt window follows it.
 #pragma once
 
 #include <functional>
@@ -13,14 +13,13 @@ class WindowLife {
  public:
   enum class State { Absent, Hidden, Shown };
 
-  /// `load` is the window's load step, run once each time the window is created; `unload` what it
-  /// must undo, run once each time the window ends, shown or not.
+  /// `load` runs each time the window is created, `unload` each time it ends, shown or not.
   explicit WindowLife(std::function<void()> load, std::function<void()> unload = {})
       : load_(std::move(load)), unload_(std::move(unload)) {}
 
   State state() const { return state_; }
 
-  /// Creates the window unseen when it is absent, running its load step; otherwise does nothing.
+  /// Creates the window hidden and runs its load step, unless the window exists.
   void Create() {
     if (state_ == State::Absent) {
       state_ = State::Hidden;
@@ -28,14 +27,14 @@ class WindowLife {
     }
   }
 
-  /// Shows the window, creating it first when it is absent; a shown one comes forward.
+  /// Shows the window, creating it first if absent; raises it if it is shown already.
   void Show() {
     Create();
     state_ = State::Shown;
     Notify(on_show);
   }
 
-  /// Ends the window; an absent one is skipped.
+  /// Ends the window if it exists.
   void Unload() {
     if (state_ == State::Absent) {
       return;
@@ -48,8 +47,8 @@ class WindowLife {
     }
   }
 
-  std::function<void()> on_show;    ///< show the window, or bring the shown one forward
-  std::function<void()> on_unload;  ///< take the shown window off the screen for good
+  std::function<void()> on_show;    ///< show the window, or raise it
+  std::function<void()> on_unload;  ///< take the shown window off the screen
 
  private:
   std::function<void()> load_;

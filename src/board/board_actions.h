@@ -1,5 +1,5 @@
-/// The player's requests from the main window during play: from the board's popup menu, from the
-/// player menu of the online list, and from the Game menu. Each only asks the server.
+/// The requests of a player during the game: from the popup menus of the board and the online list,
+/// and from the Game menu. Each only sends a message; the server decides.
 #pragma once
 
 #include <cstdint>
@@ -23,12 +23,12 @@ class BoardActions {
         statistics_(statistics),
         message_box_(message_box) {}
 
-  /// The board's popup menu is asked for at this box: level 1 to 4, or 5 for the Golden Knowledge.
-  /// The menu is to open whatever the state of the box.
+  /// The popup menu was requested for this box: level 1 to 4, or 5 for the Golden Knowledge. It
+  /// opens whatever the state of the box.
   void BoxRightClicked(TopicCode topic, std::int16_t level);
 
-  /// The player menu is asked for: it is for the selected entry of the online list and is to open
-  /// only when this returns true.
+  /// The player menu was requested, for the selected entry of the online list. It opens only if
+  /// this returns true.
   bool PlayerRightClicked();
 
   void ResearchThis() {
@@ -38,13 +38,13 @@ class BoardActions {
     connection_.SendIfSocketConnected(outbound::TopicInformation(SelectedTopic));
   }
   void AttackPlayer() { connection_.SendIfSocketConnected(outbound::AttackPlayer(SelectedPlayer)); }
-  /// Opens the statistics window, then asks for the player's record, so that of the two answers it
-  /// is the last.
+  /// Opens the statistics window, which requests the user's own record, then requests the player's,
+  /// so that the player's answer is the last.
   void ShowStatistics();
   void FormAlliance();
   void EnterGame() { connection_.SendIfSocketConnected(outbound::EnterGame()); }
 
-  TopicCode SelectedTopic{};  ///< 0 until a box is chosen
+  TopicCode SelectedTopic{};  ///< 0 until a box was right-clicked
   std::int16_t SelectedLevel = 0;
   std::string SelectedPlayer;
 

@@ -1,5 +1,5 @@
-/// The game clock: counts the server's seconds down, once a second, in the text beside the board.
-/// It decides nothing; reaching zero only stops it.
+/// The game clock: counts down, once a second, from the seconds that the server gives, in the text
+/// beside the board. Reaching zero only stops it.
 #pragma once
 
 #include <cstdint>
@@ -16,8 +16,8 @@ class GameClock final : public ClockReceiver {
  public:
   explicit GameClock(TimerFactory& timers);
 
-  /// Counts from `seconds`, in place of any other count, a whole second from now. The text stays
-  /// until the first tick, which shows one second less; zero or below shows 0:00 and stops.
+  /// Restarts the count at `seconds`; the first tick follows a full second later. The text stays
+  /// until then and then shows one second less; zero or less shows 0:00 and stops.
   void StartGameClock(std::int16_t seconds) override;
 
   /// Stops counting; the seconds left and the text stay.

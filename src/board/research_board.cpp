@@ -13,8 +13,8 @@ namespace {
 constexpr std::size_t kPopulationRow = 2;
 constexpr std::size_t kDefenseRow = 3;
 
-/// The fewest significant digits that tell the number from every other, filled up with zeros to
-/// where the decimal point belongs.
+/// The fewest significant digits that identify the number, padded with zeros up to the decimal
+/// point.
 std::string PlainDecimal(double number) {
   std::array<char, 32> written;
   const auto end = std::to_chars(written.data(), written.data() + written.size(), number,

@@ -1,5 +1,5 @@
 /// The research board: four topics of four levels, the research points, and the clock beside them.
-/// It knows no game rules; it shows what the server's messages say.
+/// It knows no game rules; it shows what the server sends.
 #pragma once
 
 #include <array>
@@ -20,10 +20,9 @@ class ResearchBoard;
 
 namespace modLight {
 
-/// Redraws one topic's row for the level that the server gives: frames up to the level and the
-/// lines between them are highlighted, line 4 when the level is 4. Topics other than the
-/// first three mean the Defense row. A level above 4 is drawn like 4, but leaves line 4 of
-/// Population plain.
+/// Redraws one topic's row for its level: frames up to the level and the lines between them are
+/// highlighted, line 4 if the level is 4. Topics other than the first three mean the Defense row. A
+/// level above 4 is drawn like 4, but leaves line 4 of Population plain.
 void LightTopic(ResearchBoard& board, TopicCode topic, std::int16_t level);
 
 /// Makes every frame and line plain, stops the clock where it is, and shows zero points.
@@ -53,7 +52,7 @@ inline constexpr std::array<TopicRow, kTopicRows> kTopics{{
     {TopicCode::Defense, "Defense", {0, 0, 255}, "Defense", "DefenseBorder", "DLine", "Label5"},
 }};
 
-/// The level that requests for the Golden Knowledge name.
+/// The level of the Golden Knowledge in requests.
 inline constexpr std::int16_t kGoldenKnowledgeLevel = 5;
 inline constexpr std::string_view kGoldenKnowledgeName = "Golden Knowledge";
 inline constexpr Colour kGoldenKnowledgeColour{255, 255, 0};
@@ -61,25 +60,25 @@ inline constexpr Colour kGoldenKnowledgeColour{255, 255, 0};
 inline constexpr int kPlainWidth = 1;
 inline constexpr int kReachedWidth = 4;
 
-/// What a change touched; the first four are the rows in the order of `kTopics`.
+/// The part of the board that changed; the first four are the rows in the order of `kTopics`.
 enum class BoardPart { Military, Industry, Population, Defense, Research, TickTime };
 
 class ResearchBoard final : public BoardReceiver {
  public:
-  /// The board takes over the clock's `on_changed`; the clock outlives it.
+  /// The board takes over the clock's `on_changed`; the clock must outlive it.
   explicit ResearchBoard(GameClock& clock);
   ResearchBoard(const ResearchBoard&) = delete;
   ResearchBoard& operator=(const ResearchBoard&) = delete;
   ~ResearchBoard();
 
   /// "Research Points: " and the number in its shortest plain decimal form, however large or small:
-  /// no exponent, no digits but zeros beyond those that tell it from every other double.
+  /// no exponent, and apart from zeros only the digits that distinguish it from every other double.
   void ShowResearchPoints(double points) override;
 
   void ShowTopicLevel(TopicCode topic, std::int16_t level) override;
   void ShowClearedBoard() override;
 
-  /// `row` counts from 0 in the order of `kTopics`, `level` from 1 to 4; the answer is
+  /// `row` counts from 0 in the order of `kTopics`, `level` from 1 to 4; the result is
   /// `kPlainWidth` or `kReachedWidth`. Line i leads from frame i to the next, line 4 to the goal.
   static std::size_t Index(int level) { return static_cast<std::size_t>(level - 1); }
   int FrameWidth(std::size_t row, int level) const { return rows_[row].frames[Index(level)]; }
@@ -100,7 +99,7 @@ class ResearchBoard final : public BoardReceiver {
 
   GameClock& clock() { return clock_; }
 
-  /// Called once for each part that differs from before.
+  /// Called once for each part that changed.
   std::function<void(BoardPart)> on_changed;
 
  private:

@@ -63,7 +63,7 @@ void Tournament::CreateJoinClicked() {
 }
 
 void Tournament::KickPlayerClicked() {
-  // A list may arrive while the user is asked; whom the question was about does not change.
+  // A new list may arrive while the question is open; the player in question stays the same.
   const std::string player(TrimSpaces(SelectedTeamText()));
   if (player.empty()) {
     ShowMessage("You must choose a player to kick!");

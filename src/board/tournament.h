@@ -1,5 +1,5 @@
-/// The tournament window: the tournament's figures, the teams, and the requests of players and
-/// administrators. The server keeps the tournament; this only asks and shows.
+/// The presenter of the tournament window: the tournament's figures, the teams, and the requests of
+/// players and administrators. The server runs the tournament.
 #pragma once
 
 #include <cstddef>
@@ -16,7 +16,7 @@
 
 namespace korvanta {
 
-/// The boxes of the window, every one of them editable.
+/// The text boxes of the window, all of them editable.
 struct TournamentTexts {
   std::string iEntryFee;
   std::string txtPurse;
@@ -48,15 +48,15 @@ struct TournamentState {
   std::vector<TeamListEntry> lstTeams;
   std::optional<std::size_t> selected_team;  ///< an index into lstTeams
   TournamentTab chosen_tab = TournamentTab::Info;
-  bool has_admin_tab = false;  ///< settled when the window is created
+  bool has_admin_tab = false;  ///< decided when the window is created
 
   bool operator==(const TournamentState&) const = default;
 };
 
-/// Every request is dropped silently while the socket is not connected.
+/// Requests are silently dropped while the socket is not connected.
 class Tournament final : public TournamentReceiver {
  public:
-  /// Loading the window settles whether there is an Admin tab, then asks for the figures.
+  /// Loading the window decides whether there is an Admin tab, then requests the figures.
   Tournament(Connection& connection, const ConnectionValues& values, MessageBox& message_box);
 
   WindowLife& window() { return window_; }
@@ -64,14 +64,14 @@ class Tournament final : public TournamentReceiver {
 
   void ShowTournamentWindow() { window_.Show(); }
 
-  /// The user changed a box; nobody is told, the box shows it already.
+  /// The user edited a box. Does not notify: the box shows it already.
   void Typed(std::string TournamentTexts::*box, std::string_view text) { state_.texts.*box = text; }
 
-  /// The user chose a tab, be it the chosen one again. The Info tab asks for the figures anew, the
-  /// Teams tab for the list of teams. A tab that is not there is ignored.
+  /// The user chose a tab, perhaps the current one again. The Info tab requests the figures, the
+  /// Teams tab the list of teams. The Admin tab is ignored if absent.
   void TabChosen(TournamentTab tab);
 
-  /// The user selected an entry of lstTeams or none; nobody is told.
+  /// The user selected an entry of lstTeams or none. Does not notify.
   void TeamSelected(std::optional<std::size_t> index);
 
   void CreateJoinClicked();         // Command4
@@ -81,16 +81,15 @@ class Tournament final : public TournamentReceiver {
   void SetTournamentGameClicked();  // Command2
   void EndTournamentClicked();      // Command3
 
-  // What the server sends. Each creates the window unseen when it is absent and leaves the tab in
-  // view as it is.
+  // The server's messages. Each creates the window hidden if absent and keeps the current tab.
 
-  /// Raises MessageError for a missing field, after showing those in front of it.
+  /// Throws MessageError for a missing field, after showing those before it.
   void ShowTournamentInfo(std::string_view payload) override;
 
-  /// Rebuilds the list of teams; the selection goes with the entries.
+  /// Rebuilds the list of teams and clears the selection.
   void ShowTeamList(std::string_view payload) override;
 
-  /// Rebuilds the names to choose from; the name typed stays.
+  /// Rebuilds the list of team names; the typed name stays.
   void ShowTeamNames(std::string_view payload) override;
 
   std::function<void()> on_changed;
@@ -99,7 +98,7 @@ class Tournament final : public TournamentReceiver {
   void Load();
   void ShowMessage(std::string_view text);
 
-  /// Empty when none is selected.
+  /// Empty if none is selected.
   std::string_view SelectedTeamText() const;
 
   Connection& connection_;

@@ -58,15 +58,15 @@ void Client::CloseMainWindow() {
     return;
   }
   connection.Disconnect();
-  const std::string trouble = modFiles::SaveSettings(settings, platform.settings);
+  const std::string error = modFiles::SaveSettings(settings, platform.settings);
   login_dialog.window().Unload();
   news.window().Unload();
   splash.window().Unload();
   statistics.window().Unload();
   tournament.window().Unload();
   platform.socket.Drain();
-  if (!trouble.empty()) {
-    platform.message_box.Show(trouble, kApplicationTitle, MessageIcon::Exclamation);
+  if (!error.empty()) {
+    platform.message_box.Show(error, kApplicationTitle, MessageIcon::Exclamation);
   }
 }
 

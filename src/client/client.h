@@ -38,26 +38,26 @@ void InitClient(Client& client);
 
 }  // namespace modData
 
-/// The parts are public: each window talks to its own presenter and to nothing else.
+/// The parts are public: each window uses its own presenter and nothing else.
 class Client {
  public:
-  /// Everything that `desktop` refers to outlives the client.
+  /// Everything that `desktop` refers to must outlive the client.
   Client(const Platform& desktop, const DeploymentValues& deployment);
 
-  /// Shows the splash with the main window loaded behind it; four seconds later the main window and
-  /// the login dialog. False when another instance is running: the user has been told so, no
-  /// setting was read, and the program is to end at once.
+  /// Shows the splash; four seconds later the main window and the login dialog. Returns false if
+  /// another instance is running: the user has been informed, no setting has been read, and the
+  /// program should end.
   bool StartUp();
 
-  /// The closing of the main window, whatever asked for it: says goodbye to the server, saves the
-  /// settings, unloads the other windows, lets what was sent leave, and tells the user what could
-  /// not be saved. Only the first call counts.
+  /// Closes the main window, for whatever reason: says goodbye to the server, saves the settings,
+  /// unloads the other windows, flushes the socket, and reports settings that could not be saved.
+  /// Only the first call has an effect.
   void CloseMainWindow();
 
-  /// "Korvanta Help" and "Homepage".
+  /// The menu items "Korvanta Help" and "Homepage".
   void OpenHomepage();
 
-  // In the order in which they depend on each other.
+  // In order of dependency.
   Platform platform;
   ConnectionValues values;
   Options options;
@@ -82,7 +82,7 @@ class Client {
  private:
   std::string homepage_address_;
   Dispatcher dispatcher_;
-  /// There until the main window closes; what the desktop answers later is dropped.
+  /// Exists until the main window closes; answers that the desktop gives later are dropped.
   std::shared_ptr<const void> life_ = std::make_shared<bool>();
 };
 

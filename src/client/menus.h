@@ -1,5 +1,5 @@
-/// The menu tree of the main window and its two popup menus, as data. The main window's Qt half
-/// makes its menus from it.
+/// The menu bar of the main window and its two popup menus, as data from which `frmMain` builds
+/// them.
 #pragma once
 
 #include <span>
@@ -12,10 +12,11 @@ namespace korvanta {
 class Client;
 
 struct MenuItem {
-  /// What a click on an item does.
+  /// What a click does.
   using Command = void (*)(Client& client);
 
-  /// `shortcut` is such as "Ctrl+E" or "F1", or empty; `option` is what a check mark shows.
+  /// `shortcut` is a key sequence such as "Ctrl+E" or "F1", or empty; a check mark shows
+  /// `checked_option`.
   constexpr MenuItem(std::string_view item_name, std::string_view item_caption,
                      std::string_view item_shortcut, Command on_click,
                      bool Options::*checked_option = nullptr)
@@ -25,7 +26,6 @@ struct MenuItem {
         click(on_click),
         option(checked_option) {}
 
-  /// A line between items.
   static constexpr MenuItem Separator(std::string_view name) { return {name, "-", "", nullptr}; }
   constexpr bool IsSeparator() const { return click == nullptr; }
 
@@ -38,7 +38,7 @@ struct MenuItem {
 
 struct Menu {
   std::string_view name;
-  std::string_view caption;  ///< '&' marks the letter behind it as the mnemonic
+  std::string_view caption;  ///< '&' precedes the mnemonic
   std::span<const MenuItem> items;
 };
 
@@ -51,7 +51,7 @@ const Menu& PopMenu();
 /// Popup of the online list.
 const Menu& WarMenu();
 
-/// The item's caption at this moment: that of the connect item follows the connection.
+/// The item's current caption; that of the connect item depends on the connection.
 std::string_view CaptionOf(const MenuItem& item, const Client& client);
 
 }  // namespace korvanta

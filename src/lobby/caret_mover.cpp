@@ -16,7 +16,7 @@ void CaretMover::Move(Motion motion, bool extend) {
   position_.Show(view_.caret());
 }
 
-void CaretMover::Press(ScreenPlace place, Unit unit, bool extend) {
+void CaretMover::Press(ScreenPosition place, Unit unit, bool extend) {
   unit_ = unit;
   column_ = -1;
   if (extend && unit == Unit::Character) {
@@ -28,7 +28,7 @@ void CaretMover::Press(ScreenPlace place, Unit unit, bool extend) {
   view_.Select(pressed_.from, pressed_.to);
 }
 
-void CaretMover::DragTo(ScreenPlace place) {
+void CaretMover::DragTo(ScreenPosition place) {
   const TextRange reached = UnitAt(place, Aim::Edge);
   if (reached.from < pressed_.from) {
     view_.Select(pressed_.to, reached.from);
@@ -52,9 +52,9 @@ std::size_t CaretMover::Target(Motion motion, bool extend) const {
   const bool collapse = !extend && !selection.empty();
   switch (motion) {
     case Motion::Left:
-      return collapse ? selection.from : PreviousCaretPlace(text, caret);
+      return collapse ? selection.from : PreviousCaretPosition(text, caret);
     case Motion::Right:
-      return collapse ? selection.to : NextCaretPlace(text, caret);
+      return collapse ? selection.to : NextCaretPosition(text, caret);
     case Motion::Up:
       return RowsFromCaret(-1);
     case Motion::Down:
@@ -80,7 +80,7 @@ std::size_t CaretMover::Target(Motion motion, bool extend) const {
   return view_.size();
 }
 
-/// The place that many rows below the caret, or above it, nearest to the column.
+/// The position that many rows below the caret, or above if negative, nearest to the column.
 std::size_t CaretMover::RowsFromCaret(int count) const {
   const TextRows& rows = position_.rows();
   const std::size_t row = rows.StartOf(view_.caret());
@@ -89,7 +89,7 @@ std::size_t CaretMover::RowsFromCaret(int count) const {
   return rows.OffsetInRow(target, column_, Aim::Caret);
 }
 
-TextRange CaretMover::UnitAt(ScreenPlace place, Aim character_aim) const {
+TextRange CaretMover::UnitAt(ScreenPosition place, Aim character_aim) const {
   const Aim aim = unit_ == Unit::Character ? character_aim : Aim::Byte;
   const std::size_t offset = position_.OffsetAt(place, aim);
   switch (unit_) {

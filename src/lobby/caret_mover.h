@@ -1,5 +1,5 @@
-/// How the user moves the caret of the message view by keys and by mouse. The view's widget
-/// converts its events to calls of this.
+/// Moves the message view's caret by keys and mouse. The view's widget converts its events to these
+/// calls.
 #pragma once
 
 #include "lobby/message_view.h"
@@ -9,8 +9,7 @@ namespace korvanta {
 
 class CaretMover {
  public:
-  /// By keys. The row above and below, and a page of rows, are reached as near as possible to the
-  /// column where such moves began.
+  /// Moves by key. Those to other rows stay as close as possible to the column in which they began.
   enum class Motion {
     Left,
     Right,
@@ -26,33 +25,33 @@ class CaretMover {
     End,
   };
 
-  /// What a press and a drag select in whole.
+  /// The unit in which a press and a drag select.
   enum class Unit { Character, Word, Line };
 
-  /// Both outlive this.
+  /// Both must outlive it.
   CaretMover(MessageView& view, ScrollPosition& position) : view_(view), position_(position) {}
 
-  /// The caret comes into sight. With `extend` the selection reaches to it from where it began.
+  /// Moves the caret and scrolls it into view. With `extend` the selection is extended to it.
   void Move(Motion motion, bool extend);
 
-  /// The mouse button goes down: selects the unit there, or moves the caret if that is a character.
-  /// `extend` makes a character's press a drag from where the selection began.
-  void Press(ScreenPlace place, Unit unit, bool extend);
+  /// The mouse was pressed: selects the unit at `place`, or moves the caret there if the unit is a
+  /// character. With `extend`, pressing a character extends the selection to it instead.
+  void Press(ScreenPosition place, Unit unit, bool extend);
 
-  /// The mouse has come to `place`: the selection reaches from the unit pressed to the unit there.
-  void DragTo(ScreenPlace place);
+  /// The mouse was dragged: selects from the unit pressed to the unit at `place`.
+  void DragTo(ScreenPosition place);
 
-  /// Call it with each change of the view.
+  /// To be called with every change of the view.
   void TextChanged(const MessageView::Change& change);
 
  private:
   std::size_t Target(Motion motion, bool extend) const;
   std::size_t RowsFromCaret(int count) const;
-  TextRange UnitAt(ScreenPlace place, Aim character_aim) const;
+  TextRange UnitAt(ScreenPosition place, Aim character_aim) const;
 
   MessageView& view_;
   ScrollPosition& position_;
-  float column_ = -1;  // where moves between rows aim; negative when the caret moved otherwise
+  float column_ = -1;  // target of moves between rows; negative after any other move
   Unit unit_ = Unit::Character;
   TextRange pressed_{0, 0};  // the unit with which the drag began
 };

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::string_view kChatCommand = "c ";
 
-/// Plain text becomes the chat command; a leading slash says that the text is a command already.
+/// Plain text becomes the chat command; a leading slash marks the text as a command already.
 std::string RewriteForAutoChat(std::string_view line) {
   if (line.starts_with('/')) {
     return std::string(line.substr(1));

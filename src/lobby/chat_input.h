@@ -1,5 +1,5 @@
-/// The chat input below the message view: the line being typed, the lines sent before, and whether
-/// one may be sent. The presenter of `cboSend` and `btnSend`.
+/// The presenter of `cboSend` and `btnSend`, the chat input below the message view: the line being
+/// typed, the lines sent before, and whether the line may be sent.
 #pragma once
 
 #include <cstddef>
@@ -15,7 +15,7 @@ namespace korvanta {
 
 class ChatInput {
  public:
-  /// Characters that a line as typed may have for `btnSend` to be enabled.
+  /// The most characters that a typed line may have; beyond it `btnSend` is disabled.
   static constexpr std::size_t kLengthLimit = 250;
 
   ChatInput(Connection& connection, const Options& options)
@@ -28,7 +28,7 @@ class ChatInput {
   /// Characters left below the limit; negative beyond it.
   std::ptrdiff_t Remaining() const;
 
-  /// Whatever the user did to the text, this is all of it now, and a new draft.
+  /// The user edited the text; `text` is all of it, and the new draft.
   void TextEdited(std::string_view text);
 
   /// The user chose a line of the drop-down list.
@@ -38,9 +38,9 @@ class ChatInput {
   void HistoryUp();
   void HistoryDown();
 
-  /// The click of `btnSend`, or Enter: sends the line trimmed of spaces, rewritten by Auto Chat,
-  /// adds it to the history and empties the box. Nothing happens while the button is disabled, the
-  /// box is empty or nobody is logged in.
+  /// A click of `btnSend`, or Enter: sends the line, trimmed of spaces and rewritten by Auto Chat,
+  /// adds it to the history and empties the box. Does nothing if the button is disabled, the box is
+  /// empty or nobody is logged in.
   void SendChatLine();
 
   std::function<void()> on_changed;
@@ -54,7 +54,7 @@ class ChatInput {
   std::string draft_;
   std::vector<std::string> history_;
   std::vector<std::string> typed_;  // the same lines as they were typed
-  std::size_t position_ = 0;        // in typed_; its size stands for the draft
+  std::size_t position_ = 0;        // index into typed_; its size means the draft
 };
 
 }  // namespace korvanta

@@ -87,7 +87,7 @@ std::string ColouredText::Bytes(std::size_t from, std::size_t to) const {
   return bytes;
 }
 
-/// Extends the runs to `end`; a run of the same role as the last one becomes part of it.
+/// Extends the runs to `end`, merging with the last run if the role is the same.
 void ColouredText::AddRun(Runs& runs, std::size_t end, ColourRole role) {
   if (!runs.empty() && runs.back().role() == role) {
     runs.back() = PackedRun(end, role);
@@ -104,7 +104,7 @@ std::size_t ColouredText::RunAt(const Runs& runs, std::size_t offset) {
   return static_cast<std::size_t>(run - runs.begin());
 }
 
-/// Adds the colours of the bytes from `first` up to `last`; the offsets stay as they are.
+/// Appends the colours of the bytes from `first` up to `last`, with the same offsets.
 void ColouredText::CopyRuns(const Runs& from, std::size_t first, std::size_t last, Runs& to) {
   if (first == last) {
     return;

@@ -1,9 +1,9 @@
-/// A long text in colours, cheap to extend at any one place: the storage of the message view.
+/// A long coloured text, cheap to extend at any one position: the storage of the message view.
 ///
-/// The text lies in chunks, each a contiguous string with its colour runs. Text goes in at the end
-/// of a chunk; a chunk that has the place inside is split there first, so that the texts that
-/// follow at that place cost what appending costs. Beside the bytes there are four for each colour
-/// run and, for each chunk, some two hundred.
+/// The text is stored in chunks, each a contiguous string with its colour runs. Text is inserted at
+/// the end of a chunk; a chunk that contains the position is split there first, so that further
+/// insertions at that position cost no more than appending. The overhead is four bytes per colour
+/// run and some two hundred per chunk.
 #pragma once
 
 #include <cstddef>
@@ -17,15 +17,15 @@
 
 namespace korvanta {
 
-/// A stretch of one colour that reaches from the run before it, or the start, to `end`.
+/// A run of one colour, from the end of the previous run, or the start, to `end`.
 struct ColourRun {
   std::size_t end;
   ColourRole role;
   bool operator==(const ColourRun&) const = default;
 };
 
-/// A contiguous copy of part of the text. `end` of a run counts from the first of `bytes`; the last
-/// run ends where they do, and neighbours differ in role.
+/// A contiguous copy of part of the text. A run's `end` is relative to `bytes`; the last run ends
+/// where they do, and adjacent runs differ in role.
 struct Excerpt {
   std::string bytes;
   std::vector<ColourRun> runs;
@@ -41,7 +41,7 @@ class ColouredText {
   /// In bytes.
   std::size_t size() const { return size_; }
 
-  /// `offset` is at most size(). When memory runs out, what is in already stays in.
+  /// `offset` is at most size(). If memory runs out, what has been inserted by then stays.
   void Insert(std::size_t offset, std::string_view bytes, ColourRole role);
 
   /// Colours the text from `from` up to `to`; from <= to <= size().
@@ -55,10 +55,10 @@ class ColouredText {
   /// The same without the colours.
   std::string Bytes(std::size_t from, std::size_t to) const;
 
-  /// The byte at `offset`, which is below size(). Searches go through Find and FindBack instead.
+  /// The byte at `offset`, which is below size(). For searching, use Find and FindBack.
   char At(std::size_t offset) const { return PieceFrom(offset).front(); }
 
-  /// Offset of the first byte from `from` on that `matches`; size() when none does.
+  /// Offset of the first byte from `from` on that `matches`; size() if none does.
   template <typename Predicate>
   std::size_t Find(std::size_t from, Predicate matches) const {
     while (from < size_) {
@@ -72,7 +72,7 @@ class ColouredText {
     return size_;
   }
 
-  /// Offset just behind the last byte before `to` that `matches`; 0 when none does.
+  /// Offset just after the last byte before `to` that `matches`; 0 if none does.
   template <typename Predicate>
   std::size_t FindBack(std::size_t to, Predicate matches) const {
     while (to > 0) {
@@ -123,7 +123,7 @@ class ColouredText {
   std::size_t chunk_size_;
   std::size_t size_ = 0;
   std::vector<std::unique_ptr<Chunk>> chunks_;
-  std::size_t open_ = kNone;  // the chunk that has room for the next text
+  std::size_t open_ = kNone;  // the chunk with room for the next insertion
 
   // Offset of each chunk in the text; brought up to date on demand from the first stale one on.
   mutable std::vector<std::size_t> starts_;

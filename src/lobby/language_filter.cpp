@@ -11,7 +11,7 @@
 namespace korvanta {
 namespace {
 
-bool StandsAt(std::string_view text, std::size_t at, std::string_view word) {
+bool OccursAt(std::string_view text, std::size_t at, std::string_view word) {
   return EqualIgnoringCase(text.substr(at, word.size()), word);
 }
 
@@ -49,7 +49,7 @@ std::string_view LanguageFilter::FilterLanguage(std::string_view text, std::stri
         words_with(0, text[at]) & words_with(1, text[at + 1]) & words_with(2, text[at + 2]);
     for (; words != 0; words &= words - 1) {
       const auto word = static_cast<std::size_t>(std::countr_zero(words));
-      if (StandsAt(text, at, words_[word])) {
+      if (OccursAt(text, at, words_[word])) {
         found.emplace_back(word, at);
       }
     }
@@ -60,7 +60,7 @@ std::string_view LanguageFilter::FilterLanguage(std::string_view text, std::stri
   masked = text;
   std::sort(found.begin(), found.end());  // word by word, and each from left to right
   for (const auto& [word, at] : found) {
-    if (StandsAt(masked, at, words_[word])) {  // no other mask reaches into it
+    if (OccursAt(masked, at, words_[word])) {  // no other mask reaches into it
       masked.replace(at, words_[word].size(), modData::MaskFor(words_[word], '*'));
     }
   }

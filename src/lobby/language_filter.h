@@ -14,14 +14,14 @@ namespace korvanta {
 
 class LanguageFilter : public ChatFilter {
  public:
-  /// At most 16 words of 3 or more ASCII letters, joined by ';': set at start-up, fixed from then
-  /// on. Until then nothing is masked.
+  /// At most 16 words of 3 or more ASCII letters, joined by ';'. Set once, at start-up; until then
+  /// nothing is masked.
   void SetFilterWords(std::string_view words);
   std::string_view FilterWords() const { return filter_words_; }
 
-  /// The text with every listed word masked by '*', wherever it stands and in any letter case.
-  /// Words are taken in list order, each from left to right without overlaps; the length never
-  /// changes. The result is `text` itself when nothing is masked, else it lies in `masked`.
+  /// The text with every listed word masked by '*', anywhere and in any letter case. Words are
+  /// masked in list order, each from left to right without overlaps; the length never changes. The
+  /// result is `text` itself if nothing is masked, otherwise it is stored in `masked`.
   std::string_view FilterLanguage(std::string_view text, std::string& masked) const override;
 
  private:
@@ -30,13 +30,14 @@ class LanguageFilter : public ChatFilter {
   std::string filter_words_;
   std::vector<std::string> words_;
 
-  /// For the first, second and third letter: by byte, the words that have it there in either case.
+  /// For the first, second and third letter: by byte, the words that have it in that position, in
+  /// either case.
   std::array<std::array<WordSet, 256>, 3> words_with_{};
 };
 
 namespace modData {
 
-/// The word list of every run.
+/// The built-in word list.
 extern const std::string_view kFilterWords;
 
 /// As many mask characters as the word has characters.

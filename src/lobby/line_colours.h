@@ -1,5 +1,5 @@
-/// The colours of the message view's lines. The view's text carries roles; whoever draws asks for
-/// their pixels here.
+/// The colours of the message view's lines. The text stores roles; painting looks up their colours
+/// here.
 #pragma once
 
 #include <array>
@@ -11,8 +11,8 @@
 
 namespace korvanta {
 
-/// What a stretch of the view's text is drawn as. First and second are the parts of a two-colour
-/// line: up to its first colon, and what follows it.
+/// The colour role of a run of text. First and second are the parts of a two-colour line: up to and
+/// including its first colon, and the rest.
 enum class ColourRole : std::uint8_t {
   Black,
   ChatFirst,

@@ -38,7 +38,7 @@ std::size_t BytesLeftOf(float x, std::string_view bytes, const Advances& advance
 
 Row WrapRow(std::string_view bytes, const Advances& advances, float width) {
   float x = 0;
-  std::size_t word = 0;  // start of the word under way
+  std::size_t word = 0;  // start of the current word
   for (std::size_t at = 0; at < bytes.size(); ++at) {
     const char byte = bytes[at];
     if (IsLineBreak(byte)) {
@@ -52,7 +52,7 @@ Row WrapRow(std::string_view bytes, const Advances& advances, float width) {
     }
     if (x > width) {
       const std::size_t end = word > 0 ? word : std::max<std::size_t>(at, 1);
-      // A break directly behind belongs to this row: it must not make an empty one.
+      // A break directly after belongs to this row: it must not make an empty one.
       if (end == bytes.size() || !IsLineBreak(bytes[end])) {
         return {0, end, end};
       }
@@ -64,7 +64,7 @@ Row WrapRow(std::string_view bytes, const Advances& advances, float width) {
 void TextRows::SetWidth(float width) {
   width_ = width;
   const float narrowest = *std::min_element(advances_.begin(), advances_.end());
-  // What fits, the byte that does not, and a line break behind it.
+  // What fits, the byte that does not, and a line break after it.
   longest_ = static_cast<std::size_t>(std::max(width, 0.0F) / narrowest) + 4;
 }
 
@@ -113,7 +113,7 @@ std::size_t TextRows::StartOf(std::size_t offset) const {
 std::size_t TextRows::Up(std::size_t start, std::size_t count) const {
   while (count > 0 && start > 0) {
     std::vector<std::size_t> above;
-    Walk(LineStart(text_, PreviousCaretPlace(text_, start)), [&above, start](const Row& row) {
+    Walk(LineStart(text_, PreviousCaretPosition(text_, start)), [&above, start](const Row& row) {
       above.push_back(row.start);
       return row.next < start;
     });
@@ -138,7 +138,7 @@ std::size_t TextRows::OffsetInRow(std::size_t start, float x, Aim aim) const {
   const std::size_t offset =
       start + BytesLeftOf(x, text_.Bytes(row.start, row.end), advances_, share);
   const bool on_next_row = offset == row.next && !IsLast(row);
-  return on_next_row && aim != Aim::Edge ? PreviousCaretPlace(text_, offset) : offset;
+  return on_next_row && aim != Aim::Edge ? PreviousCaretPosition(text_, offset) : offset;
 }
 
 float TextRows::XOf(std::size_t offset) const {

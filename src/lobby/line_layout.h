@@ -16,62 +16,62 @@ using Advances = std::array<float, 256>;
 
 float WidthOf(std::string_view bytes, const Advances& advances);
 
-/// Number of the leading bytes that lie left of `x`. The byte under it counts when `x` is beyond
-/// this share of it, from 0 to 1.
+/// Number of leading bytes to the left of `x`. The byte at `x` counts if `x` is beyond this share
+/// of its width, from 0 to 1.
 std::size_t BytesLeftOf(float x, std::string_view bytes, const Advances& advances, float share);
 
 /// One row of text. Where it ends depends on nothing before `start`.
 struct Row {
   std::size_t start;
-  std::size_t end;   ///< behind the last byte to paint
-  std::size_t next;  ///< start of the next row; beyond `end` when a line break lies between
+  std::size_t end;   ///< after the last byte to paint
+  std::size_t next;  ///< start of the next row; beyond `end` if a line break is between them
   bool EndsLine() const { return next > end; }
   bool operator==(const Row&) const = default;
 };
 
-/// The row that begins with `bytes`. It ends at a line break, behind the last space that is
-/// followed by a word that does not fit, or inside a word longer than the row. A space that does
-/// not fit hangs over the edge, one a row.
+/// The row that begins with `bytes`. It ends at a line break, after the last space before a word
+/// that does not fit, or inside a word longer than the row. One space that does not fit may hang
+/// over the edge.
 Row WrapRow(std::string_view bytes, const Advances& advances, float width);
 
-/// What a distance in a row stands for. `Caret` is the nearest place for a caret in the row; `Edge`
-/// is the same, with the end of a wrapped row, the start of the next, within reach; `Byte` is the
-/// byte that is there.
+/// How a distance from the left edge of a row is resolved: `Caret` to the nearest caret position in
+/// the row, `Edge` likewise but including the end of a wrapped row, which is the start of the next,
+/// `Byte` to the byte at that distance.
 enum class Aim { Caret, Edge, Byte };
 
-/// The rows of a text at one width. Only what is asked for is laid out; finding the start of a row
-/// looks back to the start of its line and no further.
+/// The rows of a text at one width, laid out on demand. Finding the start of a row looks back to
+/// the start of its line and no further.
 class TextRows {
  public:
-  /// The references outlive this.
+  /// The references must outlive it.
   TextRows(const ColouredText& text, const Advances& advances) : text_(text), advances_(advances) {
     SetWidth(0);
   }
 
-  /// In logical pixels; at least one byte goes into a row.
+  /// In logical pixels; a row has at least one byte.
   void SetWidth(float width);
 
-  /// Call it after the advances have changed.
+  /// To be called after the advances have changed.
   void AdvancesChanged() { SetWidth(width_); }
 
-  /// The row that starts at `start`, itself a row's start.
+  /// The row at `start`, which must be the start of a row.
   Row At(std::size_t start) const;
 
-  /// Start of the row around `offset`.
+  /// Start of the row that contains `offset`.
   std::size_t StartOf(std::size_t offset) const;
 
-  /// Start of the row `count` rows up or down, or of the first or last row.
+  /// Start of the row `count` rows up or down; of the first or last row if there are not as many.
   std::size_t Up(std::size_t start, std::size_t count) const;
   std::size_t Down(std::size_t start, std::size_t count) const;
 
-  /// What is at that distance from the left edge of the row that starts at `start`; beyond an end
-  /// of the row, the end is meant.
+  /// The offset at the distance `x` from the left edge of the row that starts at `start`, limited
+  /// to the row.
   std::size_t OffsetInRow(std::size_t start, float x, Aim aim) const;
 
   /// Distance of `offset` from the left edge of its row.
   float XOf(std::size_t offset) const;
 
-  /// No row follows it. Behind a final line break stands an empty row.
+  /// Whether no row follows. A final line break is followed by an empty row.
   bool IsLast(const Row& row) const { return row.next == text_.size() && !row.EndsLine(); }
 
  private:
@@ -81,7 +81,7 @@ class TextRows {
   const ColouredText& text_;
   const Advances& advances_;
   float width_ = 0;
-  std::size_t longest_ = 0;  // bytes that decide any row
+  std::size_t longest_ = 0;  // no row depends on more bytes than this
 };
 
 }  // namespace korvanta

@@ -1,5 +1,5 @@
-/// The presenter of the main window itself: its title, the caption of its connect item, and the
-/// check marks of its options. Its areas are things of their own.
+/// The presenter of the main window: its title, the caption of its connect item, and the check
+/// marks of its options. Its areas have presenters of their own.
 #pragma once
 
 #include <functional>
@@ -17,7 +17,7 @@ class MainWindow final : public ConnectionDisplay {
   explicit MainWindow(Options& options) : options_(options) {}
 
   const std::string& title() const { return title_; }
-  /// Empty until the start-up has set it.
+  /// Empty until start-up sets it.
   const std::string& connect_caption() const { return connect_caption_; }
 
   void SetTitle(std::string_view title) override {
@@ -33,15 +33,15 @@ class MainWindow final : public ConnectionDisplay {
     }
   }
 
-  /// A click on an option's item.
+  /// A click on an option's menu item.
   void Toggle(bool Options::*option) {
     options_.*option = !(options_.*option);
     Notify(on_menus_changed);
   }
 
-  /// Start-up is done: the window comes on the screen.
+  /// Shows the window, once start-up is done.
   void Show() const { Notify(on_show); }
-  /// "Exit": the window closes as by its close button.
+  /// "Exit": closes the window as its close button does.
   void Close() const { Notify(on_close); }
 
   std::function<void()> on_title_changed;

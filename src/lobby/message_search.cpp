@@ -11,17 +11,17 @@ void MessageSearch::Start() {
   Stop();
 }
 
-MessageSearch::Outcome MessageSearch::Seek(std::string_view sought) {
-  sought_ = sought;
-  if (sought_.empty()) {
+MessageSearch::Outcome MessageSearch::SetTerm(std::string_view term) {
+  term_ = term;
+  if (term_.empty()) {
     Start();
     return Outcome::Nothing;
   }
-  return place_ == Place::AtMatch ? GoOlder(from_ + sought_.size()) : GoOlder(view_.size());
+  return place_ == Place::AtMatch ? GoOlder(from_ + term_.size()) : GoOlder(view_.size());
 }
 
 MessageSearch::Outcome MessageSearch::Next(Direction direction) {
-  if (sought_.empty()) {
+  if (term_.empty()) {
     return Outcome::Nothing;
   }
   const bool at_match = place_ == Place::AtMatch;
@@ -32,24 +32,23 @@ MessageSearch::Outcome MessageSearch::Next(Direction direction) {
                           : view_.size());
 }
 
-/// To the last match that ends at `to` or before. Then only what lies behind is searched, and what
-/// lies across.
+/// Moves to the last match that ends at `to` or before. If there is none, searches what comes after
+/// `to`, and what overlaps it.
 MessageSearch::Outcome MessageSearch::GoOlder(std::size_t to) {
   const ColouredText& text = view_.text();
-  if (const auto start = FindLast(text, sought_, to)) {
+  if (const auto start = FindLast(text, term_, to)) {
     return Show(start, Outcome::Found);
   }
-  const std::size_t rest = to - std::min(to, sought_.size() - 1);
-  return Show(FindLast(text, sought_, text.size(), rest), Outcome::FoundAgainFromNewest);
+  const std::size_t rest = to - std::min(to, term_.size() - 1);
+  return Show(FindLast(text, term_, text.size(), rest), Outcome::WrappedToNewest);
 }
 
 MessageSearch::Outcome MessageSearch::GoNewer(std::size_t from) {
   const ColouredText& text = view_.text();
-  if (const auto start = FindFirst(text, sought_, from)) {
+  if (const auto start = FindFirst(text, term_, from)) {
     return Show(start, Outcome::Found);
   }
-  return Show(FindFirst(text, sought_, 0, from + sought_.size() - 1),
-              Outcome::FoundAgainFromOldest);
+  return Show(FindFirst(text, term_, 0, from + term_.size() - 1), Outcome::WrappedToOldest);
 }
 
 void MessageSearch::SelectMatch() {
@@ -74,7 +73,7 @@ void MessageSearch::TextChanged(const MessageView::Change& change) {
   }
 }
 
-/// A search in vain keeps its place, so that a typing error does not lose it.
+/// A search without a match keeps its position, so that a typing error does not lose it.
 MessageSearch::Outcome MessageSearch::Show(std::optional<std::size_t> start, Outcome how) {
   if (!start) {
     Stop();
@@ -82,7 +81,7 @@ MessageSearch::Outcome MessageSearch::Show(std::optional<std::size_t> start, Out
   }
   place_ = Place::AtMatch;
   from_ = *start;
-  match_ = {from_, from_ + sought_.size()};
+  match_ = {from_, from_ + term_.size()};
   return how;
 }
 

@@ -1,11 +1,11 @@
-/// The search in the message view: what is sought, and the match that is shown. The view's widget
-/// asks it and draws the match.
+/// The search in the message view: the search term and the current match, which the view's widget
+/// highlights.
 ///
-/// The match is a mark of its own and never the view's selection. With Scroll Lock on, the
-/// selection is the place where lines go in: a search that moved it would send the next lines into
-/// the middle of old ones, and so would one before Scroll Lock is switched on to hold the match in
-/// sight. With Scroll Lock off, the next line would cancel the selection, and the search would lose
-/// its place. Only SelectMatch, which the user asks for, selects it.
+/// The match is independent of the view's selection. With Scroll Lock on, the selection is where
+/// new lines are inserted: a search that moved it would send them into the middle of old lines,
+/// even if Scroll Lock is switched on only afterwards. With Scroll Lock off, the next line would
+/// cancel the selection, and the search would lose its position. Only SelectMatch, at the user's
+/// request, selects the match.
 #pragma once
 
 #include <cstddef>
@@ -19,33 +19,33 @@ namespace korvanta {
 
 class MessageSearch {
  public:
-  /// A chat is read from its end: the newest match comes first, and older ones are next.
+  /// Chat is read from its end: a search begins with the newest match and proceeds to older ones.
   enum class Direction { Older, Newer };
 
-  enum class Outcome { Nothing, Found, FoundAgainFromNewest, FoundAgainFromOldest, NoMatch };
+  enum class Outcome { Nothing, Found, WrappedToNewest, WrappedToOldest, NoMatch };
 
-  /// The view outlives it.
+  /// The view must outlive it.
   explicit MessageSearch(MessageView& view) : view_(view) {}
 
-  /// Begins at the newest line again; what was sought stays.
+  /// Restarts at the newest line; the search term stays.
   void Start();
 
-  /// The text to find has changed: keeps the match while it fits, else goes to an older one.
-  Outcome Seek(std::string_view sought);
+  /// The search term has changed: keeps the match if it still fits, else moves to an older one.
+  Outcome SetTerm(std::string_view term);
 
-  /// To the next match that way, from the other end of the text when there is no more.
+  /// Moves to the next match in that direction, wrapping around at the end of the text.
   Outcome Next(Direction direction);
 
   /// Makes the match the view's selection, as if the user had selected it by hand.
   void SelectMatch();
 
-  /// Shows no match any more; the place in the text is kept.
+  /// Drops the match; the position is kept.
   void Stop() { match_ = {0, 0}; }
 
-  /// Empty when there is none.
+  /// Empty if there is none.
   TextRange match() const { return match_; }
 
-  /// Keeps to the match while the text changes around it. Call it with each change of the view.
+  /// Keeps the match while the text around it changes. To be called with every change of the view.
   void TextChanged(const MessageView::Change& change);
 
  private:
@@ -56,10 +56,10 @@ class MessageSearch {
   Outcome Show(std::optional<std::size_t> start, Outcome how);
 
   MessageView& view_;
-  std::string sought_;
+  std::string term_;
   TextRange match_{0, 0};
   Place place_ = Place::AtNewest;
-  std::size_t from_ = 0;  // start of the last match, where the search is
+  std::size_t from_ = 0;  // start of the last match, the position of the search
 };
 
 }  // namespace korvanta

@@ -42,8 +42,8 @@ TextRange MessageView::selection() const {
 }
 
 void MessageView::Select(std::size_t anchor, std::size_t caret) {
-  anchor = CaretPlace(text_, anchor);
-  caret = CaretPlace(text_, caret);
+  anchor = CaretPosition(text_, anchor);
+  caret = CaretPosition(text_, caret);
   if (anchor == anchor_ && caret == caret_) {
     return;
   }
@@ -70,7 +70,7 @@ std::string MessageView::SelectedText() const {
   return text;
 }
 
-/// Replaces the selection by itself in this colour and the text, and selects nothing behind it.
+/// Recolours the selection, inserts the text after it, and leaves the caret after the text.
 void MessageView::Insert(std::string_view text, ColourRole role) {
   if (text.empty()) {
     return;

@@ -1,6 +1,6 @@
-/// The message view: the only copy of everything said in the lobby, with its colours, its selection
-/// and the place where new lines go in. Everybody writes to it through AppendMessage; its widget
-/// draws straight from it and moves the caret.
+/// The text of the message view: the only copy of everything said in the lobby, with its colours,
+/// the selection and the insertion point. Lines are written by AppendMessage; the widget draws from
+/// it and moves the caret.
 #pragma once
 
 #include <cstddef>
@@ -18,8 +18,8 @@ namespace korvanta {
 
 class MessageView final : public ChatOutput {
  public:
-  /// The text from `offset` on is new for `length` bytes; colours
-  /// directly before it may have changed too.
+  /// For `Inserted`, `length` bytes were inserted at `offset`; the colours just before it may have
+  /// changed as well.
   struct Change {
     enum class What { Inserted, Cleared, Selection, ScrollLock };
     What what;
@@ -27,7 +27,7 @@ class MessageView final : public ChatOutput {
     std::size_t length = 0;
   };
 
-  /// `options` outlives the view; Scroll Lock is read at the moment of need. `chunk_size` as for
+  /// `options` must outlive the view; Scroll Lock is read from it when needed. `chunk_size` as for
   /// ColouredText.
   explicit MessageView(const Options& options, std::size_t chunk_size = ColouredText::kChunkSize)
       : options_(options), text_(chunk_size) {}
@@ -35,16 +35,16 @@ class MessageView final : public ChatOutput {
   MessageView(const MessageView&) = delete;
   MessageView& operator=(const MessageView&) = delete;
 
-  /// Writes one line and its "\r\n". Without Scroll Lock it goes to the end and cancels the
-  /// selection. With it, it goes directly behind the selection, which stays and takes the line's
-  /// first colour; the next line then follows this one. A two-colour text is split behind its first
-  /// colon; without a colon all of it has the second colour.
+  /// Writes a line and "\r\n". Without Scroll Lock the line is appended and the selection
+  /// cancelled. With it, the line is inserted directly after the selected text, which stays and
+  /// takes on the line's first colour; the next line then follows this one. A two-colour text is
+  /// split after its first colon; without a colon all of it has the second colour.
   void AppendMessage(std::string_view text, MessageKind kind) override;
 
-  /// "Clear Window": the view is empty again.
+  /// "Clear Window": empties the view.
   void Clear();
 
-  /// Replaces everything by a text in black, from whose start it is read.
+  /// Replaces everything with a black text, the caret at its start.
   void ShowText(std::string_view text);
 
   const ColouredText& text() const { return text_; }
@@ -52,27 +52,27 @@ class MessageView final : public ChatOutput {
 
   bool IsScrollLocked() const { return options_.mnuScrollLock; }
 
-  /// Call it when the option has been switched; it has no effect on the text.
+  /// To be called when the option has been toggled; does not affect the text.
   void ScrollLockToggled() const { Notify(on_changed, {Change::What::ScrollLock}); }
 
-  /// The ends of the selection: `anchor` stays where `caret` is moved with extension. Both are
-  /// places where a caret may stand.
+  /// The ends of the selection; extending it moves `caret` and keeps `anchor`. Both are caret
+  /// positions.
   std::size_t anchor() const { return anchor_; }
   std::size_t caret() const { return caret_; }
   TextRange selection() const;
 
-  /// Where the next line goes in while Scroll Lock is on: the end of the selection.
+  /// The insertion point of the next line while Scroll Lock is on: the end of the selection.
   std::size_t insertion_point() const { return selection().to; }
 
-  /// Offsets that no caret can have are moved back to the nearest that it can.
+  /// Offsets that are not caret positions are moved back to the nearest one.
   void Select(std::size_t anchor, std::size_t caret);
   void MoveCaret(std::size_t offset, bool extend) { Select(extend ? anchor_ : offset, offset); }
   void SelectAll() { Select(0, size()); }
 
-  /// The selected text as other programs take it: every line break is one "\n".
+  /// The selected text for other programs: every line break is a single "\n".
   std::string SelectedText() const;
 
-  /// Called after each change; calls that change nothing are swallowed.
+  /// Called after each actual change.
   std::function<void(const Change&)> on_changed;
 
  private:

@@ -1,4 +1,4 @@
-/// The news window: the server's news as one plain text.
+/// The presenter of the news window: the server's news as one plain text.
 #pragma once
 
 #include <functional>
@@ -12,15 +12,15 @@ namespace korvanta {
 
 class News final : public NewsReceiver {
  public:
-  /// Loading the window asks for the news when logged in.
+  /// Loading the window requests the news if logged in.
   explicit News(Connection& connection);
 
   WindowLife& window() { return window_; }
 
-  /// The whole news, line breaks as received.
+  /// The whole text, line breaks as received.
   const std::string& rbNews() const { return rbNews_; }
 
-  /// The server's reply replaces the text; creates the window unseen when it is absent.
+  /// Shows the server's reply; creates the window hidden if absent.
   void ShowNews(std::string_view payload) override;
 
   std::function<void()> on_changed;

@@ -1,4 +1,4 @@
-/// The players online, as the server listed them last. `lstOnline` draws from it.
+/// The players online, as the server last listed them. Shown by `lstOnline`.
 #pragma once
 
 #include <cstddef>
@@ -32,13 +32,13 @@ class OnlineList final : public OnlineListReceiver {
   /// In the order received.
   const std::vector<Entry>& entries() const { return entries_; }
 
-  /// Index of the selected entry in `entries()`; a rebuild forgets it.
+  /// Index of the selected entry in `entries()`; a rebuild clears it.
   std::optional<std::size_t> selected() const { return selected_; }
-  /// Called by the list's widget when the user selects. Raises no `on_changed`.
+  /// Called by the widget when the user selects an entry; does not notify.
   void Select(std::optional<std::size_t> index) { selected_ = index; }
 
-  /// Rebuilds the list from the server's message. Raises MessageError at the first broken record;
-  /// what was built until then, the broken entry included, stays.
+  /// Rebuilds the list from the server's message. Throws MessageError at the first malformed
+  /// record; what was built by then, that entry included, stays.
   void ShowOnlineList(std::string_view payload) override;
 
   std::function<void()> on_changed;  ///< the whole list was rebuilt
@@ -51,8 +51,8 @@ class OnlineList final : public OnlineListReceiver {
   std::optional<std::size_t> selected_;
 };
 
-/// The colour of a name by its category, a number in decimal text. Raises MessageError when the
-/// text is not a number; numbers without a colour are black.
+/// The colour of a name by its category, a number in decimal text; black for numbers without a
+/// colour. Throws MessageError if the text is not a number.
 Colour OnlineColour(std::string_view category);
 
 }  // namespace korvanta

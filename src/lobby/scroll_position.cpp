@@ -11,7 +11,7 @@ int ScrollPosition::page() const {
   return static_cast<int>(std::max<std::size_t>(2, whole_rows_)) - 1;
 }
 
-std::size_t ScrollPosition::OffsetAt(ScreenPlace place, Aim aim) const {
+std::size_t ScrollPosition::OffsetAt(ScreenPosition place, Aim aim) const {
   return rows_.OffsetInRow(rows_.Down(top_, place.row), place.x, aim);
 }
 
@@ -23,8 +23,8 @@ void ScrollPosition::TextChanged(const MessageView::Change& change) {
     if (!view_.IsScrollLocked()) {
       follow_ = IsAtEnd();
     }
-    // Text that comes in above, or right at the top, pushes nothing that is seen away; the first
-    // text of an empty view is seen.
+    // Text inserted above the view, or right at its top, does not move what is visible; the first
+    // text of an empty view is shown.
     if (change.offset <= top_ && change.offset + change.length < view_.size()) {
       top_ += change.length;
       wrap_changed_ = true;
@@ -50,7 +50,7 @@ void ScrollPosition::Settle() {
     top_ = anchor_ = last_top_;
   }
   follow_ = wrap_changed_ = end_changed_ = false;
-  if (unseen_.count() > 0 && IsInSight(unseen_.newest())) {
+  if (unseen_.count() > 0 && IsVisible(unseen_.newest())) {
     unseen_.Clear();
   }
   Notify(on_changed);
@@ -83,7 +83,7 @@ void ScrollPosition::Show(std::size_t offset) {
 
 void ScrollPosition::ShowCentred(TextRange range) {
   SettleChanges();
-  if (!IsInSight(range.from) || !IsInSight(range.to)) {
+  if (!IsVisible(range.from) || !IsVisible(range.to)) {
     SetTop(rows_.Up(rows_.StartOf(range.from), whole_rows_ / 2));
   }
 }
@@ -96,17 +96,17 @@ void ScrollPosition::ShowUnseen() {
   }
 }
 
-/// Whether the next line goes in at the end and is to be seen there.
+/// Whether the next line is appended and should be scrolled to.
 bool ScrollPosition::IsAtEnd() const {
   return !view_.IsScrollLocked() && view_.caret() == view_.size();
 }
 
-/// Whether the end is in sight, and not only because all of the text is.
+/// Whether the end is visible, and not just because the whole text fits.
 bool ScrollPosition::IsShowingEnd() const {
   return !end_changed_ && top_ >= last_top_ && (last_top_ > 0 || IsAtEnd());
 }
 
-/// The top nearest to the present one at which the row of `offset` is seen whole.
+/// The top nearest to the current one at which the row of `offset` is fully visible.
 std::size_t ScrollPosition::TopShowing(std::size_t offset) const {
   const std::size_t row = rows_.StartOf(offset);
   return row < top_ ? row : std::max(top_, rows_.Up(row, whole_rows_ - 1));

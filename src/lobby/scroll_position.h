@@ -1,8 +1,8 @@
-/// Where the message view looks: the first row in sight, and what becomes of it while lines come
-/// in, rows wrap anew and the user scrolls. The view's widget draws from that row on.
+/// The scroll position of the message view: its first visible row, and how that changes as lines
+/// arrive, rows are rewrapped and the user scrolls. The view's widget draws from that row on.
 ///
-/// Changes of the text take effect when they are settled, at the latest before the next frame or
-/// the user's next move, however many have come in.
+/// Changes of the text are batched: they take effect when settled, at the latest before the next
+/// frame or the user's next move.
 #pragma once
 
 #include <cstddef>
@@ -14,66 +14,67 @@
 
 namespace korvanta {
 
-/// A place in sight: the row, counted from the first one, and the distance from its left edge.
-struct ScreenPlace {
+/// A visible position: the row, counted from the first visible one, and the distance from its left
+/// edge.
+struct ScreenPosition {
   std::size_t row;
   float x;
 };
 
 class ScrollPosition {
  public:
-  /// Both outlive this. `rows` are of the view's text.
+  /// Both must outlive it. `rows` lays out the view's text.
   ScrollPosition(const MessageView& view, const TextRows& rows);
 
   const TextRows& rows() const { return rows_; }
 
-  /// Offset of the first row in sight, always the start of a row.
+  /// Offset of the first visible row, always the start of a row.
   std::size_t top() const { return top_; }
 
-  /// The largest top: the end of the text is just in sight. The empty row behind the last line
-  /// break counts only while the user can have lines go in there, that is with Scroll Lock.
+  /// The largest top, at which the end of the text is just visible. The empty row after the last
+  /// line break counts only with Scroll Lock, when lines can be inserted there.
   std::size_t last_top() const { return last_top_; }
 
-  /// Lines that came in out of sight while Scroll Lock held the view.
+  /// Lines that arrived out of view while Scroll Lock was on.
   const UnseenLines& unseen() const { return unseen_; }
 
-  /// Rows by which a page moves: all that are seen whole but one, and at least one.
+  /// Rows that a page move scrolls by: one less than are fully visible, but at least one.
   int page() const;
 
-  bool IsInSight(std::size_t offset) const { return TopShowing(offset) == top_; }
-  std::size_t OffsetAt(ScreenPlace place, Aim aim) const;
+  bool IsVisible(std::size_t offset) const { return TopShowing(offset) == top_; }
+  std::size_t OffsetAt(ScreenPosition place, Aim aim) const;
 
-  /// Call it with each change of the view.
+  /// To be called with every change of the view.
   void TextChanged(const MessageView::Change& change);
 
-  /// The changes take effect.
+  /// Applies the changes so far.
   void Settle();
 
-  /// Call it after the rows have got another width or height; `whole_rows` of them, 1 or more, are
-  /// seen whole. The first byte in sight stays there, or the end of the text if it was in sight and
-  /// Scroll Lock is off.
+  /// To be called after the width or height of the rows has changed; `whole_rows` of them, 1 or
+  /// more, are fully visible. Keeps the first visible byte in the first row, or the end of the text
+  /// in view if it was visible and Scroll Lock is off.
   void Rewrap(std::size_t whole_rows);
 
-  /// Call it before the rows change: the end of the text, if it is in sight, is to stay there even
+  /// To be called before such a change: if the end of the text is visible, it is kept in view even
   /// with Scroll Lock.
   void HoldEnd();
 
-  /// To the row around `offset`, or as near to it as the end of the text lets it be.
+  /// Scrolls to the row that contains `offset`, or as close to it as the end of the text allows.
   void ScrollTo(std::size_t offset);
 
-  /// Down, or up with a negative number.
+  /// Scrolls down, or up if negative.
   void ScrollRows(int count);
 
-  /// Scrolls as little as brings the row of `offset` into sight.
+  /// Scrolls as little as needed to show the row of `offset`.
   void Show(std::size_t offset);
 
-  /// Unless all of the range is in sight, brings its start to the middle.
+  /// Unless the whole range is visible, scrolls its start to the middle.
   void ShowCentred(TextRange range);
 
-  /// Scrolls to the newest of the unseen lines; the caret stays.
+  /// Scrolls to the newest of the unseen lines; the caret does not move.
   void ShowUnseen();
 
-  /// Called when the changes have taken effect and after each move.
+  /// Called after the changes have been applied and after each move.
   std::function<void()> on_changed;
 
  private:
@@ -89,9 +90,9 @@ class ScrollPosition {
   UnseenLines unseen_;
 
   std::size_t top_ = 0;
-  std::size_t anchor_ = 0;     // the byte that wrapping anew keeps in the first row
-  std::size_t last_top_ = 0;   // as of the last settling
-  bool follow_ = false;        // the end comes into sight with the next settling
+  std::size_t anchor_ = 0;     // the byte that rewrapping keeps in the first row
+  std::size_t last_top_ = 0;   // as of the last Settle
+  bool follow_ = false;        // the next Settle scrolls to the end
   bool wrap_changed_ = false;  // rows may start elsewhere
   bool end_changed_ = true;    // last_top_ is out of date
 };

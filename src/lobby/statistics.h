@@ -1,5 +1,5 @@
-/// The statistics window: one player's record and awards as the server tells them, and the look-up
-/// of any player by name.
+/// The presenter of the statistics window: one player's record and awards as the server sends them,
+/// and the lookup of any player by name.
 #pragma once
 
 #include <array>
@@ -18,8 +18,8 @@ namespace korvanta {
 /// One read-only field of the window.
 struct StatisticsField {
   std::string_view control;
-  std::string_view label;   ///< with the mark of its mnemonic
-  std::size_t reply_field;  ///< where the server's reply holds its text
+  std::string_view label;   ///< '&' precedes the mnemonic
+  std::size_t reply_field;  ///< its index in the server's reply
 };
 
 /// From top to bottom.
@@ -50,30 +50,30 @@ struct StatisticsState {
 
 namespace modData {
 
-/// Adds the line of an award to the end of the award list; a code without an award adds nothing.
-/// Raises MessageError for a code that is not a number as a whole.
+/// Appends an award's line to the award list; nothing for a code without an award. Throws
+/// MessageError if the whole code is not a number.
 void AddAward(StatisticsState& statistics, std::string_view code);
 
 }  // namespace modData
 
 class Statistics final : public StatisticsReceiver {
  public:
-  /// Loading the window asks for the user's own record when logged in.
+  /// Loading the window requests the user's own record if logged in.
   Statistics(Connection& connection, const ConnectionValues& values);
 
   WindowLife& window() { return window_; }
   const StatisticsState& state() const { return state_; }
 
-  /// The user changed the name to look up; nobody is told, the box shows it already.
+  /// The user edited the name to look up. Does not notify: the box shows it already.
   void UserInputTyped(std::string_view text) { state_.UserInput = text; }
 
-  /// "Search User": asks for the record of the name as typed, spaces included, when logged in and
-  /// the name is not just spaces.
+  /// "Search User": requests the record of the name as typed, spaces included, if logged in and the
+  /// name is not just spaces.
   void SearchClicked();
 
-  /// The server's reply with one player's record; creates the window unseen when it is absent.
-  /// Raises MessageError for a missing field and for a broken award code, after showing everything
-  /// in front of it; an empty reply creates no window.
+  /// Shows the server's reply; creates the window hidden if absent. Throws MessageError for a
+  /// missing field or a malformed award code, after showing everything before it; an empty reply
+  /// creates no window.
   void ShowUserStatistics(std::string_view payload) override;
 
   std::function<void()> on_changed;

@@ -35,32 +35,32 @@ bool IsInsideBreak(const ColouredText& text, std::size_t offset) {
 
 }  // namespace
 
-std::size_t CaretPlace(const ColouredText& text, std::size_t offset) {
+std::size_t CaretPosition(const ColouredText& text, std::size_t offset) {
   const std::size_t place = std::min(offset, text.size());
   return IsInsideBreak(text, place) ? place - 1 : place;
 }
 
-std::size_t NextCaretPlace(const ColouredText& text, std::size_t offset) {
+std::size_t NextCaretPosition(const ColouredText& text, std::size_t offset) {
   if (offset == text.size()) {
     return offset;
   }
   return IsInsideBreak(text, offset + 1) ? offset + 2 : offset + 1;
 }
 
-std::size_t PreviousCaretPlace(const ColouredText& text, std::size_t offset) {
-  return offset == 0 ? 0 : CaretPlace(text, offset - 1);
+std::size_t PreviousCaretPosition(const ColouredText& text, std::size_t offset) {
+  return offset == 0 ? 0 : CaretPosition(text, offset - 1);
 }
 
 std::size_t LineStart(const ColouredText& text, std::size_t offset) {
-  return text.FindBack(CaretPlace(text, offset), IsLineBreak);
+  return text.FindBack(CaretPosition(text, offset), IsLineBreak);
 }
 
 std::size_t LineEnd(const ColouredText& text, std::size_t offset) {
-  return text.Find(CaretPlace(text, offset), IsLineBreak);
+  return text.Find(CaretPosition(text, offset), IsLineBreak);
 }
 
 std::size_t NextLine(const ColouredText& text, std::size_t offset) {
-  return NextCaretPlace(text, LineEnd(text, offset));
+  return NextCaretPosition(text, LineEnd(text, offset));
 }
 
 TextRange LineAt(const ColouredText& text, std::size_t offset) {
@@ -68,7 +68,7 @@ TextRange LineAt(const ColouredText& text, std::size_t offset) {
 }
 
 TextRange WordAt(const ColouredText& text, std::size_t offset) {
-  std::size_t inside = CaretPlace(text, offset);
+  std::size_t inside = CaretPosition(text, offset);
   if (inside == LineEnd(text, inside)) {
     if (inside == LineStart(text, inside)) {
       return {inside, inside};
@@ -80,26 +80,26 @@ TextRange WordAt(const ColouredText& text, std::size_t offset) {
 }
 
 std::size_t NextWord(const ColouredText& text, std::size_t offset) {
-  const std::size_t place = CaretPlace(text, offset);
+  const std::size_t place = CaretPosition(text, offset);
   if (place == text.size()) {
     return place;
   }
   const CharacterClass here = ClassOf(text.At(place));
   if (here == CharacterClass::Break) {
-    return NextCaretPlace(text, place);
+    return NextCaretPosition(text, place);
   }
   return text.Find(text.Find(place, NotOfClass(here)), NotOfClass(CharacterClass::Space));
 }
 
 std::size_t PreviousWord(const ColouredText& text, std::size_t offset) {
-  const std::size_t place = CaretPlace(text, offset);
+  const std::size_t place = CaretPosition(text, offset);
   const std::size_t behind = text.FindBack(place, NotOfClass(CharacterClass::Space));
   if (behind == 0) {
     return 0;
   }
   const CharacterClass before = ClassOf(text.At(behind - 1));
   if (before == CharacterClass::Break) {
-    return behind == place ? PreviousCaretPlace(text, place) : behind;
+    return behind == place ? PreviousCaretPosition(text, place) : behind;
   }
   return text.FindBack(behind, NotOfClass(before));
 }

@@ -1,8 +1,8 @@
-/// Navigation in a long text: its lines, its words and the places where a caret may stand. The
-/// message view and all that moves in it use this.
+/// Navigation in a long text: lines, words and caret positions. Used by the message view and
+/// everything that moves in it.
 ///
-/// A line ends with "\r\n", a lone "\r" or a lone "\n"; the text behind the last break is a line
-/// too, perhaps an empty one. A caret never stands inside a "\r\n". Every offset is in bytes and at
+/// A line ends with "\r\n", a lone "\r" or a lone "\n"; the text after the last break is a line
+/// too, perhaps an empty one. No caret position is inside a "\r\n". Every offset is in bytes and at
 /// most the size of the text.
 #pragma once
 
@@ -22,24 +22,24 @@ struct TextRange {
 
 constexpr bool IsLineBreak(char byte) { return byte == '\r' || byte == '\n'; }
 
-/// The nearest place for a caret at or before `offset`, which may lie beyond the end.
-std::size_t CaretPlace(const ColouredText& text, std::size_t offset);
-std::size_t NextCaretPlace(const ColouredText& text, std::size_t offset);
-std::size_t PreviousCaretPlace(const ColouredText& text, std::size_t offset);
+/// The nearest caret position at or before `offset`, which may be beyond the end.
+std::size_t CaretPosition(const ColouredText& text, std::size_t offset);
+std::size_t NextCaretPosition(const ColouredText& text, std::size_t offset);
+std::size_t PreviousCaretPosition(const ColouredText& text, std::size_t offset);
 
 std::size_t LineStart(const ColouredText& text, std::size_t offset);
 
-/// Where the break of the line lies, or the end of the text.
+/// Offset of the line's break, or the end of the text.
 std::size_t LineEnd(const ColouredText& text, std::size_t offset);
 
-/// Start of the line after; the end of the text when there is none.
+/// Start of the next line; the end of the text if there is none.
 std::size_t NextLine(const ColouredText& text, std::size_t offset);
 
-/// The line around `offset` with its break.
+/// The line that contains `offset`, with its break.
 TextRange LineAt(const ColouredText& text, std::size_t offset);
 
-/// The stretch of letters and digits, of spaces, or of other characters that `offset` lies in;
-/// at the end of a line, the one before it. Empty on an empty line.
+/// The run of letters and digits, of spaces, or of other characters that contains `offset`; at the
+/// end of a line, the run before it. Empty on an empty line.
 TextRange WordAt(const ColouredText& text, std::size_t offset);
 
 /// Start of the next or previous word; the ends of a line count as words.

@@ -10,7 +10,7 @@
 namespace korvanta {
 namespace {
 
-/// Bytes that are read at a time: few at first, as the next match is often near, then more.
+/// Bytes read at a time: few at first, as the next match is often near, then more.
 constexpr std::size_t kFirstBlock = 512;
 constexpr std::size_t kLargestBlock = std::size_t{64} * 1024;
 
@@ -41,9 +41,9 @@ std::string InLowerCase(std::string text) {
 
 }  // namespace
 
-std::optional<std::size_t> FindFirst(const ColouredText& text, std::string_view sought,
+std::optional<std::size_t> FindFirst(const ColouredText& text, std::string_view needle,
                                      std::size_t from, std::size_t to) {
-  const std::string lower = InLowerCase(std::string(sought));
+  const std::string lower = InLowerCase(std::string(needle));
   if (lower.empty()) {
     return std::nullopt;
   }
@@ -63,9 +63,9 @@ std::optional<std::size_t> FindFirst(const ColouredText& text, std::string_view 
   return std::nullopt;
 }
 
-std::optional<std::size_t> FindLast(const ColouredText& text, std::string_view sought,
+std::optional<std::size_t> FindLast(const ColouredText& text, std::string_view needle,
                                     std::size_t to, std::size_t from) {
-  const std::string lower = InLowerCase(std::string(sought));
+  const std::string lower = InLowerCase(std::string(needle));
   if (lower.empty()) {
     return std::nullopt;
   }

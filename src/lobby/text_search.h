@@ -1,5 +1,5 @@
-/// Finds a text in a long one, block by block and in any letter case of Windows-1252. The search in
-/// the message view uses it.
+/// Searches a long text block by block, ignoring the letter case of Windows-1252. Used by the
+/// search in the message view.
 #pragma once
 
 #include <cstddef>
@@ -10,14 +10,14 @@
 
 namespace korvanta {
 
-/// Where the first occurrence starts that lies between `from` and `to`; the end of the text stands
-/// for a larger `to`. An empty text occurs nowhere.
-std::optional<std::size_t> FindFirst(const ColouredText& text, std::string_view sought,
+/// Start of the first occurrence between `from` and `to`; a larger `to` means the end of the text.
+/// An empty `needle` does not occur.
+std::optional<std::size_t> FindFirst(const ColouredText& text, std::string_view needle,
                                      std::size_t from,
                                      std::size_t to = static_cast<std::size_t>(-1));
 
-/// The same for the last.
-std::optional<std::size_t> FindLast(const ColouredText& text, std::string_view sought,
+/// Start of the last such occurrence.
+std::optional<std::size_t> FindLast(const ColouredText& text, std::string_view needle,
                                     std::size_t to, std::size_t from = 0);
 
 }  // namespace korvanta

@@ -1,5 +1,5 @@
-/// Counts the lines that come into the message view out of sight while Scroll Lock holds it.
-/// ScrollPosition keeps the count, the view's widget shows it.
+/// Counts the lines that arrive out of view while Scroll Lock is on. Kept by ScrollPosition, shown
+/// by the view's widget.
 #pragma once
 
 #include <cstddef>
@@ -16,10 +16,10 @@ class UnseenLines {
   /// Start of the newest of them.
   std::size_t newest() const { return newest_; }
 
-  /// They have been seen, or nobody is held back any more.
+  /// The lines have been seen, or Scroll Lock is off.
   void Clear() { count_ = 0; }
 
-  /// Call it with each change of the view.
+  /// To be called with every change of the view.
   void TextChanged(const MessageView::Change& change, bool scroll_locked) {
     if (change.what == MessageView::Change::What::Inserted && scroll_locked) {
       ++count_;

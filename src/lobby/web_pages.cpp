@@ -13,7 +13,7 @@ constexpr int kNoAssociation = 31;
 constexpr int kFileNotFound = 2;
 constexpr int kPathNotFound = 3;
 
-void TellFailure(MessageBox& message_box, const std::string& address, int code) {
+void ReportFailure(MessageBox& message_box, const std::string& address, int code) {
   const std::string quoted = "'" + address + "'";
   if (code == kNoAssociation) {
     message_box.Show(
@@ -33,13 +33,13 @@ void TellFailure(MessageBox& message_box, const std::string& address, int code) 
 }  // namespace
 
 void OpenWebPage(WebOpener& web, MessageBox& message_box, std::string_view address,
-                 std::weak_ptr<const void> asker) {
-  web.Open(address,
-           [&message_box, address = std::string(address), asker = std::move(asker)](int code) {
-             if (code <= kLastFailureCode && !asker.expired()) {
-               TellFailure(message_box, address, code);
-             }
-           });
+                 std::weak_ptr<const void> requester) {
+  web.Open(address, [&message_box, address = std::string(address),
+                     requester = std::move(requester)](int code) {
+    if (code <= kLastFailureCode && !requester.expired()) {
+      ReportFailure(message_box, address, code);
+    }
+  });
 }
 
 }  // namespace korvanta::modData

@@ -1,4 +1,4 @@
-/// The opening of web pages from the Help menu.
+/// Opens web pages from the Help menu.
 #pragma once
 
 #include <memory>
@@ -9,9 +9,9 @@
 
 namespace korvanta::modData {
 
-/// Hands the address to the desktop and returns at once; a failure is told to the user in a message
-/// box when it becomes known, unless `asker` is gone by then. `message_box` outlives `asker`.
+/// Passes the address to the desktop and returns at once. A failure is reported in a message box
+/// when it becomes known, unless `requester` has expired. `message_box` must outlive `requester`.
 void OpenWebPage(WebOpener& web, MessageBox& message_box, std::string_view address,
-                 std::weak_ptr<const void> asker);
+                 std::weak_ptr<const void> requester);
 
 }  // namespace korvanta::modData

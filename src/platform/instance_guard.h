@@ -1,4 +1,4 @@
-/// Finds out whether another copy of the program runs.
+/// Detects whether another instance of the program is running.
 #pragma once
 
 namespace korvanta {
@@ -10,8 +10,8 @@ class InstanceGuard {
   InstanceGuard& operator=(const InstanceGuard&) = delete;
   virtual ~InstanceGuard() = default;
 
-  /// True when another instance of this program, by its file name and its user, is running.
-  /// Otherwise this one counts as running from now on until the guard ends.
+  /// Whether the same user is running another instance of this executable, by its file name. If
+  /// not, this instance counts as running until the guard is destroyed.
   virtual bool IsAnotherRunning() = 0;
 };
 

@@ -7,8 +7,8 @@ namespace korvanta {
 
 enum class MessageIcon { None, Exclamation, Critical };
 
-/// Texts are plain text in Windows-1252. Both calls return when the user has answered; other events
-/// are handled meanwhile, so callers read again what they use after the answer.
+/// Texts are plain text in Windows-1252. Both calls return when the user has answered. Events are
+/// handled meanwhile, so callers must re-read any state that they use afterwards.
 class MessageBox {
  public:
   MessageBox() = default;

@@ -1,4 +1,4 @@
-/// Everything that the client asks of a desktop, in one bundle of references.
+/// Everything the client needs from the desktop, as one bundle of references.
 #pragma once
 
 #include "platform/client_socket.h"
@@ -11,7 +11,7 @@
 
 namespace korvanta {
 
-/// Whoever makes a `Client` owns these and keeps them alive longer than it.
+/// The creator of the `Client` owns these; they must outlive it.
 struct Platform {
   ClientSocket& socket;
   TimerFactory& timers;

@@ -1,4 +1,4 @@
-/// The per-user store of the program's settings; the settings module is its one user.
+/// The per-user store of the program's settings. Used by the settings module alone.
 #pragma once
 
 #include <string>
@@ -6,9 +6,9 @@
 
 namespace korvanta {
 
-/// A map from (section, key) to text. Sections and keys are taken exactly as given, slashes and
-/// spaces included; texts are bytes in Windows-1252 and come back unchanged, every value of a byte
-/// allowed. Entries that nobody saves stay as they are.
+/// A map from (section, key) to text. Sections and keys are used verbatim, slashes and spaces
+/// included. Texts are bytes in Windows-1252: every byte value is allowed and read back unchanged.
+/// Entries that are not saved keep what is stored.
 class SettingsStore {
  public:
   SettingsStore() = default;
@@ -16,15 +16,15 @@ class SettingsStore {
   SettingsStore& operator=(const SettingsStore&) = delete;
   virtual ~SettingsStore() = default;
 
-  /// The stored text, or `default_text` when the entry is absent or the store cannot be read.
+  /// The stored text, or `default_text` if the entry is absent or the store cannot be read.
   virtual std::string Get(std::string_view section, std::string_view key,
                           std::string_view default_text) = 0;
 
-  /// Creates or replaces an entry; it lasts once `Commit` has said so.
+  /// Creates or replaces an entry; permanent only after a successful `Commit`.
   virtual void Save(std::string_view section, std::string_view key, std::string_view text) = 0;
 
-  /// Writes everything saved, all of it or nothing. Returns an empty text on success, otherwise one
-  /// sentence for the user; what was stored before is then untouched.
+  /// Writes everything saved, all or nothing. Returns an empty text on success; otherwise one
+  /// sentence for the user, and what was stored before is untouched.
   virtual std::string Commit() = 0;
 };
 

@@ -12,8 +12,8 @@ class SoundPlayer {
   SoundPlayer& operator=(const SoundPlayer&) = delete;
   virtual ~SoundPlayer() = default;
 
-  /// Starts the file and returns at once. `file` is relative to the program's folder, with forward
-  /// slashes. A missing file or device is silence.
+  /// Starts playing the file and returns at once. `file` is relative to the program's folder, with
+  /// forward slashes. Silent if the file or a sound device is missing.
   virtual void Play(std::string_view file) = 0;
 };
 

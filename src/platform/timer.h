@@ -1,4 +1,4 @@
-/// Periodic timers of the user-interface thread, and the maker of them.
+/// Periodic timers of the user-interface thread, and their factory.
 #pragma once
 
 #include <chrono>
@@ -7,7 +7,7 @@
 
 namespace korvanta {
 
-/// A periodic timer, disabled when made.
+/// A periodic timer, disabled at first.
 class Timer {
  public:
   Timer() = default;
@@ -15,8 +15,8 @@ class Timer {
   Timer& operator=(const Timer&) = delete;
   virtual ~Timer() = default;
 
-  /// Enabling starts a whole period, also when the timer was enabled already. A timer may be
-  /// disabled from inside its own tick.
+  /// Enabling starts a full period, even if the timer was enabled already. A timer may be disabled
+  /// from its own tick.
   virtual void SetEnabled(bool enabled) = 0;
   virtual bool IsEnabled() const = 0;
 

@@ -1,4 +1,4 @@
-/// Hands a web address to the desktop.
+/// Opens web addresses on the desktop.
 #pragma once
 
 #include <functional>
@@ -13,10 +13,10 @@ class WebOpener {
   WebOpener& operator=(const WebOpener&) = delete;
   virtual ~WebOpener() = default;
 
-  /// Opens an http or https address. `done` is called at most once, from inside this call or from
-  /// the event loop however much later, but never after the opener is gone. Its code is above 32
-  /// on success; 31 when no program is there to open it, 2 or 3 when the file or path was not
-  /// found, and any other code from 0 to 32 for other failures.
+  /// Opens an http or https address. `done` is called at most once, during this call or later from
+  /// the event loop, but never after the opener is destroyed. Its code is above 32 on success; 31
+  /// if no program can open the address, 2 or 3 if the file or path was not found, and another code
+  /// up to 32 for any other failure.
   virtual void Open(std::string_view address, std::function<void(int code)> done) = 0;
 };
 

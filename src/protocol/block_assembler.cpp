@@ -35,17 +35,17 @@ std::string BlockAssembler::Take(Time now, bool at_end) {
   return block;
 }
 
-std::optional<BlockAssembler::Time> BlockAssembler::RestDeadline() const {
+std::optional<BlockAssembler::Time> BlockAssembler::RemainderDeadline() const {
   if (HasBlock() || bytes_.empty()) {
     return std::nullopt;
   }
-  return last_byte_ + kRestWait;
+  return last_byte_ + kRemainderWait;
 }
 
 std::size_t BlockAssembler::NextLength(Time now, bool at_end) const {
-  const bool is_rest_due =
-      due_ == 0 && (bytes_.size() >= kRestLimit || now >= last_byte_ + kRestWait);
-  const std::size_t due = at_end || is_rest_due ? bytes_.size() : due_;
+  const bool is_remainder_due =
+      due_ == 0 && (bytes_.size() >= kRemainderLimit || now >= last_byte_ + kRemainderWait);
+  const std::size_t due = at_end || is_remainder_due ? bytes_.size() : due_;
   if (due <= kBlockLimit) {
     return due;
   }
@@ -53,7 +53,7 @@ std::size_t BlockAssembler::NextLength(Time now, bool at_end) const {
   if (last == std::string::npos) {
     last = bytes_.find(kMessageTerminator, kBlockLimit);
   }
-  return std::min(last == std::string::npos ? due : last + 1, kRestLimit);
+  return std::min(last == std::string::npos ? due : last + 1, kRemainderLimit);
 }
 
 }  // namespace korvanta

@@ -1,5 +1,5 @@
-/// Cuts the stream of received bytes into the blocks that the client handles; the client socket is
-/// its one user.
+/// Cuts the stream of received bytes into the blocks that the client handles. Used by the client
+/// socket.
 #pragma once
 
 #include <chrono>
@@ -10,44 +10,44 @@
 
 namespace korvanta {
 
-/// What arrives at once is one block, also when it ends in the middle of a message. But a network
-/// path may cut a long message where nobody meant to. Therefore, behind an arrival that may have
-/// been cut, a rest without its terminator waits a while for its continuation. Time is passed in by
-/// the caller and never goes back.
+/// The bytes of one read are one block, even if it ends in the middle of a message. But the network
+/// may split a long message. So when a read may have been split, the incomplete message at its end,
+/// the remainder, is held back for a while until more of it arrives. The caller passes in the time,
+/// which must not decrease.
 class BlockAssembler {
  public:
   using Time = std::chrono::steady_clock::time_point;
 
-  /// The smallest segment that every network path carries: a shorter arrival was not cut.
+  /// Every network path carries a segment of this size whole: a shorter read was not split.
   static constexpr std::size_t kSmallestSegment = 536;
-  /// The most that the caller adds at once: an arrival of this size was cut by the caller and goes
-  /// on in the next. Nor is a block of several messages longer, so that one event stays short. A
-  /// message that is longer by itself makes a block alone.
+  /// The most that the caller adds at once: a read of this size was cut off there and continues in
+  /// the next. It also limits a block of several messages, so that no event takes long; a single
+  /// longer message is a block by itself.
   static constexpr std::size_t kBlockLimit = std::size_t{64} * 1024;
-  /// Longest rest that waits, and so the longest block of all.
-  static constexpr std::size_t kRestLimit = std::size_t{1024} * 1024;
-  /// How long a rest waits after its last byte.
-  static constexpr std::chrono::milliseconds kRestWait{250};
+  /// The longest remainder that is held back, and so the longest block.
+  static constexpr std::size_t kRemainderLimit = std::size_t{1024} * 1024;
+  /// How long a remainder is held back after its last byte.
+  static constexpr std::chrono::milliseconds kRemainderWait{250};
 
-  /// These bytes arrived at once.
+  /// Adds the bytes of one read.
   void Add(std::string_view bytes, Time now);
 
-  /// The next block that is due, empty when there is none. With `at_end` no more bytes will come
-  /// and everything is due.
+  /// Removes and returns the next block that is due; empty if none is. With `at_end` no more bytes
+  /// will arrive, and everything is due.
   std::string Take(Time now, bool at_end);
 
-  /// A block is due whatever the time.
-  bool HasBlock() const { return due_ > 0 || bytes_.size() >= kRestLimit; }
+  /// Whether a block is due, regardless of the time.
+  bool HasBlock() const { return due_ > 0 || bytes_.size() >= kRemainderLimit; }
 
-  /// When the rest is due unless its continuation comes first; nothing while no rest waits.
-  std::optional<Time> RestDeadline() const;
+  /// When the remainder will be due unless more arrives first; nothing if none is held back.
+  std::optional<Time> RemainderDeadline() const;
 
  private:
   std::size_t NextLength(Time now, bool at_end) const;
 
   std::string bytes_;
-  std::size_t due_ = 0;           ///< so many bytes of `bytes_` wait for nothing
-  std::size_t last_arrival_ = 0;  ///< its length
+  std::size_t due_ = 0;           ///< bytes at the front of `bytes_` that are due
+  std::size_t last_arrival_ = 0;  ///< length of the last read
   Time last_byte_{};
 };
 

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::chrono::milliseconds kConnectTickPeriod{1000};
 
-/// The tick after which an attempt is given up is the one that finds this count.
+/// The attempt is given up at the tick that finds this count.
 constexpr std::int16_t kLastConnectTick = 7;
 
 std::string TitleOf(bool connected) {
@@ -43,7 +43,7 @@ void Connection::StartConnection() {
   tmrConnect_->SetEnabled(true);
   wsClient_.Close();
   if (values_.IsConnected) {
-    modData::ShowConnectionState(display_, values_, false);  // a close of our own raises no event
+    modData::ShowConnectionState(display_, values_, false);  // closing it ourselves raises no event
   }
   wsClient_.Connect(server_address_, kServerPort);
   WriteStatus("Connecting as " + values_.CurrentUserName + "...");

@@ -1,5 +1,5 @@
-/// The one connection to the game server: attempt, time-out, handshake and end, and what the main
-/// window shows of them. The login dialog starts it, the dispatcher completes it.
+/// The connection to the game server: connecting, time-out, handshake and end, and how the main
+/// window shows them. The login dialog starts it; the dispatcher passes it the answer to the login.
 #pragma once
 
 #include <memory>
@@ -24,7 +24,7 @@ void ShowConnectionState(ConnectionDisplay& display, ConnectionValues& values, b
 /// The application title, on the main window and on message boxes without a title of their own.
 inline constexpr std::string_view kApplicationTitle = "Korvanta";
 
-/// The program's version as it is shown and sent: major, a point, minor.
+/// The program's version as shown and sent: "major.minor".
 inline constexpr std::string_view kVersionText = "1.6";
 
 class Connection {
@@ -33,26 +33,25 @@ class Connection {
   Connection(ClientSocket& wsClient, TimerFactory& timers, ConnectionValues& values,
              ChatOutput& chat, ConnectionDisplay& display, std::string server_address);
 
-  /// Starts an attempt for `CurrentUserName`, ending any other and any login: eight ticks of
-  /// `tmrConnect` until it is given up.
+  /// Connects as `CurrentUserName`, ending any other attempt or connection first. Gives up at the
+  /// eighth tick of `tmrConnect`.
   void StartConnection();
 
-  /// Asks the server to close, when logged in. Nothing changes until it does.
+  /// If logged in, asks the server to close the connection; nothing changes until it does.
   void Disconnect();
 
-  /// The server has answered the login, and the connection has not ended since.
+  /// Whether the server has accepted the login on the current connection.
   bool IsLoggedIn() const { return values_.IsConnected; }
 
-  /// The socket's own state, which already holds during the handshake.
+  /// The state of the socket, which is connected already during the handshake.
   bool IsSocketConnected() const { return wsClient_.IsConnected(); }
 
-  /// Each sends a whole message in one call, or nothing when its condition does not hold; returns
-  /// whether the message was sent.
+  /// Send a whole message in one call if the condition holds; return whether it was sent.
   bool SendIfLoggedIn(std::string_view message);
   bool SendIfSocketConnected(std::string_view message);
 
-  /// The server's answer to the login: takes over the name, then the id, then shows the connected
-  /// state. Raises MessageError for a broken answer; the name may then be taken over already.
+  /// Handles the server's answer to the login: stores the name, then the id, then shows the
+  /// connected state. Throws MessageError for a malformed answer, perhaps after storing the name.
   void AcceptLogin(std::string_view payload);
 
  private:

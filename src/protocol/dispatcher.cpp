@@ -47,10 +47,10 @@ void Handle(const InboundTargets& targets, ServerMessage message, std::string_vi
   }
 }
 
-/// Every piece goes through all tests: they go on after a match, on what the handler left.
+/// Every piece is tested for every tag: after a match, the remaining tests look at its payload.
 void HandlePiece(const InboundTargets& targets, std::string_view message) {
   for (const auto& row : kServerMessages) {
-    // Every tag of a server has the same length; saying so spares a call for each test.
+    // All tags of a server have the same length; a constant length spares a call per test.
     if (message.starts_with(std::string_view(row.tag.data(), kTagLength))) {
       if (row.layout != Layout::Ignored) {
         message.remove_prefix(kTagLength);
@@ -68,7 +68,7 @@ void Dispatcher::HandleBlock(std::string_view block) {
       HandlePiece(targets_, piece);
     }
   } catch (const std::exception&) {
-    // A broken message, or memory that ran out over it: the rest of the block is dropped.
+    // A malformed message, or one that exhausted the memory: the rest of the block is dropped.
   }
 }
 

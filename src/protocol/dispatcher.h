@@ -1,5 +1,5 @@
-/// The inbound dispatcher: everything that the server sends goes through it, one received block at
-/// a time. The client gives it the socket's data arrivals.
+/// Dispatches everything that the server sends, one received block at a time. The client passes it
+/// what the socket receives.
 #pragma once
 
 #include <string_view>
@@ -12,9 +12,9 @@ class Dispatcher {
  public:
   explicit Dispatcher(InboundTargets targets) : targets_(targets) {}
 
-  /// Handles a received block, piece by piece. Keeps nothing afterwards: a message cut between two
-  /// blocks is two pieces. The first error drops the rest of the block silently; what was done
-  /// before stays done.
+  /// Handles a received block piece by piece. Keeps no state between blocks: a message split across
+  /// two is two pieces. The first error silently drops the rest of the block; earlier effects
+  /// remain.
   void HandleBlock(std::string_view block);
 
  private:

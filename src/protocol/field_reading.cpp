@@ -22,7 +22,7 @@ std::size_t CountDigits(std::string_view text) {
   return static_cast<std::size_t>(end - text.begin());
 }
 
-/// Characters of the longest number that the text starts with; 0 when it starts with none.
+/// Length of the longest number that the text starts with; 0 if it starts with none.
 std::size_t LeadingNumberLength(std::string_view text) {
   std::size_t at = 0;
   if (!text.empty() && (text[0] == '+' || text[0] == '-')) {
@@ -73,7 +73,7 @@ bool Overflows(std::string_view number) {
   return shift > -magnitude;
 }
 
-/// The value of a text that is a number as a whole.
+/// The value of a text that is known to be a number.
 double NumberValue(std::string_view number) {
   const bool negative = number[0] == '-';
   if (negative || number[0] == '+') {

@@ -1,5 +1,5 @@
-/// The handlers of those messages that ask for more than one call on the thing they change. The
-/// dispatcher calls them.
+/// Handlers for the messages whose effect takes more than one call on a receiver. Called by the
+/// dispatcher.
 #pragma once
 
 #include <string_view>
@@ -11,7 +11,7 @@
 
 namespace korvanta {
 
-/// What messages change and the options that they depend on.
+/// What inbound messages act on, and the options that they depend on.
 struct InboundTargets {
   Connection& connection;
   const Options& options;
@@ -26,7 +26,7 @@ struct InboundTargets {
   TournamentReceiver& tournament;
 };
 
-/// Each takes the payload and raises MessageError when it is broken.
+/// Each throws MessageError for a malformed payload.
 namespace inbound {
 
 void LoginNotice(const InboundTargets& targets, std::string_view payload);

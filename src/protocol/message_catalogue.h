@@ -1,6 +1,5 @@
-/// Every message that a client may send, one function each, in catalogue order; this one never
-/// sends the keep-alive by itself. Each returns the whole message, ready for one send; texts go out
-/// as they stand, nothing is escaped or checked.
+/// The messages that a client may send, one function each. Each returns the whole message, ready
+/// for one send; texts are neither escaped nor checked. This client never sends the keep-alive.
 #pragma once
 
 #include <cstdint>

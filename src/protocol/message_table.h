@@ -1,6 +1,5 @@
-/// The table of messages: every message of the protocol once, with its tag and its fields. Whoever
-/// needs a tag or a field takes it from here: the catalogue, the dispatcher, the practice server
-/// and the fuzz targets.
+/// The table of messages: every message of the protocol once, with its tag and its fields. The
+/// catalogue, the dispatcher, the practice server and the fuzz targets take both from here.
 #pragma once
 
 #include <algorithm>
@@ -60,7 +59,7 @@ enum class ServerMessage : std::uint8_t {
   TeamNames,
 };
 
-/// What a field holds. A receiver may all the same take it as a text.
+/// What a field holds. A receiver may still treat it as text.
 enum class FieldRole : std::uint8_t {
   Text,
   Number,
@@ -85,13 +84,13 @@ class FieldRoles {
   std::size_t size_;
 };
 
-/// How a payload is made up of the fields.
+/// How a payload is made up of its fields.
 enum class Layout : std::uint8_t {
-  Fields,             ///< each once; a field that is the only one is the whole payload
-  FieldsAndEmptyOne,  ///< likewise, with an empty field behind the last
-  Repeated,           ///< the one field any number of times
-  Records,            ///< any number of records, each with each of the fields
-  Ignored,            ///< whatever it is, it is not read, and the tag is left in front of it
+  Fields,               ///< each once; a single field is the whole payload
+  FieldsAndEmptyField,  ///< likewise, followed by an empty field
+  Repeated,             ///< its one field, any number of times
+  Records,              ///< any number of records, each with each of the fields
+  Ignored,              ///< never read; the tag stays in front of it
 };
 
 template <typename Message>
@@ -115,14 +114,14 @@ inline constexpr auto kClientMessages = [] {
       {LookUpStatistics, "[bre]", {Text}},
       {EnterGame, "[jon]"},
       {TopicInformation, "[inf]", {Integer}},
-      {ResearchTopic, "[upg]", {Integer, Integer}, Layout::FieldsAndEmptyOne},
+      {ResearchTopic, "[upg]", {Integer, Integer}, Layout::FieldsAndEmptyField},
       {RequestNews, "[nws]"},
       {RequestTournamentInfo, "[tif]"},
       {RequestTeamList, "[ttm]"},
-      {StartTournament, "[tcr]", {Text, Text, Text}, Layout::FieldsAndEmptyOne},
+      {StartTournament, "[tcr]", {Text, Text, Text}, Layout::FieldsAndEmptyField},
       {SetTournamentGame, "[tst]"},
       {EndTournament, "[ted]"},
-      {JoinTeam, "[tjo]", {Text, Text}, Layout::FieldsAndEmptyOne},
+      {JoinTeam, "[tjo]", {Text, Text}, Layout::FieldsAndEmptyField},
       {DisbandTeam, "[tdb]"},
       {KickPlayer, "[tkp]", {Text}},
   });
@@ -175,7 +174,7 @@ static_assert(std::all_of(kServerMessages.begin(), kServerMessages.end(), [](con
   return &row == &RowOf(row.message) && row.tag.size() == kTagLength;
 }));
 
-/// The row of `table` whose tag the message starts with; null when none has it.
+/// The row of `table` whose tag the message starts with; null if none has it.
 template <typename Table>
 const typename Table::value_type* FindRow(const Table& table, std::string_view message) {
   const auto row = std::find_if(table.begin(), table.end(), [&](const auto& candidate) {
@@ -184,14 +183,14 @@ const typename Table::value_type* FindRow(const Table& table, std::string_view m
   return row == table.end() ? nullptr : &*row;
 }
 
-/// A whole message with each of its fields, texts, in order. A field too few or too many does not
+/// A whole message from the texts of its fields, in order. The wrong number of fields does not
 /// compile. Nothing is escaped.
 template <auto message, typename... Fields>
 std::string BuildMessage(const Fields&... fields) {
   constexpr const auto& row = RowOf(message);
   static_assert(row.layout != Layout::Repeated && row.layout != Layout::Records);
   static_assert(sizeof...(fields) == row.fields.size());
-  if constexpr (row.layout == Layout::FieldsAndEmptyOne) {
+  if constexpr (row.layout == Layout::FieldsAndEmptyField) {
     return BuildMessage(row.tag, {fields..., std::string_view()});
   } else {
     return BuildMessage(row.tag, {fields...});

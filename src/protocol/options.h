@@ -1,5 +1,4 @@
-/// The player's six options, one set for the program: toggled by the menus, stored by the settings,
-/// read at the moment of need.
+/// The player's six options: toggled in the menus, stored by the settings, read when needed.
 #pragma once
 
 namespace korvanta {

@@ -1,6 +1,5 @@
-/// What the protocol asks of the floors above it: for each thing that a server's message changes,
-/// the narrow interface through which its handler does so. The things implement them, the client
-/// plugs them in.
+/// What the protocol needs from the floors above it: a narrow interface for each thing that a
+/// server's message changes. The things implement them; the client connects them.
 #pragma once
 
 #include <cstdint>
@@ -25,7 +24,7 @@ class ChatFilter {
  public:
   virtual ~ChatFilter() = default;
 
-  /// The text as it may be shown: `text` itself, or a masked copy that lies in `masked`.
+  /// The text to show: `text` itself, or a masked copy stored in `masked`.
   virtual std::string_view FilterLanguage(std::string_view text, std::string& masked) const = 0;
 };
 
@@ -56,8 +55,8 @@ class BoardReceiver {
   virtual void ShowClearedBoard() = 0;
 };
 
-// Those that follow read their own payloads and raise MessageError from a broken one, keeping what
-// they did before.
+// The following read their payloads themselves. They throw MessageError for a malformed one;
+// earlier effects remain.
 
 class OnlineListReceiver {
  public:

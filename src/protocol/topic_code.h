@@ -5,7 +5,7 @@
 
 namespace korvanta {
 
-/// A server may send any other 16-bit value.
+/// Servers may send any other 16-bit value.
 enum class TopicCode : std::int16_t {
   Military = 1,
   Industry,

@@ -15,8 +15,8 @@ inline constexpr char kMessageTerminator = '\x00';
 inline constexpr char kFieldSeparator = '\x01';
 inline constexpr char kRecordSeparator = '\x02';
 
-/// Characters of a tag, brackets included. The keep-alive, which only the client sends, has the one
-/// shorter tag.
+/// Length of a tag, brackets included. Only the keep-alive, which servers never send, has a shorter
+/// one.
 inline constexpr std::size_t kTagLength = 5;
 
 /// TCP port of the game server.
@@ -51,7 +51,7 @@ class Split {
     Iterator(std::string_view text, char separator);
 
     std::string_view piece_;
-    std::string_view rest_;  // behind the separator that ended piece_
+    std::string_view rest_;  // after the separator that ended piece_
     char separator_ = 0;
     bool last_ = true;  // no separator ended piece_
     bool done_ = true;

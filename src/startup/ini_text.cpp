@@ -31,28 +31,26 @@ IniText::IniText(std::string_view text) {
   }
 }
 
-void IniText::AddLine(std::string_view whole_line, std::string_view& section) {
-  // A byte order mark is part of no name. It belongs to the line all the same, but for the first
-  // one that is kept: there it belongs to the file.
-  std::string_view text = whole_line;
+void IniText::AddLine(std::string_view raw_line, std::string_view& section) {
+  // A byte order mark is never part of a name. It stays with its line, except in the first line
+  // kept, where it belongs to the file.
+  std::string_view text = raw_line;
   while (text.starts_with(kByteOrderMark)) {
     text = Trim(text.substr(kByteOrderMark.size()), kBlanks);
   }
   const std::size_t equals = text.find('=');
-  const bool is_remark = text.empty() || text.front() == ';' || text.front() == '#';
+  const bool is_comment = text.empty() || text.front() == ';' || text.front() == '#';
   const bool is_header = text.starts_with('[') && text.ends_with(']');
   const bool is_entry = equals != std::string_view::npos && equals > 0;
-  if (HasControlCharacter(text) || !(is_remark || is_header || is_entry)) {
+  if (HasControlCharacter(text) || !(is_comment || is_header || is_entry)) {
     malformed_line_ = malformed_line_.value_or(std::string(text));
     return;
   }
-  Line line{.section = {},
-            .key = {},
-            .value = {},
-            .text = std::string(lines_.empty() ? text : whole_line)};
+  Line line{
+      .section = {}, .key = {}, .value = {}, .text = std::string(lines_.empty() ? text : raw_line)};
   if (is_header) {
     section = Trim(text.substr(1, text.size() - 2), kBlanks);
-  } else if (!is_remark) {
+  } else if (!is_comment) {
     line.key = Trim(text.substr(0, equals), kBlanks);
     line.value = Trim(text.substr(equals + 1), kBlanks);
   }
@@ -72,21 +70,21 @@ std::optional<std::string_view> IniText::Find(std::string_view section,
 
 void IniText::Set(std::string_view section, std::string_view key, std::string_view value) {
   Line entry{std::string(section), std::string(key), std::string(value), EntryLine(key, value)};
-  auto behind = lines_.end();
+  auto insert_at = lines_.end();
   for (auto line = lines_.begin(); line != lines_.end(); ++line) {
     if (line->section == section && !line->text.empty()) {
       if (line->key == key) {
         *line = std::move(entry);
         return;
       }
-      behind = line + 1;
+      insert_at = line + 1;
     }
   }
-  if (behind == lines_.end() && (lines_.empty() || lines_.back().section != section)) {
+  if (insert_at == lines_.end() && (lines_.empty() || lines_.back().section != section)) {
     lines_.push_back({entry.section, {}, {}, "[" + entry.section + "]"});
-    behind = lines_.end();
+    insert_at = lines_.end();
   }
-  lines_.insert(behind, std::move(entry));
+  lines_.insert(insert_at, std::move(entry));
 }
 
 std::string IniText::Text() const {

@@ -1,4 +1,4 @@
-/// The text of a small file of sections, keys and values; used for the settings and the deployment
+/// The text of a small file of sections, keys and values. Used for the settings and the deployment
 /// values.
 #pragma once
 
@@ -10,23 +10,24 @@
 namespace korvanta {
 
 /// Lines "[section]", "key=value", and comments that start with ';' or '#'. Names and values are
-/// raw bytes without the blanks around them and without byte order marks before them. Whatever is
-/// not replaced keeps its line, without the blanks around it, and its place.
+/// raw bytes, without blanks around them and byte order marks before them. Lines that are not
+/// replaced keep their text, trimmed, and their position.
 class IniText {
  public:
   IniText() = default;
 
-  /// Takes every line that makes sense; `MalformedLine` is the first that does not.
+  /// Parses every well-formed line; `MalformedLine` is the first that is not.
   explicit IniText(std::string_view text);
 
-  /// A line that is none of the three or holds control characters; it is not part of `Text`.
+  /// The first line that is none of the three or holds control characters. Such lines are not part
+  /// of `Text`.
   const std::optional<std::string>& MalformedLine() const { return malformed_line_; }
 
-  /// The value of the first such entry.
+  /// The value of the first entry of that name.
   std::optional<std::string_view> Find(std::string_view section, std::string_view key) const;
 
-  /// Replaces the entry, or puts it at the end of its section. Nothing given may hold line breaks
-  /// or begin or end with a blank, and names none of the characters that end them.
+  /// Replaces the entry, or adds it at the end of its section. No argument may hold line breaks or
+  /// begin or end with a blank, and no name any of "=[];#".
   void Set(std::string_view section, std::string_view key, std::string_view value);
 
   std::string Text() const;
@@ -34,12 +35,12 @@ class IniText {
  private:
   struct Line {
     std::string section;
-    std::string key;  ///< empty for what is not an entry
+    std::string key;  ///< empty if the line is not an entry
     std::string value;
     std::string text;
   };
 
-  void AddLine(std::string_view whole_line, std::string_view& section);
+  void AddLine(std::string_view raw_line, std::string_view& section);
 
   std::vector<Line> lines_;
   std::optional<std::string> malformed_line_;

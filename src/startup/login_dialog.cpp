@@ -9,7 +9,7 @@ namespace korvanta {
 namespace {
 
 constexpr std::string_view kServerName = "Korvanta Beta Server";
-constexpr std::size_t kShortestCredential = 4;
+constexpr std::size_t kMinCredentialLength = 4;
 
 }  // namespace
 
@@ -68,7 +68,7 @@ void LoginDialog::SaveClicked(bool checked) { Set(form_.chkSave, checked); }
 void LoginDialog::UserNameTyped(std::string_view text) {
   if (text != form_.cboUsernames) {
     form_.cboUsernames = text;
-    TakeSavedUser(NameSource::Typed);
+    ApplySavedLogin(NameSource::Typed);
     Notify(on_changed);
   }
 }
@@ -76,12 +76,12 @@ void LoginDialog::UserNameTyped(std::string_view text) {
 void LoginDialog::UserNameChosen(std::size_t index) {
   if (index < form_.cboUsernames_list.size()) {
     form_.cboUsernames = form_.cboUsernames_list[index];
-    TakeSavedUser(NameSource::Chosen);
+    ApplySavedLogin(NameSource::Chosen);
     Notify(on_changed);
   }
 }
 
-void LoginDialog::TakeSavedUser(NameSource source) {
+void LoginDialog::ApplySavedLogin(NameSource source) {
   if (saved_logins_.HasOnlyPlaceholder()) {
     return;
   }
@@ -93,14 +93,14 @@ void LoginDialog::TakeSavedUser(NameSource source) {
     if (source == NameSource::Typed) {
       form_.cboUsernames = login.UserName;
     }
-    TakePassword(login);
+    ApplySavedPassword(login);
     if (form_.chkSave) {
       return;
     }
   }
 }
 
-void LoginDialog::TakePassword(const SavedLogin& login) {
+void LoginDialog::ApplySavedPassword(const SavedLogin& login) {
   form_.chkSave = !login.Password.empty();
   if (form_.chkSave) {
     form_.txtPassword = login.Password;
@@ -130,7 +130,7 @@ bool LoginDialog::CheckForm() {
     message_box_.Show("No server has been selected", "Server Needed", MessageIcon::Exclamation);
     return false;
   }
-  if (std::min(password.size(), name.size()) < kShortestCredential) {
+  if (std::min(password.size(), name.size()) < kMinCredentialLength) {
     message_box_.Show("Username & Password must contain 4 or more characters",
                       "Invalid Character Length", MessageIcon::Exclamation);
     return false;
@@ -157,7 +157,7 @@ void LoginDialog::RemoveUserClicked() {
     }
     *login = {};
   }
-  // The dialog may have been unloaded while the question stood.
+  // The dialog may have been unloaded while the question was open.
   if (window_.state() == WindowLife::State::Absent) {
     return;
   }
@@ -193,7 +193,7 @@ void LoginDialog::FillSavedUsers() {
     form_.cboUsernames_list.push_back(login.UserName);
     if (SameName(login.UserName, saved_logins_.LastUser)) {
       form_.cboUsernames = login.UserName;
-      TakePassword(login);
+      ApplySavedPassword(login);
     }
   }
 }

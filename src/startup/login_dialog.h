@@ -1,5 +1,5 @@
-/// The login dialog's logic: it takes a server name, a user name and a password, remembers the user
-/// and starts the connection. `frmLogin` draws it.
+/// The login dialog's presenter: takes a server name, a user name and a password, remembers the
+/// user and starts the connection. `frmLogin` shows it.
 #pragma once
 
 #include <cstddef>
@@ -15,7 +15,7 @@
 
 namespace korvanta {
 
-/// What stands in the dialog's controls. Texts may hold any character; there is no length limit.
+/// The contents of the dialog's controls. Texts may hold any character and have no length limit.
 struct LoginForm {
   std::string cboServer;
   std::string cboUsernames;
@@ -45,18 +45,18 @@ class LoginDialog {
   WindowLife& window() { return window_; }
   const LoginForm& form() const { return form_; }
 
-  /// The File menu's first item: asks the server to close while logged in, otherwise shows this
-  /// dialog.
+  /// The connect item of the File menu: if logged in, asks the server to close the connection;
+  /// otherwise shows this dialog.
   void ConnectItemClicked();
 
   void ServerTyped(std::string_view text);
   void PasswordTyped(std::string_view text);
   void SaveClicked(bool checked);
 
-  /// The user changed the name: a saved one takes over its saved letter case and brings its
-  /// password. What the dialog itself puts into the box does not count as a change.
+  /// The user edited the name. If it is saved, takes over its saved letter case and fills in its
+  /// password. Text that the dialog itself sets does not count as an edit.
   void UserNameTyped(std::string_view text);
-  /// The user chose an entry of the list, the same one again included.
+  /// The user chose an entry of the list, perhaps the same one again.
   void UserNameChosen(std::size_t index);
 
   void LoginClicked();
@@ -68,23 +68,23 @@ class LoginDialog {
   void AddSavedUser(std::string_view name);
   void FillSavedUsers();
 
-  /// The form is no longer what it was, or no longer what the user just made of it. A login that
-  /// starts says nothing here: it unloads the window.
+  /// The form has changed, or no longer matches what the user just entered. Not called for a login
+  /// that starts: it unloads the window.
   std::function<void()> on_changed;
 
  private:
   enum class NameSource { Typed, Chosen };
 
   void Load();
-  void TakeSavedUser(NameSource source);
-  /// A saved password and its check mark; without one, what stands in the box stays.
-  void TakePassword(const SavedLogin& login);
+  void ApplySavedLogin(NameSource source);
+  /// Fills in the saved password and its check mark; if there is none, the box keeps its text.
+  void ApplySavedPassword(const SavedLogin& login);
 
-  /// The user's change of one control; the same value again is none.
+  /// Stores the user's change of a control and notifies, unless the value is the same.
   template <typename Control, typename Value>
   void Set(Control& control, const Value& value);
 
-  /// Whether the form may be logged in with; otherwise the user has been told why not.
+  /// Whether the form is complete and valid; if not, informs the user.
   bool CheckForm();
 
   Connection& connection_;

@@ -12,7 +12,7 @@ namespace {
 constexpr char kLoginEnd = ';';
 constexpr char kPartSeparator = ',';
 
-/// Code 28 scrambles to the character that ends a login; this one unscrambles to 28 as well.
+/// Code 28 encodes to the character that ends a login; this one decodes to 28 as well.
 constexpr char kLoginEndInsideText = ':';
 
 constexpr int kHighestEncodable = 126;
@@ -43,7 +43,7 @@ std::optional<std::string> ToStoredPart(std::string_view text) {
   return part;
 }
 
-/// The login of one stored piece; nothing when it makes no sense.
+/// The login of a stored piece; nothing if it is malformed.
 std::optional<SavedLogin> FromStored(std::string_view piece) {
   const std::size_t comma = piece.find(kPartSeparator);
   if (comma == std::string_view::npos) {

@@ -12,10 +12,10 @@ namespace korvanta {
 
 namespace modData {
 
-/// The text reversed and each character's code c made 2c + 3, or, with `encode` false, that undone:
-/// (c - 3) / 2, halves to the even neighbour. A reversible disguise without a key, no protection.
-/// Nothing when a character has no counterpart: a code above 126 to encode, below 3 to decode.
-/// Decoding undoes encoding exactly.
+/// Encoding maps each character code c to 2c + 3 and reverses the text; decoding reverses it and
+/// maps c to the half of c - 3, ties to even, which undoes encoding exactly. Reversible obfuscation
+/// without a key, no protection. Nothing if a code cannot be mapped: above 126 when encoding, below
+/// 3 when decoding.
 std::optional<std::string> ScrambleLoginText(std::string_view text, bool encode);
 
 }  // namespace modData
@@ -25,40 +25,38 @@ struct SavedLogin {
   std::string Password;  ///< empty when the player did not ask to save it
 };
 
-/// Whether two names are the same without regard to the case of ASCII letters, the only ones that
-/// have a case and can stand in a saved name.
+/// Whether two names are equal, ignoring the case of ASCII letters.
 bool SameName(std::string_view a, std::string_view b);
 
-/// Slot 0 is an empty placeholder; logins stand in slots 1 and up in the order in which they were
-/// loaded or added. A removed login leaves an empty slot behind: slots never move during a run.
+/// Slot 0 is an empty placeholder; logins are in slots 1 and up, in the order in which they were
+/// loaded or added. A removed login leaves its slot empty: slots never move during a run.
 class SavedLogins {
  public:
-  /// Back to the placeholder and no last user.
+  /// Leaves only the placeholder, and no last user.
   void Reset();
 
   bool HasOnlyPlaceholder() const { return slots_.size() == 1; }
 
-  /// Slots 1 and up, the empty ones included; valid until a slot is added.
+  /// Slots 1 and up, empty ones included; valid until a slot is added.
   std::span<SavedLogin> Logins() { return std::span(slots_).subspan(1); }
   std::span<const SavedLogin> Logins() const { return std::span(slots_).subspan(1); }
 
   void Add(SavedLogin login) { slots_.push_back(std::move(login)); }
 
-  /// The first slot from 1 up of that name, nullptr when there is none; valid until a slot is
-  /// added.
+  /// The first login of that name, null if there is none; valid until a slot is added.
   SavedLogin* Find(std::string_view name);
 
-  /// Adds the logins of a stored text, "name,password;" each, both scrambled. Pieces of at most one
-  /// character are skipped, and so are those that make no sense: without a comma, or with a
-  /// character that cannot be unscrambled.
+  /// Adds the logins of a stored text, "name,password;" each, both scrambled. Skips pieces of at
+  /// most one character and malformed ones: without a comma, or with a character that cannot be
+  /// decoded.
   void AddStored(std::string_view text);
 
-  /// The stored form of every login with a name. What was read from a stored text can always be
-  /// written again. Of logins from elsewhere, one whose name the scramble cannot encode is left
-  /// out, and one whose password it cannot encode is written without it.
+  /// The stored form of every login with a name. Whatever was read from a stored text can be
+  /// written again. Of other logins, one whose name cannot be encoded is left out, and one whose
+  /// password cannot be encoded is written without it.
   std::string ToStored() const;
 
-  std::string LastUser;  ///< name of the latest login attempt, empty when none
+  std::string LastUser;  ///< name of the latest login attempt, empty if none
 
  private:
   std::vector<SavedLogin> slots_{1};

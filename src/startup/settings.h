@@ -1,5 +1,5 @@
 /// The program's settings: ten entries of the settings store, read once at start-up and written
-/// once when the main window closes. Between the two they live in memory only.
+/// once when the main window closes; in between they are kept in memory only.
 #pragma once
 
 #include <cstdint>
@@ -14,18 +14,17 @@ namespace korvanta {
 struct Settings {
   Options& options;
   SavedLogins& saved_logins;
-  bool LoginSetting = false;     ///< kept for the store's sake; nothing else uses it
+  bool LoginSetting = false;     ///< loaded and saved, otherwise unused
   std::int32_t TimeSetting = 1;  ///< likewise
 };
 
 namespace modFiles {
 
-/// Reads every entry once. An entry that is absent, or does not convert to what it holds, gives its
-/// default; numbers are rounded to the nearest whole one, halves to the even neighbour. Stored
-/// logins are added to those in memory.
+/// Reads every entry. One that is absent or cannot be converted gets its default. Numbers are
+/// rounded to the nearest integer, ties to even. Stored logins are added to those in memory.
 void LoadSettings(Settings& settings, SettingsStore& store);
 
-/// Saves every entry and then commits once. Returns an empty text on success, otherwise the store's
+/// Saves every entry and then commits. Returns an empty text on success, otherwise the store's
 /// sentence for the user.
 std::string SaveSettings(const Settings& settings, SettingsStore& store);
 

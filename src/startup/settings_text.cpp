@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::string_view kEndOfName = "=[];#";
 
-/// `special` are the characters to escape besides those that need it everywhere.
+/// `special` are the characters to escape in addition to those that always are.
 std::string Escape(std::string_view text, std::string_view special) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string escaped;
@@ -26,7 +26,7 @@ std::string Escape(std::string_view text, std::string_view special) {
   return escaped;
 }
 
-/// A '%' without two hexadecimal digits behind it stands for itself.
+/// A '%' that is not followed by two hexadecimal digits is literal.
 std::string Unescape(std::string_view text) {
   std::string plain;
   for (std::size_t i = 0; i < text.size(); ++i) {

@@ -1,5 +1,5 @@
-/// The settings as the text of their file, in which any bytes may be names and values; the settings
-/// store reads and writes it.
+/// The text of the settings file, in which names and values may hold any bytes. Used by the
+/// settings store.
 #pragma once
 
 #include <optional>
@@ -10,19 +10,19 @@
 
 namespace korvanta {
 
-/// Bytes that are not printable ASCII, and those with a meaning of their own, stand in the text as
-/// '%' and two hexadecimal digits.
+/// Bytes that are not printable ASCII or have a special meaning are escaped as '%' and two
+/// hexadecimal digits.
 class SettingsText {
  public:
   SettingsText() = default;
   explicit SettingsText(std::string_view text) : lines_(text) {}
 
-  /// Not every line made sense; those that did not are not part of `Text`.
+  /// Whether the text had malformed lines; they are not part of `Text`.
   bool IsDamaged() const { return lines_.MalformedLine().has_value(); }
 
   std::optional<std::string> Find(std::string_view section, std::string_view key) const;
 
-  /// Creates or replaces the entry; everything else stays as it is. No name is empty.
+  /// Creates or replaces the entry; everything else stays. Names must not be empty.
   void Set(std::string_view section, std::string_view key, std::string_view text);
 
   std::string Text() const { return lines_.Text(); }

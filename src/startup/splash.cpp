@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::chrono::milliseconds kShownFor{4000};
 constexpr std::chrono::milliseconds kDotPeriod{200};
-constexpr int kMostDots = 4;
+constexpr int kMaxDots = 4;
 constexpr const char* kLoadingText = "Now Loading";
 
 }  // namespace
@@ -51,7 +51,7 @@ void Splash::Timer1Tick() {
 void Splash::Timer2Tick() {
   ++dots_;
   Label4_ = kLoadingText + std::string(static_cast<std::size_t>(dots_), '.');
-  if (dots_ == kMostDots) {
+  if (dots_ == kMaxDots) {
     dots_ = 0;
   }
   Notify(on_changed);

@@ -14,13 +14,13 @@ namespace korvanta {
 
 class Splash {
  public:
-  /// `rights` is the maker's notice: a rights line, the maker's name, a line with the years.
+  /// `rights` is the notice of rights: a rights line, the maker's name, a line with the years.
   Splash(TimerFactory& timers, std::array<std::string, 3> rights);
 
-  /// Loading it starts both timers; however it is unloaded, they stop.
+  /// Loading the window starts both timers, unloading stops them.
   WindowLife& window() { return window_; }
 
-  /// Fills in the version line, once the rest of the program has been loaded.
+  /// Fills in the version line. To be called once the rest of the program is loaded.
   void ShowVersion();
 
   const std::array<std::string, 3>& Label5() const { return Label5_; }
@@ -28,7 +28,7 @@ class Splash {
   const std::string& Label3() const { return Label3_; }  ///< the version line; empty at first
 
   std::function<void()> on_changed;
-  /// The splash's time is over and it has unloaded itself; once a loading.
+  /// The splash's time is over, and it has unloaded itself.
   std::function<void()> on_finished;
 
  private:

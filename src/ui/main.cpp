@@ -1,4 +1,5 @@
-/// The program: makes the desktop's half of everything, one client on it, and its windows.
+/// The program: creates the Qt implementation of the platform, one client on top of it, and its
+/// windows.
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -29,9 +30,10 @@ namespace {
 
 using namespace korvanta;
 
-static_assert(kVersionText == KORVANTA_VERSION, "what is shown and sent is what is packaged");
+static_assert(kVersionText == KORVANTA_VERSION,
+              "the version shown and sent must be the one packaged");
 
-/// Runs something once, right after a widget was painted for the first time.
+/// Runs a function once, right after a widget's first paint.
 class AfterFirstPaint : public QObject {
  public:
   AfterFirstPaint(QWidget& widget, std::function<void()> run)
@@ -51,8 +53,8 @@ class AfterFirstPaint : public QObject {
   std::function<void()> run_;
 };
 
-/// In the sizes that window managers use. Given the picture itself, the toolkit would load all its
-/// plug-ins for pictures before the first window is seen.
+/// Rendered in the sizes that window managers use: given the SVG file, the toolkit would load all
+/// its image plug-ins before the first window is shown.
 QIcon ProgramIcon() {
   QIcon icon;
   for (const int side : {16, 32, 64, 128}) {
@@ -84,7 +86,7 @@ int RunClient(const QString& folder, const QString& program_name,
     splash->show();
   };
   client.splash.window().on_unload = [&] {
-    load_main_window();  // a splash on a part of the desktop that nobody looks at is never painted
+    load_main_window();  // a splash on a hidden workspace is never painted
     splash->hide();
     splash.release()->deleteLater();  // it may be handling an event of its own
   };
@@ -119,7 +121,7 @@ int main(int argc, char** argv) {
   const QString folder = QApplication::applicationDirPath();
   const QFileInfo program(QApplication::applicationFilePath());
   QtMessageBox message_box;
-  const DeploymentReading deployment =
+  const DeploymentResult deployment =
       ReadDeploymentFile(QDir(folder).filePath(QStringLiteral("deployment.ini")));
   if (!deployment.error.empty()) {
     message_box.Show(deployment.error, kApplicationTitle, MessageIcon::Critical);

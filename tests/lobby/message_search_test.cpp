@@ -79,17 +79,17 @@ TEST_F(MessageSearchTest, GoesThroughTheMatchesBothWaysAndKeepsItsPlace) {
                {"ashx", Outcome::NoMatch, {0, 0}},
                {"ash", Outcome::Found, {4, 7}},
                {"<", Outcome::Found, {0, 3}},
-               {"<", Outcome::FoundAgainFromNewest, {14, 17}},
-               {">", Outcome::FoundAgainFromOldest, {0, 3}},
+               {"<", Outcome::WrappedToNewest, {14, 17}},
+               {">", Outcome::WrappedToOldest, {0, 3}},
                {">", Outcome::Found, {4, 7}},
-               {"oak", Outcome::FoundAgainFromNewest, {9, 12}},
-               {"<", Outcome::FoundAgainFromNewest, {9, 12}},
+               {"oak", Outcome::WrappedToNewest, {9, 12}},
+               {"<", Outcome::WrappedToNewest, {9, 12}},
                {"", Outcome::Nothing, {0, 0}},
                {"<", Outcome::Nothing, {0, 0}}};
   for (const auto& [typed, outcome, match] : steps) {
     EXPECT_EQ(*typed == '<'   ? search_.Next(Direction::Older)
               : *typed == '>' ? search_.Next(Direction::Newer)
-                              : search_.Seek(typed),
+                              : search_.SetTerm(typed),
               outcome);
     EXPECT_EQ(search_.match(), match);
   }
@@ -98,7 +98,7 @@ TEST_F(MessageSearchTest, GoesThroughTheMatchesBothWaysAndKeepsItsPlace) {
 TEST_F(MessageSearchTest, TheMatchIsNotWhereLinesGoAndLinesDoNotMoveIt) {
   view_.MoveCaret(9, false);
   options_.mnuScrollLock = true;
-  search_.Seek("ash");
+  search_.SetTerm("ash");
   search_.Next(Direction::Older);
   EXPECT_EQ(view_.insertion_point(), 9U);
   view_.AppendMessage("elm", MessageKind::Status);  // between the matches
@@ -109,10 +109,10 @@ TEST_F(MessageSearchTest, TheMatchIsNotWhereLinesGoAndLinesDoNotMoveIt) {
   EXPECT_EQ(search_.match(), (TextRange{24, 27}));
   search_.SelectMatch();
   EXPECT_EQ(view_.SelectedText(), "Ash");
-  search_.Seek("ashy");
+  search_.SetTerm("ashy");
   view_.Select(0, 0);
   view_.AppendMessage("fir", MessageKind::Status);  // the place is kept without a match, too
-  search_.Seek("ash");
+  search_.SetTerm("ash");
   EXPECT_EQ(search_.match(), (TextRange{29, 32}));
   view_.Clear();
   EXPECT_TRUE(search_.match().empty());

@@ -181,7 +181,7 @@ TEST_F(CaretMoverTest, KeysMoveAndExtend) {
   for (const auto& [motion, extend, anchor, at] : steps) {
     caret.Move(motion, extend);
     EXPECT_EQ(Ends(), (std::pair{anchor, at})) << static_cast<int>(motion);
-    EXPECT_TRUE(position.IsInSight(at));
+    EXPECT_TRUE(position.IsVisible(at));
   }
 }
 
@@ -206,10 +206,10 @@ TEST_F(CaretMoverTest, TheColumnIsForgottenWhenTheCaretGoesElsewhere) {
 
 TEST_F(CaretMoverTest, TheMouseSelectsInUnits) {
   const struct {
-    ScreenPlace press;
+    ScreenPosition press;
     Unit unit;
     bool extend;
-    ScreenPlace drag;
+    ScreenPosition drag;
     std::size_t anchor, caret;
   } cases[] = {
       {{0, 2.4F}, Unit::Character, false, {0, 2.4F}, 2, 2},

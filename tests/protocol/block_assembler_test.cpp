@@ -12,7 +12,7 @@ using testing::ElementsAreArray;
 
 constexpr std::size_t kSegment = BlockAssembler::kSmallestSegment;
 constexpr std::size_t kBlockLimit = BlockAssembler::kBlockLimit;
-constexpr std::size_t kRestLimit = BlockAssembler::kRestLimit;
+constexpr std::size_t kRemainderLimit = BlockAssembler::kRemainderLimit;
 
 /// A stream with a clock of its own.
 struct Stream {
@@ -84,7 +84,7 @@ TEST(BlockAssembler, WhatArrivesAtOnceIsABlockUnlessItMayHaveBeenCut) {
     for (const std::string& bytes : c.arrivals) {
       stream.Add(bytes);
       std::ranges::move(stream.Take(), std::back_inserter(blocks));
-      stream.now += BlockAssembler::kRestWait - 1ms;
+      stream.now += BlockAssembler::kRemainderWait - 1ms;
     }
     EXPECT_THAT(blocks, ElementsAreArray(c.blocks)) << c.what;
   }
@@ -95,12 +95,12 @@ TEST(BlockAssembler, ARestIsGivenUpAfterItsWaitOrAtTheEndAndNotBefore) {
   stream.Add(Long("[b]"));
   stream.now += 200ms;
   stream.Add(Long(""));
-  EXPECT_EQ(stream.blocks.RestDeadline(), stream.now + 250ms);
+  EXPECT_EQ(stream.blocks.RemainderDeadline(), stream.now + 250ms);
   stream.now += 249ms;
   EXPECT_THAT(stream.Take(), ElementsAre());
   stream.now += 1ms;
   EXPECT_THAT(stream.Take(), ElementsAre(Long("[b]") + Long("")));
-  EXPECT_EQ(stream.blocks.RestDeadline(), std::nullopt);
+  EXPECT_EQ(stream.blocks.RemainderDeadline(), std::nullopt);
   stream.Add(Long("|[b]2"));
   EXPECT_THAT(stream.Take(true), ElementsAre(Long("|[b]2")));
 }
@@ -115,9 +115,9 @@ TEST(BlockAssembler, LongBlocksAreCutBetweenMessagesAndLongMessagesAtTheRestLimi
       {MessageOf(kBlockLimit) + MessageOf(4), {kBlockLimit, 4}},
       {MessageOf(4) + MessageOf(kBlockLimit - 3), {4, kBlockLimit - 3}},
       {MessageOf(kBlockLimit + 1) + MessageOf(4), {kBlockLimit + 1, 4}},
-      {MessageOf(kRestLimit) + MessageOf(4), {kRestLimit, 4}},
-      {MessageOf(kRestLimit + 1) + MessageOf(4), {kRestLimit, 5}},
-      {std::string(2 * kRestLimit + 5, 'x'), {kRestLimit, kRestLimit}}};
+      {MessageOf(kRemainderLimit) + MessageOf(4), {kRemainderLimit, 4}},
+      {MessageOf(kRemainderLimit + 1) + MessageOf(4), {kRemainderLimit, 5}},
+      {std::string(2 * kRemainderLimit + 5, 'x'), {kRemainderLimit, kRemainderLimit}}};
   for (const auto& [bytes, blocks] : cases) {
     Stream stream;
     stream.Add(bytes);

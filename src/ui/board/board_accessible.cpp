@@ -16,8 +16,8 @@ namespace {
 
 using Kind = BoardElement::Kind;
 
-/// A box is a button with a menu, inside its frame. Frames and lines have a place but nothing to
-/// say: the box's name says what they show.
+/// A box is a button with a menu, inside its frame. Frames and lines have a position but no text:
+/// the name of the box describes what they show.
 class ElementAccessible : public QAccessibleObject, public QAccessibleActionInterface {
  public:
   explicit ElementAccessible(BoardElement& element)
@@ -48,8 +48,8 @@ class ElementAccessible : public QAccessibleObject, public QAccessibleActionInte
                                               : QString();
   }
   QRect rect() const override {
-    const QRect place = element_.place();
-    return {board_.mapToGlobal(place.topLeft()), place.size()};
+    const QRect inside = element_.rect();
+    return {board_.mapToGlobal(inside.topLeft()), inside.size()};
   }
   QAccessible::Role role() const override {
     return IsBox()                          ? QAccessible::ButtonMenu
@@ -89,8 +89,7 @@ class ElementAccessible : public QAccessibleObject, public QAccessibleActionInte
   BoardWidget& board_;
 };
 
-/// The labels come first, as children of their own; the frames with their boxes follow, then the
-/// lines.
+/// The children are the labels, then the frames with their boxes, then the lines.
 class BoardAccessible : public QAccessibleWidget {
  public:
   explicit BoardAccessible(BoardWidget& board)

@@ -30,7 +30,7 @@ BoardElement::BoardElement(Kind kind, int box, BoardWidget& board)
 
 BoardWidget& BoardElement::board() const { return *static_cast<BoardWidget*>(parent()); }
 
-QRect BoardElement::place() const {
+QRect BoardElement::rect() const {
   return kind_ == Kind::Line ? LineRect(RowOf(box_), LevelOf(box_)) : BoxRect(box_);
 }
 

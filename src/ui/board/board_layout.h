@@ -1,5 +1,5 @@
-/// Where everything on the research board stands, in logical pixels; used by the board's widget and
-/// its accessibility tree.
+/// The layout of the research board, in logical pixels. Used by its widget and its accessibility
+/// tree.
 #pragma once
 
 #include <QPointF>
@@ -29,13 +29,13 @@ inline constexpr int kCaptionWidth = 143;
 inline constexpr int kLevelCaptionTop = 14;
 inline constexpr int kLevelCaptionOverhang = 20;  ///< on either side of its column
 
-/// Distance between two lines 4 where they meet the goal's frame.
+/// Distance between adjacent fourth lines where they meet the goal's frame.
 inline constexpr int kPortPitch = 14;
 
-/// The boxes count row by row, level by level; the last one is the Golden Knowledge.
+/// Boxes are numbered row by row, level by level; the last one is the Golden Knowledge.
 inline constexpr int kBoxes = static_cast<int>(kTopicRows) * kTopLevel + 1;
 inline constexpr int kGoldenIndex = kBoxes - 1;
-inline constexpr int kLines = kGoldenIndex;  ///< one behind each box of a row
+inline constexpr int kLines = kGoldenIndex;  ///< one from each box of a row
 
 constexpr std::size_t RowOf(int box) { return static_cast<std::size_t>(box / kTopLevel); }
 constexpr int LevelOf(int box) { return box % kTopLevel + 1; }

@@ -14,8 +14,8 @@ using namespace board_layout;
 
 namespace {
 
-constexpr QColor kBoxGround{0x0c, 0x0d, 0x11};
-constexpr QColor kGoldenGround{0x12, 0x0f, 0x04};
+constexpr QColor kBoxBackground{0x0c, 0x0d, 0x11};
+constexpr QColor kGoldenBackground{0x12, 0x0f, 0x04};
 constexpr qreal kCornerRadius = 5;
 constexpr int kRingWidth = 2;
 constexpr int kGlowRadius = 150;
@@ -132,7 +132,7 @@ class Painting {
 
     QPainterPath inside;
     inside.addRoundedRect(outer, kCornerRadius, kCornerRadius);
-    painter_.fillPath(inside, golden ? kGoldenGround : kBoxGround);
+    painter_.fillPath(inside, golden ? kGoldenBackground : kBoxBackground);
 
     const QSizeF size = pictures_[picture].deviceIndependentSize();
     const QPointF corner = outer.center() - QPointF(size.width(), size.height()) / 2;

@@ -1,4 +1,4 @@
-/// Draws the research board; its widget is the one user.
+/// Paints the research board. Used by its widget.
 #pragma once
 
 #include <QColor>
@@ -19,8 +19,8 @@ using BoardPictures = std::array<QPixmap, kTopicRows + 1>;
 /// How far a box's focus ring reaches beyond its frame, in logical pixels.
 inline constexpr int kRingReach = 6;
 
-/// Draws what lies in `region`, and all of it. Straight edges fall on whole device pixels at any
-/// scale. `focused_box`, counted as in board_layout.h, has the focus ring; -1 for none.
+/// Paints all of `region`. Straight edges are on whole device pixels at any scale. `focused_box`,
+/// numbered as in board_layout.h, has the focus ring; -1 for none.
 void PaintBoard(QPaintDevice& device, const QRegion& region, const ResearchBoard& board,
                 const BoardPictures& pictures, int focused_box);
 

@@ -32,7 +32,7 @@ BoardWidget::BoardWidget(ResearchBoard& board, QWidget* parent) : QWidget(parent
   setObjectName(QStringLiteral("ResearchBoard"));
   setAccessibleName(QStringLiteral("Research board"));
   setFixedSize(kSize);
-  // No click takes the keyboard from the chat line.
+  // Clicks leave the keyboard focus in the chat line.
   setFocusPolicy(Qt::TabFocus);
   setContextMenuPolicy(Qt::PreventContextMenu);
 
@@ -46,8 +46,8 @@ BoardWidget::BoardWidget(ResearchBoard& board, QWidget* parent) : QWidget(parent
   for (std::size_t row = 0; row < kTopicRows; ++row) {
     const TopicRow& topic = kTopics[row];
     auto* caption = new RowCaption(this);
-    const QRect place{kCaptionLeft, RowMiddle(row) - 16, kCaptionWidth, 32};
-    SetUpLabel(*caption, ToQString(topic.caption), {place, ToQColor(topic.colour), 20, true});
+    const QRect rect{kCaptionLeft, RowMiddle(row) - 16, kCaptionWidth, 32};
+    SetUpLabel(*caption, ToQString(topic.caption), {rect, ToQColor(topic.colour), 20, true});
     ShowLine(*caption, ToQString(topic.name));
   }
   const QString hint =
@@ -81,7 +81,7 @@ void BoardWidget::Refresh(BoardPart part) {
     ShowLine(*TickTime, ToQString(board_.TickTime()));
   } else {
     const auto row = static_cast<std::size_t>(part);
-    update();  // parts of it would end inside device pixels at 125 and 150 %
+    update();  // single rows would not end on whole device pixels at 125 and 150 %
     for (int level = 1; level <= kTopLevel; ++level) {
       AnnounceBoxRenamed(*this, BoxAt(row, level));
     }
@@ -218,7 +218,7 @@ void BoardWidget::keyPressEvent(QKeyEvent* event) {
 
 void BoardWidget::focusInEvent(QFocusEvent* /*event*/) {
   update();
-  // after the toolkit has announced that the board as a whole has the focus
+  // After the toolkit has announced the focus of the board as a whole.
   QTimer::singleShot(0, this, [this] {
     if (hasFocus()) {
       AnnounceBoxFocused(*this, current_);

@@ -1,5 +1,5 @@
-/// The research board on the screen: drawn from the model, its boxes operated by mouse, keyboard
-/// and screen readers. The main window owns one.
+/// The widget of the research board: drawn from the model, its boxes operated by mouse, keyboard
+/// and screen readers.
 #pragma once
 
 #include <QWidget>
@@ -17,32 +17,32 @@ namespace korvanta {
 
 class BoardWidget : public QWidget {
  public:
-  /// Takes over the board's `on_changed`; the board outlives the widget. The size is fixed.
+  /// Takes over the board's `on_changed`; the board must outlive the widget. The size is fixed.
   BoardWidget(ResearchBoard& board, QWidget* parent);
   ~BoardWidget() override;
 
-  /// The right mouse button was released over a box, or the keyboard asked for its menu. The
-  /// Golden Knowledge has topic 5 and level 5. The position is one of the screen.
+  /// The right mouse button was released over a box, or the keyboard requested its menu. The Golden
+  /// Knowledge has topic 5 and level 5.
   std::function<void(TopicCode topic, std::int16_t level, QPoint global_pos, OpenedBy opened_by)>
       on_box_menu;
 
-  /// The keyboard went to another box, whose middle this is.
+  /// The keyboard moved to another box, whose centre this is.
   std::function<void(QPoint middle)> on_current_box;
 
-  /// Boxes count as in board_layout.h.
+  /// Boxes are numbered as in board_layout.h.
   int current_box() const { return current_; }
   void SetCurrentBox(int box);
   void OpenBoxMenu(int box, QPoint global_pos, OpenedBy opened_by) const;
   bool IsReached(int box) const;
-  /// What a box is, in words: "Military, level 2, reached".
+  /// The description of a box: "Military, level 2, reached".
   QString BoxText(int box) const;
   /// What can be done with any box.
   static QString BoxHint();
   /// The box at a position of this widget, or -1.
   static int BoxUnder(QPoint position);
-  /// Lines count like the boxes that they start from.
+  /// A line has the number of the box it starts from.
   BoardElement* Element(BoardElement::Kind kind, int box) const;
-  /// Tells screen magnifiers, and the area that scrolls, where the keyboard is.
+  /// The current box, for screen magnifiers and the surrounding scroll area.
   QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
  protected:
@@ -64,7 +64,7 @@ class BoardWidget : public QWidget {
   ResearchBoard& board_;
   QList<BoardElement*> elements_;  ///< boxes, frames, lines
   int current_ = 0;
-  std::size_t last_row_ = 0;  ///< the row that the way back from the Golden Knowledge leads to
+  std::size_t last_row_ = 0;  ///< the row to return to from the Golden Knowledge
   BoardPictures pictures_;
 };
 

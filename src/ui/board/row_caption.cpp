@@ -8,14 +8,14 @@
 namespace korvanta {
 namespace {
 
-constexpr double kLegible = 4.5;
-constexpr qreal kEdgeWidth = 1.4;  ///< half of it lies outside the letters
+constexpr double kLegibleContrast = 4.5;
+constexpr qreal kEdgeWidth = 1.4;  ///< half of it is outside the letters
 
 }  // namespace
 
 void RowCaption::paintEvent(QPaintEvent* event) {
   const QColor colour = palette().color(QPalette::WindowText);
-  if (Contrast(colour, Qt::black) >= kLegible) {
+  if (Contrast(colour, Qt::black) >= kLegibleContrast) {
     QLabel::paintEvent(event);
     return;
   }

@@ -1,12 +1,12 @@
-/// A caption on the board's black ground, in the colour of its row.
+/// A caption on the board's black background, in the colour of its row.
 #pragma once
 
 #include <QLabel>
 
 namespace korvanta {
 
-/// The colour is that of the palette's `WindowText`. Where it alone is too dark for the ground, a
-/// thin light edge around the letters makes them legible.
+/// Drawn in the palette's `WindowText`. If that is too dark for the background, a thin light
+/// outline makes the letters legible.
 class RowCaption : public QLabel {
  public:
   using QLabel::QLabel;

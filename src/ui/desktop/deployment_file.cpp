@@ -13,20 +13,20 @@
 namespace korvanta {
 namespace {
 
-constexpr qint64 kLongestDeploymentFile = qint64{64} * 1024;
-constexpr int kLongestNoticeLine = 120;
-constexpr int kLongestQuotation = 200;
+constexpr qint64 kMaxDeploymentFile = qint64{64} * 1024;
+constexpr int kMaxNoticeLine = 120;
+constexpr int kMaxQuotation = 200;
 
 bool IsDottedAddress(const QString& text) {
   const QHostAddress address(text);
   return address.protocol() == QAbstractSocket::IPv4Protocol && address.toString() == text;
 }
 
-bool IsNoticeLine(const QString& text) { return text.size() <= kLongestNoticeLine; }
+bool IsNoticeLine(const QString& text) { return text.size() <= kMaxNoticeLine; }
 
 QString Quoted(const QString& text) {
   return QLatin1Char('"') +
-         (text.size() > kLongestQuotation ? text.first(kLongestQuotation) + QChar(0x2026) : text) +
+         (text.size() > kMaxQuotation ? text.first(kMaxQuotation) + QChar(0x2026) : text) +
          QLatin1Char('"');
 }
 
@@ -41,12 +41,12 @@ struct Key {
   QString form;
 };
 
-/// What is wrong, without the name of the file; empty when nothing is.
+/// What is wrong, without the name of the file; empty on success.
 QString ReadValues(const IniText& text, DeploymentValues& values) {
   if (const auto& line = text.MalformedLine()) {
     return QStringLiteral("has the line %1, which is not an entry.").arg(Quoted(FromUtf8(*line)));
   }
-  const QString notice = QStringLiteral("of at most %1 characters").arg(kLongestNoticeLine);
+  const QString notice = QStringLiteral("of at most %1 characters").arg(kMaxNoticeLine);
   const std::array keys = {
       Key{"ServerAddress", values.server_address, IsDottedAddress,
           QStringLiteral("an IPv4 address such as 127.0.0.1")},
@@ -82,17 +82,17 @@ QString Read(const QString& path, DeploymentValues& values) {
   if (!file.open(QIODevice::ReadOnly)) {
     return QStringLiteral("cannot be read: %1.").arg(file.errorString());
   }
-  const QByteArray bytes = file.read(kLongestDeploymentFile + 1);
-  if (bytes.size() > kLongestDeploymentFile) {
-    return QStringLiteral("is longer than %1 bytes.").arg(kLongestDeploymentFile);
+  const QByteArray bytes = file.read(kMaxDeploymentFile + 1);
+  if (bytes.size() > kMaxDeploymentFile) {
+    return QStringLiteral("is longer than %1 bytes.").arg(kMaxDeploymentFile);
   }
   return ReadValues(IniText({bytes.constData(), static_cast<std::size_t>(bytes.size())}), values);
 }
 
 }  // namespace
 
-DeploymentReading ReadDeploymentFile(const QString& file) {
-  DeploymentReading reading;
+DeploymentResult ReadDeploymentFile(const QString& file) {
+  DeploymentResult reading;
   const QString fault = Read(file, reading.values);
   if (!fault.isEmpty()) {
     reading.error = ToBytes(QStringLiteral("The file \"%1\" %2").arg(file, fault));

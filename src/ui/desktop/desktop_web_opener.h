@@ -1,4 +1,4 @@
-/// Opens web addresses with the desktop's browser.
+/// Opens web addresses in the desktop's browser.
 #pragma once
 
 #include <QObject>

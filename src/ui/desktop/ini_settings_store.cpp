@@ -16,7 +16,7 @@ namespace korvanta {
 namespace {
 
 /// Far above what a thousand saved logins need. A longer file was not written by this program.
-constexpr qint64 kLongestFile = qint64{4} * 1024 * 1024;
+constexpr qint64 kMaxSettingsFile = qint64{4} * 1024 * 1024;
 
 constexpr QFileDevice::Permissions kUserOnly = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
 
@@ -28,8 +28,8 @@ QString FreeBackupName(const QString& file) {
   return name;
 }
 
-/// Gives the file a second name, under which it stays when the first is replaced; copies it where
-/// the file system knows only one name for a file.
+/// Adds a hard link to the file, which survives when the file is replaced; copies it where the file
+/// system has no hard links.
 bool BackUp(const QString& file) {
   const QString backup = FreeBackupName(file);
   std::error_code error;
@@ -37,13 +37,13 @@ bool BackUp(const QString& file) {
   return !error || QFile::copy(file, backup);
 }
 
-/// The temporary file of a save, and later the file itself, has the permissions of the file that it
-/// replaces. So there is one before the first save, and no other user may read it.
+/// The temporary file of a save, and so the new file, gets the permissions of the file it replaces.
+/// That one is therefore created first, and no other user may read it.
 bool MakePrivateFile(QFile& file) {
   if (!file.open(QIODevice::ReadWrite, kUserOnly)) {
     return false;
   }
-  // In vain only where the file system knows no permissions.
+  // Fails only where the file system has no permissions.
   file.setPermissions(kUserOnly);
   file.close();
   return true;
@@ -81,13 +81,13 @@ std::string IniSettingsStore::Commit() {
   }
   const std::string text = entries_.Text();
   const auto size = static_cast<qint64>(text.size());
-  if (size > kLongestFile) {
+  if (size > kMaxSettingsFile) {
     return Failure(file_, QStringLiteral("they would take %1 bytes, and no more than %2 can be "
                                          "read back")
                               .arg(size)
-                              .arg(kLongestFile));
+                              .arg(kMaxSettingsFile));
   }
-  // Behind a symbolic link it is the file that is replaced, not the link.
+  // If this is a symbolic link, the file it points to is replaced, not the link.
   const QFileInfo info(file_);
   QDir().mkpath(info.path());
   QFile old_file(file_);
@@ -118,12 +118,12 @@ void IniSettingsStore::Load() {
     return;
   }
   QFile file(file_);
-  // Opening what is no file, such as a pipe, could wait forever.
+  // Opening something that is not a file, such as a pipe, could block forever.
   if (!QFileInfo(file_).isFile()) {
     read_failure_ = Failure(file_, QStringLiteral("it is not a file"));
   } else if (!file.open(QIODevice::ReadOnly)) {
     read_failure_ = Failure(file_, file.errorString());
-  } else if (file.size() > kLongestFile) {
+  } else if (file.size() > kMaxSettingsFile) {
     is_damaged_ = true;
   } else {
     const QByteArray bytes = file.readAll();

@@ -1,4 +1,4 @@
-/// The settings store in a file of the user's own.
+/// The settings store in a file of the user's.
 #pragma once
 
 #include <QString>
@@ -10,13 +10,13 @@
 
 namespace korvanta {
 
-/// The file is read once, with the first call that needs it, and replaced as a whole by `Commit`;
-/// it is at every instant the old one or the new one, readable by its user only. What could not be
-/// read back, because it is longer than 4 MiB, is not written: `Commit` fails.
+/// The file is read by the first call that needs it and replaced atomically by `Commit`; only its
+/// user can read it. Settings longer than 4 MiB, which could not be read back, are not written:
+/// `Commit` fails.
 ///
-/// A file that is damaged, or too long to be one of settings, is not lost: `Commit` backs it up
-/// under its name with ".bak" added, and a number where that is taken. What could be read of it is
-/// kept. A file that cannot be read at all is left alone; `Commit` then fails.
+/// A damaged file, or one too long to hold settings, is not lost: `Commit` backs it up under its
+/// name with ".bak" appended, and a number if that is taken. What could be read of it is kept. A
+/// file that cannot be read at all is left alone; `Commit` then fails.
 class IniSettingsStore final : public SettingsStore {
  public:
   /// The file of the program whose executable has that base name.
@@ -35,7 +35,7 @@ class IniSettingsStore final : public SettingsStore {
   QString file_;
   bool is_loaded_ = false;
   bool is_damaged_ = false;   ///< the file is to be backed up
-  std::string read_failure_;  ///< why the file could not be read; empty when it could
+  std::string read_failure_;  ///< why the file could not be read; empty if it could
   SettingsText entries_;
 };
 

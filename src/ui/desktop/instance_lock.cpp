@@ -5,9 +5,9 @@
 namespace korvanta {
 namespace {
 
-/// Between making the file and locking it with the system, a starting copy looks like a crashed
-/// one; it gets this long, in milliseconds.
-constexpr int kStartingTime = 100;
+/// Between creating the file and locking it, a starting instance looks like a crashed one; it is
+/// given this long, in milliseconds.
+constexpr int kStartUpTime = 100;
 
 }  // namespace
 
@@ -17,11 +17,11 @@ InstanceLock::InstanceLock(const QString& program_name) : lock_(LockFileFor(prog
 }
 
 bool InstanceLock::IsAnotherRunning() {
-  if (lock_.isLocked() || lock_.tryLock(kStartingTime) ||
+  if (lock_.isLocked() || lock_.tryLock(kStartUpTime) ||
       lock_.error() != QLockFile::LockFailedError) {
     return false;
   }
-  // The file goes only where no process holds the system's lock.
+  // The file is removed only if no process holds the system lock.
   return !lock_.removeStaleLockFile() || !lock_.tryLock(0);
 }
 

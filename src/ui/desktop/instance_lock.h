@@ -1,4 +1,4 @@
-/// Finds out whether the same user runs the program already.
+/// Detects whether the same user already runs the program.
 #pragma once
 
 #include <QLockFile>
@@ -8,16 +8,16 @@
 
 namespace korvanta {
 
-/// A lock file of the user's, one for each name of the program. Its holder also locks it with the
-/// system, which lets go when the holder ends in whatever way; so a file left behind by a crash
-/// keeps nobody out, even when its process number belongs to another process by now.
+/// A lock file per user and name of the program. Its holder also holds a system lock on it, which
+/// is released however the process ends; so a file left by a crash keeps nobody out, even if its
+/// process id has been reused.
 class InstanceLock final : public InstanceGuard {
  public:
   /// `program_name` is the base name of the executable.
   explicit InstanceLock(const QString& program_name);
 
-  /// True only when another process holds the lock. When no lock file can be made, nothing is known
-  /// of others, and the player may play.
+  /// True only if another process holds the lock. False if no lock file can be created, so that the
+  /// player can play.
   bool IsAnotherRunning() override;
 
  private:

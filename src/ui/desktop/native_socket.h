@@ -1,4 +1,4 @@
-/// What the toolkit's sockets leave to the operating system; the client socket is the one user.
+/// What the toolkit's sockets leave to the operating system. Used by the client socket.
 #pragma once
 
 #include <QtGlobal>
@@ -14,13 +14,13 @@ namespace korvanta::native_socket {
 /// break it as well. A system that lacks one of these options keeps its own, longer time.
 void SetKeepAlive(qintptr descriptor);
 
-/// Everything that has arrived and the toolkit has not read; does not wait.
-std::string ReadWaiting(qintptr descriptor);
+/// Everything that was received and the toolkit has not read; does not block.
+std::string ReadPending(qintptr descriptor);
 
-/// Sends what is still queued and then the end of the stream, and waits until the peer's system has
-/// confirmed all of it, the peer has gone, or `limit` has passed. What arrives meanwhile is
-/// discarded: bytes left unread would make the system reset the connection on closing, and a reset
-/// can overtake what was sent.
+/// Sends what is still queued and then the end of the stream, and waits until the peer has
+/// acknowledged all of it, the peer has gone, or `limit` has passed. What is received meanwhile is
+/// discarded: unread bytes would make the system reset the connection on closing, and a reset can
+/// overtake what was sent.
 void FinishSending(QTcpSocket& socket, std::chrono::milliseconds limit);
 
 }  // namespace korvanta::native_socket

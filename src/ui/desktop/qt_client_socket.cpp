@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::chrono::milliseconds kDrainLimit{1000};
 
-/// Also the most that the toolkit holds for us: a peer that sends faster than we handle waits.
+/// Also the size of the toolkit's buffer: a peer that sends faster than we read has to wait.
 constexpr qint64 kReadLimit = static_cast<qint64>(BlockAssembler::kBlockLimit);
 
 std::string_view View(const QByteArray& bytes) {
@@ -21,7 +21,7 @@ std::string_view View(const QByteArray& bytes) {
 }  // namespace
 
 QtClientSocket::QtClientSocket() {
-  for (QTimer* timer : {&next_, &rest_deadline_}) {
+  for (QTimer* timer : {&next_, &remainder_deadline_}) {
     timer->setSingleShot(true);
     timer->setTimerType(Qt::PreciseTimer);
     QObject::connect(timer, &QTimer::timeout, timer, [this] { RaiseNext(); });
@@ -32,7 +32,7 @@ QtClientSocket::~QtClientSocket() { QtClientSocket::Close(); }
 
 void QtClientSocket::Close() {
   next_.stop();
-  rest_deadline_.stop();
+  remainder_deadline_.stop();
   if (QTcpSocket* socket = attempt_.socket; socket != nullptr) {
     socket->disconnect();
     socket->abort();
@@ -43,12 +43,12 @@ void QtClientSocket::Close() {
 
 void QtClientSocket::Connect(const std::string& host, std::uint16_t port) {
   Close();
-  // Owned by the timer, so that sockets given up do not outlive this object either.
+  // Owned by the timer, so that abandoned sockets do not outlive this object either.
   auto* socket = new QTcpSocket(&next_);
   attempt_.socket = socket;
   socket->setProxy(QNetworkProxy::NoProxy);
   socket->setReadBufferSize(kReadLimit);
-  // Some of these come from inside connectToHost; they only take note.
+  // Some of these are emitted within connectToHost, so they only record what happened.
   QObject::connect(socket, &QTcpSocket::connected, &next_, [this] { Established(); });
   QObject::connect(socket, &QTcpSocket::readyRead, &next_, [this] { next_.start(); });
   QObject::connect(socket, &QTcpSocket::disconnected, &next_, [this] { Ended(); });
@@ -57,10 +57,10 @@ void QtClientSocket::Connect(const std::string& host, std::uint16_t port) {
         if (!attempt_.is_established) {
           return;
         }
-        // The toolkit throws away what it has read as soon as a write fails.
+        // The toolkit discards its read buffer as soon as a write fails.
         const auto now = std::chrono::steady_clock::now();
         attempt_.blocks.Add(View(attempt_.socket->readAll()), now);
-        attempt_.blocks.Add(native_socket::ReadWaiting(attempt_.socket->socketDescriptor()), now);
+        attempt_.blocks.Add(native_socket::ReadPending(attempt_.socket->socketDescriptor()), now);
         // With bytes still to send, the toolkit would first wait for a peer that no
         // longer reads.
         if (error == QAbstractSocket::RemoteHostClosedError) {
@@ -121,8 +121,8 @@ void QtClientSocket::RaiseNext() {
   } else if (attempt_.is_over) {
     Close();
     Raise(on_closed);
-  } else if (const auto deadline = attempt_.blocks.RestDeadline()) {
-    rest_deadline_.start(std::chrono::ceil<std::chrono::milliseconds>(*deadline - now));
+  } else if (const auto deadline = attempt_.blocks.RemainderDeadline()) {
+    remainder_deadline_.start(std::chrono::ceil<std::chrono::milliseconds>(*deadline - now));
   }
 }
 

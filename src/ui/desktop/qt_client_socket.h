@@ -1,4 +1,4 @@
-/// The client socket over the toolkit's TCP socket.
+/// The client socket, based on the toolkit's TCP socket.
 #pragma once
 
 #include <QTimer>
@@ -14,8 +14,8 @@ class QTcpSocket;
 
 namespace korvanta {
 
-/// Delivers what arrives as `BlockAssembler` cuts it. Every event comes from the event loop,
-/// one at a time and never from inside another, also when a handler runs an event loop of its own.
+/// Delivers received bytes in the blocks of `BlockAssembler`. Every event is raised from the event
+/// loop, one at a time and never nested, even if a handler runs an event loop of its own.
 class QtClientSocket final : public ClientSocket {
  public:
   QtClientSocket();
@@ -26,11 +26,11 @@ class QtClientSocket final : public ClientSocket {
   void Send(std::string_view text) override;
   bool IsConnected() const override;
 
-  /// Ends the connection when what was sent has left; no event follows.
+  /// Closes the connection when everything sent has left; no event follows.
   void Drain() override;
 
  private:
-  /// What belongs to one attempt and ends with it.
+  /// The state of one connection, from the attempt to its end.
   struct Attempt {
     QTcpSocket* socket = nullptr;
     BlockAssembler blocks;
@@ -47,8 +47,8 @@ class QtClientSocket final : public ClientSocket {
 
   Attempt attempt_;
   bool is_raising_ = false;
-  QTimer next_;           ///< runs `RaiseNext` in the next turn of the event loop
-  QTimer rest_deadline_;  ///< runs it when a waiting rest is due
+  QTimer next_;                ///< runs `RaiseNext` in the next turn of the event loop
+  QTimer remainder_deadline_;  ///< runs it when a remainder is due
 };
 
 }  // namespace korvanta

@@ -13,13 +13,13 @@
 namespace korvanta {
 namespace {
 
-/// What a box has around its text: frame, icon and buttons.
+/// Space that a box needs around its text: frame, icon and buttons.
 constexpr QSize kAroundText{160, 200};
 
 /// The toolkit breaks lines at this width, or at half the screen's where that is less.
 constexpr int kLineWidth = 500;
 
-constexpr QChar kBreakPlace{0x200B};
+constexpr QChar kZeroWidthSpace{0x200B};
 constexpr QChar kEllipsis{0x2026};
 
 QMessageBox::Icon IconOf(MessageIcon icon) {
@@ -34,15 +34,15 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
   return QMessageBox::NoIcon;
 }
 
-/// The text with invisible places to break in the words that are wider than `width`.
-QString WithBreakPlaces(const QString& text, const QFontMetrics& font, int width) {
+/// The text with invisible break opportunities in the words that are wider than `width`.
+QString WithBreakOpportunities(const QString& text, const QFontMetrics& font, int width) {
   QString broken;
   int word_width = 0;
   for (const QChar character : text) {
     const int advance = font.horizontalAdvance(character);
     word_width = character.isSpace() ? 0 : word_width + advance;
     if (word_width > width) {
-      broken += kBreakPlace;
+      broken += kZeroWidthSpace;
       word_width = advance;
     }
     broken += character;
@@ -82,7 +82,7 @@ int Execute(std::string_view text, std::string_view title, QMessageBox::Icon ico
     box->setEscapeButton(QMessageBox::No);
   }
   const int answer = box->exec();
-  delete box;  // null when its owner went meanwhile
+  delete box;  // null if its owner was deleted meanwhile
   if (owner) {
     owner->activateWindow();
   }
@@ -104,7 +104,7 @@ QString QtMessageBox::Fit(const QString& text, const QFontMetrics& font, QSize r
   const int line_width = std::min(kLineWidth, room.width() / 2);
   const auto shown = [&](qsizetype kept) {
     const qsizetype half = kept / 2;
-    return WithBreakPlaces(
+    return WithBreakOpportunities(
         kept == text.size() ? text : text.first(kept - half) + kEllipsis + text.last(half), font,
         room.width());
   };

@@ -18,9 +18,9 @@ class QtMessageBox final : public MessageBox {
   void Show(std::string_view text, std::string_view title, MessageIcon icon) override;
   bool Ask(std::string_view text, std::string_view title) override;
 
-  /// What a box with that room for its text shows of it: all, where it fits. Else an ellipsis
-  /// stands for its middle, so that no box outgrows the screen and the end can be read. A word gets
-  /// invisible places to break only where it is wider than the room.
+  /// The text as a box shows it that has `room` for it: all of it if it fits. Otherwise an ellipsis
+  /// replaces its middle, so that the box does not outgrow the screen and the end can be read. A
+  /// word wider than the room gets invisible break opportunities.
   static QString Fit(const QString& text, const QFontMetrics& font, QSize room);
 };
 

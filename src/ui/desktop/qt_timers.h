@@ -1,4 +1,4 @@
-/// Timers over the toolkit's.
+/// Timers based on QTimer.
 #pragma once
 
 #include <chrono>
@@ -8,7 +8,7 @@
 
 namespace korvanta {
 
-/// Ticks are held back while the event loop is busy, and those missed are not made up for.
+/// Ticks are delayed while the event loop is busy, and missed ones are not made up for.
 class QtTimerFactory final : public TimerFactory {
  public:
   std::unique_ptr<Timer> MakeTimer(std::chrono::milliseconds interval) override;

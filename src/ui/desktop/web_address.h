@@ -1,11 +1,11 @@
-/// What counts as a web address; used for opening pages and for the deployment values.
+/// What counts as a web address. Used for opening pages and for the deployment values.
 #pragma once
 
 #include <QString>
 
 namespace korvanta {
 
-/// An http or https address with a host, in correct form.
+/// Whether it is a well-formed http or https address with a host.
 bool IsWebAddress(const QString& address);
 
 }  // namespace korvanta

@@ -1,4 +1,4 @@
-/// The frames of the side windows.
+/// The group boxes of the side windows.
 #pragma once
 
 #include <QGroupBox>
@@ -6,8 +6,9 @@
 
 namespace korvanta {
 
-/// A group box whose caption may hold what the server sent: shown as it is, '&' included, cut to
-/// the width of the box with the whole of it in the tool tip. The caption never widens the window.
+/// A group box whose caption may hold text from the server: shown literally, '&' included, elided
+/// to the width of the box, with the full text in the tool tip. The caption never widens the
+/// window.
 class CaptionFrame : public QGroupBox {
  public:
   void SetCaption(const QString& caption);

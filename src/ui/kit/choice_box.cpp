@@ -21,7 +21,7 @@ ChoiceBox::ChoiceBox(const char* name, QWidget* parent) : QComboBox(parent) {
   setItemDelegate(new OneLineDelegate(this));
   view()->setTextElideMode(Qt::ElideRight);
   lineEdit()->setMaxLength(std::numeric_limits<int>::max());
-  // The toolkit takes a text that equals an entry for a choice when the box is left.
+  // When the box loses the focus, the toolkit would treat a text that equals an entry as a choice.
   disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
 }
 
@@ -45,8 +45,8 @@ void ChoiceBox::ShowChoices(const std::vector<std::string>& choices) {
   }
 }
 
-/// The toolkit writes its current entry into the box, and the first of all entries becomes current.
-/// An empty one takes that place for a moment, for the box lays out whatever comes into it.
+/// The toolkit makes the first entry current and writes it into the box, which lays it out however
+/// long it is. An empty entry takes that position meanwhile.
 void ChoiceBox::ReplaceChoices(const std::vector<std::string>& choices) {
   const auto [old_end, new_begin] =
       std::mismatch(choices_.begin(), choices_.end(), choices.begin(), choices.end());
@@ -61,8 +61,8 @@ void ChoiceBox::ReplaceChoices(const std::vector<std::string>& choices) {
   choices_ = choices;
 }
 
-/// The entry that stands in the box becomes the toolkit's current one, which keys go on from and
-/// the list opens at.
+/// Makes the entry that equals the box's text current: keys continue from it, and the list opens at
+/// it.
 void ChoiceBox::FollowText() {
   const QString text = currentText();
   if (itemText(currentIndex()) == text) {

@@ -1,4 +1,4 @@
-/// An editable box with a list to choose from, as the windows have them.
+/// An editable combo box.
 #pragma once
 
 #include <QComboBox>
@@ -8,13 +8,13 @@
 
 namespace korvanta {
 
-/// Takes a text of any length and changes none by itself, also when it is left. The wheel passes
-/// over it: a choice has effects, such as another password in the place of the one typed.
+/// Accepts text of any length and never changes it by itself, not even when it loses the focus.
+/// Ignores the wheel: a choice has effects, such as replacing the password typed.
 class ChoiceBox : public QComboBox {
  public:
   explicit ChoiceBox(const char* name, QWidget* parent = nullptr);
 
-  /// Sets what there is to choose from. The text stays, its caret and selection too.
+  /// Sets the list to choose from. Text, caret and selection stay.
   void ShowChoices(const std::vector<std::string>& choices);
 
   void showPopup() override;

@@ -14,8 +14,8 @@
 namespace korvanta {
 namespace {
 
-/// More bytes than anyone reads in a box of one line.
-constexpr std::size_t kReplyLength = 10'000;
+/// In bytes; more than anyone reads in a box of one line.
+constexpr std::size_t kMaxServerText = 10'000;
 constexpr char kEllipsisByte = '\x85';
 
 void SetAccessibleName(QWidget& control, QString caption) {
@@ -76,11 +76,11 @@ void ShowText(QLineEdit& box, std::string_view text) {
   }
 }
 
-void ShowReply(QLineEdit& box, std::string_view text) {
-  if (text.size() <= kReplyLength) {
+void ShowServerText(QLineEdit& box, std::string_view text) {
+  if (text.size() <= kMaxServerText) {
     ShowText(box, text);
   } else if (ToBytes(box.text()) != text) {
-    ShowText(box, std::string(text.substr(0, kReplyLength)) + kEllipsisByte);
+    ShowText(box, std::string(text.substr(0, kMaxServerText)) + kEllipsisByte);
   }
 }
 

@@ -1,5 +1,4 @@
-/// What the windows do alike with their controls: naming them, listening to what is typed into
-/// them, and showing a text in them.
+/// What all windows do with their controls: name them, listen to what is typed, and show text.
 #pragma once
 
 #include <QString>
@@ -14,30 +13,31 @@ class QWidget;
 
 namespace korvanta {
 
-/// Sets the control's own name, and what assistive technology calls it: the caption without the
-/// mark of its mnemonic. Parts of a combo box are called like the whole.
+/// Sets the control's object name, and its accessible name: the caption without the '&' of its
+/// mnemonic. The parts of a combo box get the same accessible name.
 void NameControl(QWidget& control, const char* name, const QString& caption);
 
-/// Becomes a dialog's default button only when it is made so.
+/// A button that is a dialog's default only if made so explicitly.
 QPushButton* MakeButton(const char* name, const QString& caption);
 
-/// The label of a control. Its mnemonic leads to the control, which is called by its caption.
+/// A label for a control. Its mnemonic focuses the control; its caption becomes the accessible name
+/// of the control.
 QLabel* MakeCaption(const QString& caption, QWidget& control);
 
-/// Holds one line of any length.
+/// A box for one line of any length.
 QLineEdit* MakeTextBox(const char* name);
 
-/// Calls `typed` with the box's text, in bytes, whenever it changes by any other hand than ours:
-/// keyboard, clipboard, input method, choice from a list, or an assistive program.
+/// Calls `typed` with the box's text, in bytes, whenever anything but `ShowText` changes it:
+/// keyboard, clipboard, input method, choice from a list, or assistive technology.
 void OnTyped(QLineEdit& box, std::function<void(const std::string&)> typed);
 
-/// Shows a text, unless it is what the box's text stands for in bytes already; `OnTyped` does not
-/// notice. In a box that has the keyboard the caret goes to the end, or stays where only letter
-/// case changed; in any other it goes to the start.
+/// Shows a text, unless the box's text has these bytes already; `OnTyped` is not triggered. In the
+/// focused box the caret moves to the end, or stays if only letter case changed; in any other it
+/// moves to the start.
 void ShowText(QLineEdit& box, std::string_view text);
 
-/// Shows a text that the server sent, and of one longer than anyone reads only the head: the
-/// toolkit lays out all that a box holds at every key. What the user typed stays whole.
-void ShowReply(QLineEdit& box, std::string_view text);
+/// Shows a text from the server, cut off at more than anyone reads: the toolkit lays out the whole
+/// text at every key press. Text that the user typed stays whole.
+void ShowServerText(QLineEdit& box, std::string_view text);
 
 }  // namespace korvanta

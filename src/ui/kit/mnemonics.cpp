@@ -7,8 +7,8 @@
 namespace korvanta {
 namespace {
 
-/// Where the mnemonic goes, or -1.
-qsizetype MnemonicPlace(const QString& caption, const QString& taken) {
+/// The index of the letter to use, or -1.
+qsizetype MnemonicIndex(const QString& caption, const QString& taken) {
   for (const bool at_word_start : {true, false}) {
     for (qsizetype i = 0; i < caption.size(); ++i) {
       const bool starts_word = i == 0 || caption[i - 1].isSpace();
@@ -30,7 +30,7 @@ void AddMnemonics(QMenu& menu) {
   }
   for (QAction* action : menu.actions()) {
     const QString caption = action->text();
-    const qsizetype place = MnemonicPlace(caption, taken);
+    const qsizetype place = MnemonicIndex(caption, taken);
     if (place >= 0 && QKeySequence::mnemonic(caption).isEmpty()) {
       taken += caption[place];
       action->setText(QString(caption).insert(place, QLatin1Char('&')));

@@ -1,4 +1,4 @@
-/// Our own pictures, rendered sharp for a screen.
+/// The program's pictures, rendered for a screen.
 #pragma once
 
 #include <QPixmap>

@@ -5,7 +5,7 @@
 namespace korvanta {
 namespace {
 
-/// The smallest legible letters.
+/// The smallest legible font size.
 constexpr int kSmallestPixels = 9;
 
 }  // namespace
@@ -13,7 +13,7 @@ constexpr int kSmallestPixels = 9;
 void SetUpLabel(QLabel& label, const QString& name, const LabelLook& look) {
   label.setObjectName(name);
   label.setTextFormat(Qt::PlainText);
-  label.setGeometry(look.place);
+  label.setGeometry(look.geometry);
   label.setAlignment(look.alignment);
   QPalette palette = label.palette();
   palette.setColor(QPalette::WindowText, look.colour);

@@ -1,4 +1,4 @@
-/// Labels at fixed places on a drawn ground: the board's and the splash's.
+/// Labels at fixed positions on a painted background: on the board and on the splash.
 #pragma once
 
 #include <QColor>
@@ -9,24 +9,23 @@
 namespace korvanta {
 
 struct LabelLook {
-  QRect place;
+  QRect geometry;
   QColor colour;
-  int pixels;  ///< letter size
+  int pixels;  ///< font size
   bool bold = false;
   Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter;
 };
 
-/// Gives a label its name, place and look, and makes it take every text as plain text.
+/// Sets a label's name, geometry and look, and makes it show plain text only.
 void SetUpLabel(QLabel& label, const QString& name, const LabelLook& look);
 
 /// A new label, owned by `parent`.
 QLabel& MakeLabel(QWidget* parent, const QString& name, const LabelLook& look);
 
-/// Sets a text of one line. What does not fit gives way to an ellipsis; the tool tip and screen
-/// readers have all of it.
+/// Shows a text on one line, elided to fit; the tool tip and screen readers get all of it.
 void ShowLine(QLabel& label, const QString& text);
 
-/// The same in letters of `pixels`, or in smaller ones that are still legible when it fits in them.
+/// The same at a font size of `pixels`, reduced as far as legible where that makes the text fit.
 void ShowLine(QLabel& label, const QString& text, int pixels);
 
 }  // namespace korvanta

@@ -59,7 +59,7 @@ PlainListView::PlainListView(const QString& heading, QWidget* parent)
   header()->setSectionsClickable(false);
   header()->setSectionResizeMode(QHeaderView::Stretch);
   connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
-    viewport()->update();  // rows of it would end inside device pixels at 125 and 150 %
+    viewport()->update();  // single rows would not end on whole device pixels at 125 and 150 %
     if (on_selected) {
       on_selected(selected());
     }
@@ -87,8 +87,8 @@ std::optional<std::size_t> PlainListView::selected() const {
 
 void PlainListView::focusInEvent(QFocusEvent* event) {
   QTreeView::focusInEvent(event);
-  // Taking the focus makes the first row the current one; without a selection the first arrow key
-  // would then skip it.
+  // Taking the focus makes the first row current; without a selection the first arrow key would
+  // then skip it.
   if (!selected()) {
     selectionModel()->clearCurrentIndex();
   }

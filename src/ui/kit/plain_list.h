@@ -1,4 +1,4 @@
-/// A list of plain texts in one column under a heading, as the side windows show it.
+/// A list of plain texts in one column under a heading, for the side windows.
 #pragma once
 
 #include <QAbstractListModel>
@@ -12,7 +12,7 @@
 
 namespace korvanta {
 
-/// Draws each text on one line, cut to its width.
+/// Draws each text on one line, elided to fit.
 class OneLineDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -24,7 +24,7 @@ class PlainListModel : public QAbstractListModel {
  public:
   explicit PlainListModel(QString heading) : heading_(std::move(heading)) {}
 
-  /// One reset, and none when the rows are those shown already.
+  /// Resets the model, unless the rows are the same.
   void SetRows(const QStringList& rows);
 
   int rowCount(const QModelIndex& parent = {}) const override;
@@ -36,12 +36,12 @@ class PlainListModel : public QAbstractListModel {
   QStringList rows_;
 };
 
-/// Rows are one line high; a long text is cut at the list's width and whole in its tool tip.
+/// Rows are one line high; a long text is elided, with all of it in the tool tip.
 class PlainListView : public QTreeView {
  public:
   explicit PlainListView(const QString& heading, QWidget* parent = nullptr);
 
-  /// Shows these rows and which of them is selected; does not raise `on_selected`.
+  /// Shows these rows with this selection; does not call `on_selected`.
   void ShowRows(const QStringList& rows, std::optional<std::size_t> selected_row = {});
 
   std::optional<std::size_t> selected() const;

@@ -1,4 +1,4 @@
-/// How the popup menus of the board and the online list come on the screen.
+/// Opening of the popup menus of the board and the online list.
 #pragma once
 
 #include <QPoint>
@@ -9,7 +9,7 @@ namespace korvanta {
 
 enum class OpenedBy { Mouse, Keyboard };
 
-/// Opened by the keyboard its first item is chosen, ready for Enter; by the mouse none is.
+/// Opened by keyboard, its first item is selected, ready for Enter; opened by mouse, none is.
 void OpenMenu(QMenu& menu, QPoint global_pos, OpenedBy opened_by);
 
 }  // namespace korvanta

@@ -1,4 +1,4 @@
-/// Conversion between the client's bytes (Windows-1252, one a character) and the toolkit's text.
+/// Conversion between the client's bytes (Windows-1252, one per character) and the toolkit's text.
 #pragma once
 
 #include <QList>
@@ -8,11 +8,11 @@
 
 namespace korvanta {
 
-/// Every byte value has a character of its own: the five that Windows-1252 leaves open become the
-/// control characters of the same code, so the way back is exact.
+/// Maps every byte to a different character: the five values that Windows-1252 leaves undefined
+/// become the control characters of the same code. `ToBytes` is its exact inverse.
 QString ToQString(std::string_view bytes);
 
-/// A character that the set lacks becomes '?'.
+/// A character that Windows-1252 lacks becomes '?'.
 std::string ToBytes(const QString& text);
 
 /// The character that one byte stands for.

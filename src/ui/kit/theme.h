@@ -1,4 +1,4 @@
-/// The one visual language of all windows: colours, spacing, type, and the style that applies them.
+/// The look of all windows: colours, spacing, and the style sheet that applies them.
 #pragma once
 
 #include <QColor>
@@ -36,8 +36,8 @@ inline constexpr QColor kWarning{0xb0, 0x10, 0x10};
 inline constexpr QColor kSelection{0xdb, 0xe6, 0xfc};  ///< selected text and rows on paper
 inline constexpr QColor kFound{0xff, 0xe8, 0x9c};      ///< what a search found, on paper
 
-/// Sets palette, font and style sheet for the whole program. Individual windows add none of their
-/// own; controls that differ say so through the properties that the style sheet names.
+/// Sets the style, palette and style sheet of the whole program. Windows add none of their own; the
+/// style sheet selects controls that differ by name or property.
 void Apply(QApplication& application);
 
 }  // namespace korvanta::theme

@@ -15,16 +15,16 @@ namespace {
 using Direction = MessageSearch::Direction;
 using Outcome = MessageSearch::Outcome;
 
-constexpr int kMostCharacters = 250;  // no longer than a line that a player can send
+constexpr int kMaxCharacters = 250;  // no longer than a line that a player can send
 constexpr int kOutcomeWidth = 20 * theme::kUnit;
 
-QString InWords(Outcome outcome) {
+QString TextOf(Outcome outcome) {
   switch (outcome) {
     case Outcome::NoMatch:
       return QStringLiteral("No match");
-    case Outcome::FoundAgainFromNewest:
+    case Outcome::WrappedToNewest:
       return QStringLiteral("From the newest again");
-    case Outcome::FoundAgainFromOldest:
+    case Outcome::WrappedToOldest:
       return QStringLiteral("From the oldest again");
     case Outcome::Nothing:
     case Outcome::Found:
@@ -47,7 +47,7 @@ FindBar::FindBar(QWidget* parent) : QWidget(parent) {
   txtFind->setObjectName(QStringLiteral("txtFind"));
   txtFind->setAccessibleName(QStringLiteral("Find"));
   txtFind->setPlaceholderText(QStringLiteral("Find"));
-  txtFind->setMaxLength(kMostCharacters);
+  txtFind->setMaxLength(kMaxCharacters);
   txtFind->setToolTip(
       QStringLiteral("Enter: older, Shift+Enter: newer, Ctrl+Enter: select it, Esc: close"));
   connect(txtFind, &QLineEdit::textChanged, this, [this](const QString& text) { on_typed(text); });
@@ -92,13 +92,13 @@ void FindBar::StartTyping() {
 }
 
 void FindBar::ShowOutcome(Outcome outcome, const QString& line) {
-  const QString words = InWords(outcome);
+  const QString words = TextOf(outcome);
   lblOutcome->setText(words);
   lblOutcome->setAccessibleName(words);
   txtFind->setAccessibleDescription(words.isEmpty() ? line : words + QStringLiteral(": ") + line);
 }
 
-/// Every other key ends here too: in the view behind, it would move the caret.
+/// All other keys end here as well: passed on to the view, they would move its caret.
 void FindBar::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape) {
     on_close();

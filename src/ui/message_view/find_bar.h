@@ -1,5 +1,5 @@
-/// The line in the message view in which the user types what to find there. It knows keys and
-/// captions only; what they do is the view's.
+/// The bar at the bottom of the message view in which the user types what to find. It knows only
+/// keys and captions; `Finder` does the rest.
 #pragma once
 
 #include <QWidget>
@@ -14,13 +14,13 @@ namespace korvanta {
 
 class FindBar : public QWidget {
  public:
-  /// The Tab key comes to it from `parent`.
+  /// Follows `parent` in the tab order.
   explicit FindBar(QWidget* parent);
 
-  /// Takes the focus, with what was sought before selected.
+  /// Takes the focus and selects the previous search term.
   void StartTyping();
 
-  /// Says in words how the last search went; `line`, the one that was found, is for screen readers.
+  /// Shows how the last search went; `line`, the line found, is for screen readers.
   void ShowOutcome(MessageSearch::Outcome outcome, const QString& line);
 
   std::function<void(const QString& text)> on_typed;

@@ -9,8 +9,8 @@
 namespace korvanta {
 namespace {
 
-/// The most of a found line that is handed to screen readers.
-constexpr std::size_t kMostToRead = 1000;
+/// At most so many bytes of a found line are passed to screen readers.
+constexpr std::size_t kMaxSpoken = 1000;
 
 }  // namespace
 
@@ -59,7 +59,7 @@ void Finder::PlaceBelow(const QRect& viewport) {
 
 void Finder::MakeBar() {
   bar_ = new FindBar(&widget_);
-  bar_->on_typed = [this](const QString& text) { ShowOutcome(search_.Seek(ToBytes(text))); };
+  bar_->on_typed = [this](const QString& text) { ShowOutcome(search_.SetTerm(ToBytes(text))); };
   bar_->on_next = [this](MessageSearch::Direction direction) { Next(direction); };
   bar_->on_close = [this] { Close(); };
   bar_->on_select = [this] {
@@ -76,7 +76,7 @@ void Finder::ShowOutcome(MessageSearch::Outcome outcome) {
   if (!match.empty()) {
     const std::size_t start = LineStart(view_.text(), match.from);
     const std::size_t end = LineEnd(view_.text(), match.from);
-    line = ToQString(view_.text().Bytes(start, std::min(end, start + kMostToRead)));
+    line = ToQString(view_.text().Bytes(start, std::min(end, start + kMaxSpoken)));
     position_.ShowCentred(match);
   }
   bar_->ShowOutcome(outcome, line);

@@ -1,5 +1,5 @@
-/// The search in the message view as the user meets it: opens and closes the find bar, and brings
-/// each match into sight.
+/// The user interface of the search in the message view: opens and closes the find bar, and scrolls
+/// to each match.
 #pragma once
 
 #include <QPointer>
@@ -16,18 +16,18 @@ class FindBar;
 
 class Finder {
  public:
-  /// All of them outlive this. The bar becomes a child of `widget`, which has the focus when the
-  /// search is over, unless something else had it before.
+  /// All must outlive it. The bar becomes a child of `widget`. After the search, the focus returns
+  /// to the control that had it before, or else to `widget`.
   Finder(MessageView& view, ScrollPosition& position, QWidget& widget);
 
-  /// What has been found, to be painted; empty when there is nothing.
+  /// The match to highlight; empty if there is none.
   TextRange match() const { return search_.match(); }
 
   bool IsOpen() const;
   void Open();
   void Close();
 
-  /// To the next match that way; opens the search if need be.
+  /// Moves to the next match in that direction; opens the search if it is closed.
   void Next(MessageSearch::Direction direction);
 
   /// Height of the bar in pixels; 0 while the search is closed.
@@ -36,7 +36,7 @@ class Finder {
   /// Puts the bar directly below `viewport`.
   void PlaceBelow(const QRect& viewport);
 
-  /// Call it with each change of the view.
+  /// To be called with every change of the view.
   void TextChanged(const MessageView::Change& change) { search_.TextChanged(change); }
 
   /// Called when the search opens or closes, and when the match has changed.
@@ -50,7 +50,7 @@ class Finder {
   ScrollPosition& position_;
   QWidget& widget_;
   MessageSearch search_;
-  FindBar* bar_ = nullptr;  // made when it is first wanted
+  FindBar* bar_ = nullptr;  // created when first needed
   QPointer<QWidget> focus_before_;
 };
 

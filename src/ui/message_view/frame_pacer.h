@@ -1,4 +1,4 @@
-/// Lets the message view take in what has changed at most once a frame, however often that is.
+/// Limits the updating of the message view to once per frame, however often its text changes.
 #pragma once
 
 #include <QElapsedTimer>
@@ -22,7 +22,7 @@ class FramePacer {
     });
   }
 
-  /// Asks for a frame, which comes as soon as the one before is long enough ago.
+  /// Requests a frame, as soon as the previous one is long enough ago.
   void Schedule() {
     if (!timer_.isActive()) {
       const qint64 since = last_.isValid() ? last_.elapsed() : kMilliseconds;

@@ -8,7 +8,7 @@
 namespace korvanta {
 namespace {
 
-constexpr int kRowGap = 3;  // logical pixels between the rows, above what the font asks for
+constexpr int kRowGap = 3;  // logical pixels between rows, beyond the font's height
 constexpr int kTabSpaces = 4;
 
 std::uint32_t GlyphIn(const QRawFont& font, QChar character) {

@@ -1,5 +1,5 @@
-/// One font's glyph and advance for each of the 256 bytes; the message view measures and paints by
-/// it alone.
+/// A font's glyph and advance for each of the 256 byte values, by which the message view measures
+/// and paints.
 #pragma once
 
 #include <QFont>
@@ -22,10 +22,10 @@ class GlyphTable {
   const QRawFont& font() const { return font_; }
   const Advances& advances() const { return advances_; }
 
-  /// 0 where nothing is to be painted.
+  /// 0 if nothing is painted.
   std::uint32_t GlyphOf(char byte) const { return glyphs_[static_cast<unsigned char>(byte)]; }
 
-  /// From the top of a row to its base line, and to the next row; whole logical pixels.
+  /// From the top of a row to its baseline, and to the next row, in whole logical pixels.
   int ascent() const { return ascent_; }
   int row_height() const { return row_height_; }
 

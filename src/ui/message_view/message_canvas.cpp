@@ -28,7 +28,7 @@ std::size_t MessageCanvas::WholeRows() const {
   return static_cast<std::size_t>(std::max(1, (size_.height() - 2 * kMargin) / row_height()));
 }
 
-ScreenPlace MessageCanvas::PlaceAt(QPoint point) const {
+ScreenPosition MessageCanvas::PositionAt(QPoint point) const {
   const int down =
       std::clamp((point.y() - kMargin) / row_height(), 0, static_cast<int>(WholeRows()));
   return {static_cast<std::size_t>(down), static_cast<float>(point.x() - kMargin)};
@@ -41,7 +41,7 @@ std::optional<QRect> MessageCanvas::CaretRect(std::size_t offset, std::size_t to
   }
   for (int y = kMargin; y < size_.height(); y += row_height()) {
     if (offset < row.next || rows_.IsLast(row)) {
-      // It may stand in the margin: behind a space that hangs over the edge.
+      // It may be in the margin, after a space that hangs over the edge.
       const int x =
           std::min(kMargin + qRound(WidthBetween(row.start, offset)), size_.width() - kMargin / 2);
       return QRect(x - kCaretWidth / 2, y, kCaretWidth, row_height());
@@ -66,8 +66,8 @@ void MessageCanvas::Paint(QPainter& painter, std::size_t top, bool focused, Text
   std::size_t start = top;
   for (int y = kMargin; y < size_.height(); y += row_height()) {
     const Row row = rows_.At(start);
-    PaintGround(painter, row, y, view_.selection(), theme::kSelection);
-    PaintGround(painter, row, y, match, theme::kFound);
+    PaintBackground(painter, row, y, view_.selection(), theme::kSelection);
+    PaintBackground(painter, row, y, match, theme::kFound);
     PaintText(painter, row, y);
     if (rows_.IsLast(row)) {
       break;
@@ -78,14 +78,14 @@ void MessageCanvas::Paint(QPainter& painter, std::size_t top, bool focused, Text
   if (caret && view_.IsScrollLocked()) {
     painter.fillRect(*caret, theme::kInk);
   } else if (caret && focused && caret->bottom() < size_.height()) {
-    // Lines go to the end whatever the caret; it only serves the keyboard.
+    // Lines are appended wherever the caret is; it only serves the keyboard.
     caret->setWidth(1);
     painter.fillRect(*caret, theme::kInk);
   }
 }
 
-void MessageCanvas::PaintGround(QPainter& painter, const Row& row, int y, TextRange range,
-                                const QColor& colour) const {
+void MessageCanvas::PaintBackground(QPainter& painter, const Row& row, int y, TextRange range,
+                                    const QColor& colour) const {
   const std::size_t from = std::max(range.from, row.start);
   const std::size_t to = std::min(range.to, row.next);
   if (from >= to) {

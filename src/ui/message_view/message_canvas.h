@@ -1,6 +1,5 @@
-/// Where the text of the message view stands in its widget, and the painting of it. The top of what
-/// is seen is always the start of a row, given as `top`; positions are in logical pixels of the
-/// viewport.
+/// Lays out and paints the message view's text in its viewport. `top` is the offset of the first
+/// visible row, always the start of a row; positions are in logical pixels of the viewport.
 #pragma once
 
 #include <QFont>
@@ -29,25 +28,24 @@ class MessageCanvas {
   const TextRows& rows() const { return rows_; }
   int row_height() const { return glyphs_.row_height(); }
 
-  /// Rows that are seen whole; at least 1.
+  /// Number of fully visible rows; at least 1.
   std::size_t WholeRows() const;
 
-  /// Above and below the rows in sight, the first or last of them is meant.
-  ScreenPlace PlaceAt(QPoint point) const;
+  /// Limited to the visible rows.
+  ScreenPosition PositionAt(QPoint point) const;
 
-  /// Top left corner and height of the caret at `offset`; none when its row is out of sight.
+  /// The caret at `offset`; none if its row is not visible.
   std::optional<QRect> CaretRect(std::size_t offset, std::size_t top) const;
 
-  /// The byte's place in the viewport; none when its row is out of sight. A line break has the
-  /// width of a space.
+  /// The byte at `offset`; none if its row is not visible. A line break has the width of a space.
   std::optional<QRect> ByteRect(std::size_t offset, std::size_t top) const;
 
-  /// `match` is what a search has found, perhaps nothing.
+  /// `match` is the match of the search, perhaps empty.
   void Paint(QPainter& painter, std::size_t top, bool focused, TextRange match = {0, 0});
 
  private:
-  void PaintGround(QPainter& painter, const Row& row, int y, TextRange range,
-                   const QColor& colour) const;
+  void PaintBackground(QPainter& painter, const Row& row, int y, TextRange range,
+                       const QColor& colour) const;
   void PaintText(QPainter& painter, const Row& row, int y);
   float WidthBetween(std::size_t from, std::size_t to) const;
 
@@ -56,7 +54,7 @@ class MessageCanvas {
   TextRows rows_;
   QSize size_;
 
-  // Kept between paints for their room.
+  // Kept between paints to reuse their memory.
   Excerpt excerpt_;
   std::vector<quint32> glyph_indexes_;
   std::vector<QPointF> positions_;

@@ -12,7 +12,7 @@
 namespace korvanta {
 namespace {
 
-/// The toolkit counts in ints; what lies beyond is out of its reach.
+/// The toolkit counts in ints; text beyond them is not accessible.
 constexpr auto kReach = static_cast<std::size_t>(std::numeric_limits<int>::max());
 
 int ToInt(std::size_t offset) { return static_cast<int>(std::min(offset, kReach)); }
@@ -90,7 +90,7 @@ class MessageViewAccessible : public QAccessibleWidget, public QAccessibleTextIn
   int offsetAtPoint(const QPoint& point) const override {
     const QPoint place = view_.viewport()->mapFromGlobal(point);
     return view_.viewport()->rect().contains(place)
-               ? ToInt(view_.position().OffsetAt(view_.canvas().PlaceAt(place), Aim::Byte))
+               ? ToInt(view_.position().OffsetAt(view_.canvas().PositionAt(place), Aim::Byte))
                : -1;
   }
   void scrollToSubstring(int from, int to) override {
@@ -98,7 +98,7 @@ class MessageViewAccessible : public QAccessibleWidget, public QAccessibleTextIn
     view_.position().Show(Offset(from));
   }
 
-  /// The colour, and how far it reaches within the line.
+  /// The colour, and how far it extends within the line.
   QString attributes(int offset, int* from, int* to) const override {
     const std::size_t place = Offset(offset);
     const TextRange line = LineAt(Model().text(), place);
@@ -122,7 +122,7 @@ class MessageViewAccessible : public QAccessibleWidget, public QAccessibleTextIn
  private:
   MessageView& Model() const { return view_.model(); }
 
-  /// Two numbers have a meaning of their own: -1 is the end of the text, -2 the caret.
+  /// Two values are special: -1 is the end of the text, -2 the caret.
   std::size_t Offset(int asked) const {
     if (asked < 0) {
       return asked == -2 ? Model().caret() : Model().size();
@@ -130,16 +130,16 @@ class MessageViewAccessible : public QAccessibleWidget, public QAccessibleTextIn
     return std::min(static_cast<std::size_t>(asked), Model().size());
   }
 
-  /// Nothing longer than a line is ever a unit.
+  /// No unit is longer than a line.
   TextRange UnitAt(std::size_t offset, QAccessible::TextBoundaryType unit) const {
     const ColouredText& text = Model().text();
     const TextRows& rows = view_.position().rows();
     switch (unit) {
       case QAccessible::CharBoundary:
-        return {CaretPlace(text, offset), NextCaretPlace(text, CaretPlace(text, offset))};
+        return {CaretPosition(text, offset), NextCaretPosition(text, CaretPosition(text, offset))};
       case QAccessible::WordBoundary:
         return offset == LineEnd(text, offset)
-                   ? TextRange{CaretPlace(text, offset), NextCaretPlace(text, offset)}
+                   ? TextRange{CaretPosition(text, offset), NextCaretPosition(text, offset)}
                    : WordAt(text, offset);
       case QAccessible::LineBoundary: {
         const std::size_t start = rows.StartOf(offset);

@@ -1,5 +1,4 @@
-/// The message view as screen readers find it: a read-only text of which they ask for a line, a
-/// word or a character at a time.
+/// The message view for screen readers: a read-only text that they read by line, word or character.
 #pragma once
 
 #include "lobby/message_view.h"
@@ -8,11 +7,11 @@ namespace korvanta {
 
 class MessageViewWidget;
 
-/// Makes the toolkit describe every message view this way. Call it before anything may ask it
-/// for a view's description; more than once does no harm.
+/// Installs this for every message view. To be called before any of them is queried; repeated calls
+/// do no harm.
 void InstallMessageViewAccessibility();
 
-/// Notifies screen readers, if there are any, of what has changed in the view's text.
+/// Notifies screen readers, if any, of a change of the view.
 void NotifyAccessibility(MessageViewWidget& widget, const MessageView::Change& change);
 
 }  // namespace korvanta

@@ -1,4 +1,4 @@
-/// The context menu of the message view's text, and the copying from it.
+/// The message view's context menu, and copying.
 #pragma once
 
 #include <QClipboard>
@@ -10,7 +10,7 @@ class QWidget;
 
 namespace korvanta {
 
-/// Puts the selected text on a clipboard that the desktop has; without a selection nothing happens.
+/// Copies the selected text to a clipboard that the desktop has; does nothing without a selection.
 void CopySelection(const MessageView& view, QClipboard::Mode clipboard);
 
 /// Copy, Select All and the actions of `widget`, which owns the menu.

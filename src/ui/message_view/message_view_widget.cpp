@@ -13,12 +13,12 @@
 #include "ui/message_view/message_view_accessible.h"
 #include "ui/message_view/message_view_menu.h"
 #include "ui/message_view/motion_keys.h"
-#include "ui/message_view/new_lines_mark.h"
+#include "ui/message_view/new_lines_button.h"
 
 namespace korvanta {
 namespace {
 
-/// Bytes of text that one step of the scroll bar stands for: 1 until the text outgrows an int.
+/// Bytes of text per step of the scroll bar: 1 until the text outgrows an int.
 std::size_t BytesPerStep(std::size_t size) {
   return size / static_cast<std::size_t>(std::numeric_limits<int>::max()) + 1;
 }
@@ -56,8 +56,8 @@ MessageViewWidget::MessageViewWidget(MessageView& view, QWidget* parent)
 
 MessageViewWidget::~MessageViewWidget() { view_.on_changed = nullptr; }
 
-/// The keys hold in the whole window, so that nobody has to leave the chat line for them. The main
-/// menu has Ctrl+F and F3 for uses of its own.
+/// The shortcuts work in the whole window, so that nobody has to leave the chat line for them. The
+/// main menu uses Ctrl+F and F3 itself.
 void MessageViewWidget::MakeActions() {
   using Direction = MessageSearch::Direction;
   struct Entry {
@@ -87,7 +87,7 @@ void MessageViewWidget::MakeActions() {
   mnuNewLines->setEnabled(false);
 }
 
-/// However many changes come in, they are drawn together and at most once a frame.
+/// Changes are drawn together, at most once per frame.
 void MessageViewWidget::TextChanged(const MessageView::Change& change) {
   position_.TextChanged(change);
   caret_.TextChanged(change);
@@ -105,7 +105,7 @@ void MessageViewWidget::ShowPosition() {
   const std::size_t last = position_.last_top();
   const std::size_t step = BytesPerStep(view_.size());
   bar->setRange(0, static_cast<int>(last / step));
-  bar->setEnabled(last > 0);  // always there, but no thumb to see when all of the text is
+  bar->setEnabled(last > 0);  // always visible, but without a thumb if the whole text is
   bar->setPageStep(std::max(1, static_cast<int>((view_.size() - last) / step)));
   if (!bar->isSliderDown() || top == last) {
     bar->setValue(static_cast<int>(top / step));
@@ -114,7 +114,7 @@ void MessageViewWidget::ShowPosition() {
   const UnseenLines& unseen = position_.unseen();
   mnuNewLines->setEnabled(unseen.count() > 0);
   if (btnNewLines == nullptr && unseen.count() > 0) {
-    btnNewLines = new NewLinesMark(viewport());
+    btnNewLines = new NewLinesButton(viewport());
     connect(btnNewLines, &QToolButton::clicked, mnuNewLines, &QAction::trigger);
   }
   if (btnNewLines != nullptr) {
@@ -123,7 +123,7 @@ void MessageViewWidget::ShowPosition() {
   viewport()->update();
 }
 
-/// Steps of the bar are rows and pages of rows; it takes the new position from here.
+/// The steps of the bar are rows and pages of rows; it takes its new value from here.
 void MessageViewWidget::OnScrollAction(int action) {
   switch (action) {
     case QAbstractSlider::SliderSingleStepAdd:
@@ -150,7 +150,7 @@ void MessageViewWidget::OnScrollAction(int action) {
   verticalScrollBar()->setSliderPosition(verticalScrollBar()->value());
 }
 
-/// Reached only by the thumb: every other way sets the bar quietly.
+/// Called only for the thumb: all other code sets the bar with its signals blocked.
 void MessageViewWidget::scrollContentsBy(int /*dx*/, int /*dy*/) {
   const QScrollBar* const bar = verticalScrollBar();
   const bool to_end = bar->value() == bar->maximum();
@@ -158,7 +158,7 @@ void MessageViewWidget::scrollContentsBy(int /*dx*/, int /*dy*/) {
                             : static_cast<std::size_t>(bar->value()) * BytesPerStep(view_.size()));
 }
 
-/// The wheel over the scroll bar turns rows like anywhere else, not bytes.
+/// Over the scroll bar, too, the wheel scrolls by rows and not by bytes.
 bool MessageViewWidget::eventFilter(QObject* watched, QEvent* event) {
   if (watched == verticalScrollBar() && event->type() == QEvent::Wheel) {
     wheelEvent(static_cast<QWheelEvent*>(event));
@@ -175,7 +175,7 @@ void MessageViewWidget::wheelEvent(QWheelEvent* event) {
     zoom_wheel_ %= QWheelEvent::DefaultDeltasPerStep;
     return;
   }
-  // Touch pads send many small steps; what is less than a row is kept for the next one.
+  // Touch pads send many small steps; the fraction of a row is kept for the next one.
   const bool pixels = event->hasPixelDelta() && event->phase() != Qt::NoScrollPhase;
   wheel_rows_ +=
       pixels
@@ -189,7 +189,7 @@ void MessageViewWidget::wheelEvent(QWheelEvent* event) {
   }
 }
 
-/// The keys of the text come before the same keys of the window's menus.
+/// The text's keys take precedence over the same keys of the window's menus.
 bool MessageViewWidget::event(QEvent* event) {
   if (event->type() == QEvent::ShortcutOverride) {
     auto* const key = static_cast<QKeyEvent*>(event);
@@ -199,7 +199,7 @@ bool MessageViewWidget::event(QEvent* event) {
       return true;
     }
   } else if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
-    viewport()->update();  // the caret comes or goes
+    viewport()->update();  // shows or hides the caret
   }
   return QAbstractScrollArea::event(event);
 }

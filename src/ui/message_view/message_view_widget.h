@@ -1,4 +1,4 @@
-/// The message view on the screen: converts the user's events and draws the lines straight from the
+/// The widget of the message view: converts input events, and draws the text straight from the
 /// model. Read-only.
 #pragma once
 
@@ -17,11 +17,11 @@ class QAction;
 
 namespace korvanta {
 
-class NewLinesMark;
+class NewLinesButton;
 
 class MessageViewWidget : public QAbstractScrollArea {
  public:
-  /// Becomes the listener of `view`, which outlives it.
+  /// Becomes the listener of `view`, which must outlive it.
   explicit MessageViewWidget(MessageView& view, QWidget* parent = nullptr);
   MessageViewWidget(const MessageViewWidget&) = delete;
   MessageViewWidget& operator=(const MessageViewWidget&) = delete;
@@ -61,12 +61,12 @@ class MessageViewWidget : public QAbstractScrollArea {
   MouseSelection mouse_{*viewport(), canvas_, position_, caret_};
   TextZoom zoom_;
 
-  // What the wheel has turned towards the next step and the next row.
+  // Wheel movement accumulated towards the next zoom step and the next row.
   int zoom_wheel_ = 0;
   float wheel_rows_ = 0;
 
   QAction* mnuNewLines = nullptr;
-  NewLinesMark* btnNewLines = nullptr;  // made when it is first wanted
+  NewLinesButton* btnNewLines = nullptr;  // created when first needed
 };
 
 }  // namespace korvanta

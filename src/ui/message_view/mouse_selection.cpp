@@ -10,7 +10,7 @@ namespace {
 
 using Unit = CaretMover::Unit;
 
-constexpr int kDragMilliseconds = 40;  // between two steps of scrolling by a held drag
+constexpr int kDragMilliseconds = 40;  // between scroll steps while a drag is held beyond an edge
 
 }  // namespace
 
@@ -43,7 +43,7 @@ bool MouseSelection::eventFilter(QObject* /*watched*/, QEvent* event) {
   }
 }
 
-/// A press soon after a double click at the same place makes it a triple one.
+/// A press soon after a double click at the same position is a triple click.
 void MouseSelection::Press(const QMouseEvent& event) {
   const bool is_double = event.type() == QEvent::MouseButtonDblClick;
   const bool is_triple =
@@ -56,7 +56,7 @@ void MouseSelection::Press(const QMouseEvent& event) {
   }
   pointer_ = event.pos();
   const Unit unit = is_double ? Unit::Word : is_triple ? Unit::Line : Unit::Character;
-  caret_.Press(canvas_.PlaceAt(pointer_), unit, event.modifiers().testFlag(Qt::ShiftModifier));
+  caret_.Press(canvas_.PositionAt(pointer_), unit, event.modifiers().testFlag(Qt::ShiftModifier));
 }
 
 void MouseSelection::Move(const QMouseEvent& event) {
@@ -81,7 +81,7 @@ void MouseSelection::DragToPointer() {
   } else if (below > 0) {
     position_.ScrollRows(1 + below / canvas_.row_height());
   }
-  caret_.DragTo(canvas_.PlaceAt(pointer_));
+  caret_.DragTo(canvas_.PositionAt(pointer_));
 }
 
 }  // namespace korvanta

@@ -1,5 +1,5 @@
-/// The mouse in the message view's text: clicks, double and triple clicks and drags become presses
-/// and moves of the caret mover.
+/// Selecting by mouse in the message view: converts single, double and triple clicks and drags to
+/// calls of the caret mover.
 #pragma once
 
 #include <QElapsedTimer>
@@ -16,11 +16,11 @@ namespace korvanta {
 
 class MouseSelection : public QObject {
  public:
-  /// Takes the mouse events of `viewport`. All of them outlive this.
+  /// Filters the mouse events of `viewport`. All must outlive it.
   MouseSelection(QWidget& viewport, const MessageCanvas& canvas, ScrollPosition& position,
                  CaretMover& caret);
 
-  /// Called when the button goes up.
+  /// Called when the left button is released.
   std::function<void()> on_released;
 
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -1,4 +1,4 @@
-/// The size of the message view's letters, in steps that the user takes by keys and wheel.
+/// The message view's font size, in steps.
 #pragma once
 
 #include <algorithm>
@@ -11,7 +11,7 @@ class TextZoom {
   /// Of the font's own size.
   int percent() const { return kLevels[static_cast<std::size_t>(level_)]; }
 
-  /// Larger by so many steps, smaller when negative, as far as there are any.
+  /// Zoomed in by that many steps, or out if negative, as far as the steps go.
   TextZoom By(int steps) const {
     TextZoom zoom;
     zoom.level_ = std::clamp(level_ + steps, 0, static_cast<int>(kLevels.size()) - 1);

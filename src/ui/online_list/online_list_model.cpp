@@ -21,7 +21,7 @@
 namespace korvanta {
 namespace {
 
-/// An empty picture of the mark's size, so that all names start at the same place.
+/// An empty picture of the size of the mark, so that all names start at the same position.
 QIcon EmptyIcon() {
   QPixmap pixmap(OnlineListModel::kMarkSize, OnlineListModel::kMarkSize);
   pixmap.fill(Qt::transparent);
@@ -30,7 +30,7 @@ QIcon EmptyIcon() {
 
 using Ranks = std::array<std::uint8_t, 256>;
 
-/// The places of the 256 bytes among all characters without regard to case, from 1.
+/// The rank of each byte in the alphabet without regard to case, from 1.
 Ranks RanksWithoutCase() {
   const auto folded = [](std::size_t byte) {
     return ToQChar(static_cast<unsigned char>(byte)).toCaseFolded();
@@ -83,7 +83,7 @@ bool LevelBefore(const LevelKey& a, const LevelKey& b) {
   return a.number.has_value() > b.number.has_value() || (!a.number && !b.number && a.text < b.text);
 }
 
-/// Puts the numbers of the entries in the order of their keys; equal ones stay in place.
+/// Sorts the indexes of the entries by key; equal ones keep their order.
 template <typename KeyOf, typename Before>
 void SortBy(std::vector<std::size_t>& order, const std::vector<OnlineList::Entry>& entries,
             Qt::SortOrder direction, KeyOf key_of, Before before) {

@@ -1,5 +1,5 @@
-/// The toolkit's view of the online list: a table of names and levels that draws from the plain
-/// list and keeps nothing but the order in which its rows are shown.
+/// The Qt model of the online list: a table of names and levels that reads from the plain list and
+/// stores only the order of its rows.
 #pragma once
 
 #include <QAbstractTableModel>
@@ -19,7 +19,7 @@ class OnlineListModel : public QAbstractTableModel {
 
   enum Column { Name, Level, ColumnCount };
 
-  /// The list outlives the model; its `on_changed` stays with the owner, who calls `Rebuilt`.
+  /// The list must outlive the model; its listener calls `Rebuilt`.
   OnlineListModel(const OnlineList& list, QObject* parent);
 
   void Rebuilt();
@@ -32,8 +32,8 @@ class OnlineListModel : public QAbstractTableModel {
   QVariant data(const QModelIndex& index, int role) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
-  /// By name without regard to case, or by level as a number with texts behind; equal ones stay in
-  /// the order received. Column -1 gives that order itself.
+  /// Sorts by name, ignoring case, or by level as a number, texts last; equal entries keep the
+  /// order received. Column -1 restores that order.
   void sort(int column, Qt::SortOrder order) override;
 
  private:
@@ -43,7 +43,7 @@ class OnlineListModel : public QAbstractTableModel {
   std::vector<std::size_t> order_;
   int sort_column_ = -1;
   Qt::SortOrder sort_order_ = Qt::AscendingOrder;
-  QFont name_font_;  // bold: colours on light ground need the weight
+  QFont name_font_;  // bold: colours on a light background need the weight
   QIcon marked_;
   QIcon unmarked_;
 };

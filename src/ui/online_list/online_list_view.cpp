@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kLevelColumnWidth = 84;
 
-/// Draws selected rows as the others, on the ground of what is selected.
+/// Draws selected rows in their own colours on the background of a selection.
 class OwnColourDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -66,8 +66,8 @@ bool OnlineListView::viewportEvent(QEvent* event) {
     case QEvent::MouseButtonPress:
       if (const auto& mouse = *static_cast<QMouseEvent*>(event);
           mouse.button() == Qt::RightButton) {
-        // The toolkit would take the selection away, on which the menu is to act: below the
-        // entries, and with Ctrl.
+        // Below the entries and with Ctrl, the toolkit would clear the selection, which the menu is
+        // for.
         SelectAt(mouse.position().toPoint());
         return true;
       }
@@ -80,7 +80,7 @@ bool OnlineListView::viewportEvent(QEvent* event) {
       }
       break;
     case QEvent::ContextMenu:
-      return true;  // the button's release asks for the menu
+      return true;  // the menu opens when the button is released
     default:
       break;
   }
@@ -96,8 +96,8 @@ void OnlineListView::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-/// The toolkit makes the first row the current one; without a selection the first arrow key would
-/// then skip it.
+/// The toolkit makes the first row current; without a selection the first arrow key would then skip
+/// it.
 void OnlineListView::focusInEvent(QFocusEvent* event) {
   QTreeView::focusInEvent(event);
   if (!selectionModel()->hasSelection()) {
@@ -105,7 +105,7 @@ void OnlineListView::focusInEvent(QFocusEvent* event) {
   }
 }
 
-/// The keys ask for the menu themselves; the toolkit's own request would be the second.
+/// The keys request the menu themselves; the toolkit's event would be a second request.
 void OnlineListView::contextMenuEvent(QContextMenuEvent* event) { event->accept(); }
 
 void OnlineListView::SelectAt(QPoint point) {
@@ -118,7 +118,7 @@ void OnlineListView::SelectAt(QPoint point) {
 void OnlineListView::selectionChanged(const QItemSelection& selected,
                                       const QItemSelection& deselected) {
   QTreeView::selectionChanged(selected, deselected);
-  viewport()->update();  // rows of it would end inside device pixels at 125 and 150 %
+  viewport()->update();  // single rows would not end on whole device pixels at 125 and 150 %
   const QModelIndexList rows = selectionModel()->selectedRows();
   list_.Select(rows.isEmpty() ? std::nullopt : std::optional(model_->EntryAt(rows.first().row())));
 }

@@ -1,4 +1,4 @@
-/// The online list as the main window shows it: a report view that opens the player menu.
+/// The online list in the main window: a table that opens the player menu.
 #pragma once
 
 #include <QPoint>
@@ -13,11 +13,11 @@ namespace korvanta {
 
 class OnlineListView : public QTreeView {
  public:
-  /// Takes over the list's `on_changed`; the list outlives the view.
+  /// Takes over the list's `on_changed`; the list must outlive the view.
   OnlineListView(OnlineList& list, QWidget* parent);
 
-  /// The player menu is asked for, at this place of the screen: by the right mouse button's release
-  /// anywhere in the list, or by the Menu key or Shift+F10 at the selected entry.
+  /// The player menu was requested: by releasing the right mouse button anywhere in the list, or by
+  /// the Menu key or Shift+F10 on the selected entry.
   std::function<void(QPoint global_pos, OpenedBy opened_by)> on_menu;
 
  protected:
@@ -30,7 +30,7 @@ class OnlineListView : public QTreeView {
  private:
   void SelectAt(QPoint point);
 
-  /// Where a menu for the current entry opens when the keyboard asks for it.
+  /// Where the keyboard opens the menu of the current entry, as a global position.
   QPoint CurrentEntryPosition() const;
 
   OnlineList& list_;

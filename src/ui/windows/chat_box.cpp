@@ -10,10 +10,10 @@
 namespace korvanta {
 namespace {
 
-/// Remaining characters are shown from this many down.
+/// The number of remaining characters is shown from here down.
 constexpr std::ptrdiff_t kShowRemainingFrom = 50;
 
-/// Room that the line keeps free for the remaining characters, shown or not.
+/// Width reserved for that number, shown or not.
 constexpr int kRemainingWidth = 5 * theme::kUnit;
 
 }  // namespace
@@ -61,7 +61,7 @@ void ChatBox::keyPressEvent(QKeyEvent* event) {
     key == Qt::Key_Up ? input_.HistoryUp() : input_.HistoryDown();
     return;
   }
-  // The toolkit would choose a line in place of what is being typed; with Alt it opens the list.
+  // These would replace the text being typed with a line of the list; with Alt they open the list.
   const bool chooses = key == Qt::Key_PageUp || key == Qt::Key_PageDown ||
                        (vertical && !modifiers.testFlag(Qt::AltModifier));
   if (!chooses) {

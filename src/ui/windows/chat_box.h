@@ -1,4 +1,4 @@
-/// The chat line's combo box, drawn from the chat input.
+/// The chat line's combo box, which shows the chat input.
 #pragma once
 
 #include "lobby/chat_input.h"
@@ -10,10 +10,10 @@ namespace korvanta {
 
 class ChatBox : public ChoiceBox {
  public:
-  /// The chat input outlives the box; its `on_changed` stays with the owner, who calls `Refresh`.
+  /// The chat input must outlive the box; its listener calls `Refresh`.
   ChatBox(ChatInput& input, QWidget* parent);
 
-  /// Draws the input's text, history and remaining characters.
+  /// Shows the input's text, history and remaining characters.
   void Refresh();
 
  protected:

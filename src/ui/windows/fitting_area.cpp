@@ -10,11 +10,11 @@
 namespace korvanta {
 namespace {
 
-/// Room that may be missing before scroll bars come. It lies within the content's margin, and a
-/// fractional scale can round that much away.
+/// Space that may be missing before scroll bars appear. It is within the content's margin, and
+/// rounding at a fractional scale can lose that much.
 constexpr int kSlack = theme::kUnit;
 
-/// What a window's frame takes of the screen, before there is one to measure.
+/// Estimated size of a window's frame, used before there is one to measure.
 constexpr QSize kFrame{theme::kUnit, 5 * theme::kUnit};
 
 void ShowBar(FittingArea& area, Qt::Orientation orientation, bool shown) {
@@ -54,11 +54,11 @@ QSize FittingArea::ContentSize() const {
 
 void FittingArea::FitWindow(QSize wanted) {
   wanted_ = wanted;
-  window()->resize(Affordable());
+  window()->resize(FittingSize());
   LimitWindow();
 }
 
-QSize FittingArea::Affordable() const {
+QSize FittingArea::FittingSize() const {
   const QSize room = screen()->availableSize() - kFrame;
   const int bar = verticalScrollBar()->sizeHint().width();
   const QSize with_bars(wanted_.width() + (wanted_.height() > room.height() ? bar : 0),
@@ -68,7 +68,7 @@ QSize FittingArea::Affordable() const {
 
 void FittingArea::LimitWindow() {
   if (!widgetResizable()) {
-    window()->setMinimumSize(Affordable());
+    window()->setMinimumSize(FittingSize());
   }
 }
 
@@ -99,7 +99,7 @@ void FittingArea::resizeEvent(QResizeEvent* event) {
 
 void FittingArea::scrollContentsBy(int dx, int dy) {
   QScrollArea::scrollContentsBy(dx, dy);
-  viewport()->update();  // what was moved would end inside device pixels at 125 and 150 %
+  viewport()->update();  // a moved part would not end on whole device pixels at 125 and 150 %
 }
 
 }  // namespace korvanta

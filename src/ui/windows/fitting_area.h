@@ -1,4 +1,4 @@
-/// What windows are laid out in that may be larger than a screen: the main window and the
+/// The scroll area of windows that may be larger than the screen: the main window and the
 /// statistics window.
 #pragma once
 
@@ -6,16 +6,16 @@
 
 namespace korvanta {
 
-/// As large as its content. Where the screen has less room, scroll bars come, and the control that
-/// takes the keyboard's focus scrolls into sight.
+/// As large as its content. Where the screen is too small, scroll bars appear, and the control that
+/// receives the keyboard focus is scrolled into view.
 class FittingArea : public QScrollArea {
  public:
-  /// `stretches`: the content fills room beyond its own, and the window may be made smaller. Else
-  /// the content stays at the left top in a window that is no smaller, screen permitting.
+  /// If `stretches`, the content fills extra space, and the window may be made smaller. Otherwise
+  /// the content stays at the top left, and the window cannot be made smaller, screen permitting.
   FittingArea(QWidget* content, bool stretches);
 
-  /// Gives the window that holds this area its size at first: `wanted`, or what the screen has room
-  /// for. Without stretching it is never smaller than that, whatever screen it comes to.
+  /// Sets the initial size of the window that holds this area: `wanted`, or as much as fits on the
+  /// screen. Without stretching this is also its minimum size, on any screen.
   void FitWindow(QSize wanted);
 
   QSize sizeHint() const override { return ContentSize(); }
@@ -28,8 +28,8 @@ class FittingArea : public QScrollArea {
 
  private:
   QSize ContentSize() const;
-  /// The size of the window that this screen has room for.
-  QSize Affordable() const;
+  /// The part of `wanted_` that fits on the screen, with room for scroll bars.
+  QSize FittingSize() const;
   void LimitWindow();
 
   QSize wanted_;

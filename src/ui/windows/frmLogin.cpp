@@ -19,7 +19,7 @@
 namespace korvanta {
 namespace {
 
-/// Characters that the boxes are wide enough for.
+/// Width of the boxes in characters.
 constexpr int kBoxCharacters = 28;
 
 QLabel* MakeLabel(const char* name, const QString& text, QWidget* box) {
@@ -99,7 +99,7 @@ void frmLogin::LayOut() {
   whole->setContentsMargins(2 * theme::kUnit, theme::kUnit, 2 * theme::kUnit, 2 * theme::kUnit);
   whole->addWidget(frmValues);
   whole->addStretch();
-  btnLogin->setDefault(true);  // once the dialog contains it: only then does Enter reach it
+  btnLogin->setDefault(true);  // after the dialog contains it: only then does Enter reach it
 
   QWidget* before = cboServer;
   for (QWidget* next : std::initializer_list<QWidget*>{cboUsernames, txtPassword, btnLogin, chkSave,
@@ -136,7 +136,7 @@ void frmLogin::FocusFirstNeeded() {
   }
 }
 
-/// The box's own menu, and the one thing that the mouse could do and the keyboard could not.
+/// The box's standard menu, and "Remove User", which the keyboard does not reach otherwise.
 void frmLogin::ShowUserNameMenu(const QPoint& at) {
   QMenu* menu = cboUsernames->lineEdit()->createStandardContextMenu();
   menu->setAccessibleName(cboUsernames->accessibleName());

@@ -1,4 +1,4 @@
-/// The login dialog's window; `LoginDialog` holds its state and decides everything.
+/// The login dialog's window; its presenter is `LoginDialog`.
 #pragma once
 
 #include "startup/login_dialog.h"
@@ -17,7 +17,7 @@ class ChoiceBox;
 
 class frmLogin : public SideWindow {
  public:
-  /// `dialog` outlives the window.
+  /// `dialog` must outlive the window.
   frmLogin(LoginDialog& dialog, QWidget* owner);
 
   void Refresh();

@@ -34,7 +34,7 @@ namespace {
 constexpr QSize kContentSize{1120, 660};
 constexpr int kOnlineListWidth = 316;
 constexpr int kSendWidth = 112;
-constexpr int kBoxInSight = 8 * theme::kUnit;  ///< around the middle of the board's current box
+constexpr int kBoxMargin = 8 * theme::kUnit;  ///< kept visible around the centre of a box
 
 }  // namespace
 
@@ -47,12 +47,12 @@ frmMain::frmMain(Client& client) : client_(client) {
   mnuWarMenu->setAccessibleName(QStringLiteral("Player"));
   RefreshMenus();
 
-  // The content keeps its size and place whatever becomes of the window's.
+  // The content keeps its size and position whatever the size of the window.
   auto* area = new FittingArea(MakeContent(), false);
   setCentralWidget(area);
   board->on_current_box = [this, area](QPoint middle) {
     const QPoint place = board->mapTo(area->widget(), middle);
-    area->ensureVisible(place.x(), place.y(), kBoxInSight, kBoxInSight);
+    area->ensureVisible(place.x(), place.y(), kBoxMargin, kBoxMargin);
   };
   area->FitWindow(kContentSize + QSize(0, menuBar()->sizeHint().height()));
 
@@ -204,8 +204,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
   QApplication::quit();
 }
 
-/// A menu's shortcut goes before the editing keys of the window's controls, some of which are the
-/// same.
+/// A menu's shortcut takes precedence over the same editing keys of the window's controls.
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::ShortcutOverride || !watched->isWidgetType() ||
       static_cast<QWidget*>(watched)->window() != this ||

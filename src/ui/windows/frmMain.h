@@ -1,5 +1,4 @@
-/// The main window: menu bar, research board, message view, chat line and online list, each drawn
-/// from what the client holds.
+/// The main window: menu bar, research board, message view, chat line and online list.
 #pragma once
 
 #include <QList>
@@ -24,7 +23,7 @@ class OnlineListView;
 
 class frmMain : public QMainWindow {
  public:
-  /// Made unseen; comes on the screen when the client says so. The client outlives it.
+  /// Hidden until the client shows it. The client must outlive it.
   explicit frmMain(Client& client);
 
  protected:

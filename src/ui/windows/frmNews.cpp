@@ -44,7 +44,7 @@ frmNews::frmNews(News& news, QWidget* owner)
 
 void frmNews::Refresh() { text_.ShowText(news_.rbNews()); }
 
-/// The view draws from the text, so it goes first.
+/// The view draws from the text, so it is deleted first.
 frmNews::~frmNews() { delete rbNews; }
 
 }  // namespace korvanta

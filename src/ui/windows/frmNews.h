@@ -1,4 +1,4 @@
-/// The news window on the screen.
+/// The news window.
 #pragma once
 
 #include <QFrame>
@@ -23,7 +23,7 @@ class frmNews : public SideWindow {
  private:
   News& news_;
   const Options no_options_;
-  MessageView text_{no_options_};  // shows at once what the toolkit would lay out for seconds
+  MessageView text_{no_options_};  // the toolkit's own text view takes seconds for a long text
   QFrame* frmBorder;
   MessageViewWidget* rbNews;
   QPushButton* btnClose;

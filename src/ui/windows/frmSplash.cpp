@@ -72,7 +72,7 @@ void frmSplash::showEvent(QShowEvent* /*event*/) {
 
 void frmSplash::closeEvent(QCloseEvent* event) {
   if (event->spontaneous()) {
-    event->ignore();  // it gives way to the main window by itself
+    event->ignore();  // it ends by itself
   } else {
     splash_.window().Unload();
   }

@@ -1,4 +1,4 @@
-/// The splash window on the screen.
+/// The splash window.
 #pragma once
 
 #include <QWidget>
@@ -12,7 +12,7 @@ namespace korvanta {
 
 class frmSplash : public QWidget {
  public:
-  /// Takes over the splash's `on_changed`; the splash outlives the window.
+  /// Takes over the splash's `on_changed`; the splash must outlive the window.
   explicit frmSplash(Splash& splash);
   ~frmSplash() override;
 

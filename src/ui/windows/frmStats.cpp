@@ -80,7 +80,7 @@ void frmStats::LayOut() {
   all->addLayout(search);
   auto* area = new FittingArea(both, true);
   all->addWidget(area, 1);
-  btnLoad->setDefault(true);  // once the dialog contains it: only then does Enter reach it
+  btnLoad->setDefault(true);  // after the dialog contains it: only then does Enter reach it
   area->FitWindow(sizeHint());
 }
 
@@ -90,7 +90,7 @@ void frmStats::Refresh() {
   frmUserData->SetCaption(ToQString(state.frmUserData));
   frmAward->SetCaption(ToQString(state.frmAward));
   for (std::size_t i = 0; i < fields_.size(); ++i) {
-    ShowReply(*fields_[i], state.fields[i]);
+    ShowServerText(*fields_[i], state.fields[i]);
   }
   QStringList awards;
   for (std::string_view award : state.lstAwards) {

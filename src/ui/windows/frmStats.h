@@ -1,4 +1,4 @@
-/// The statistics window on the screen.
+/// The statistics window.
 #pragma once
 
 #include <QLabel>
@@ -26,7 +26,8 @@ class frmStats : public SideWindow {
   QLineEdit* UserInput;
   QPushButton* btnLoad;
   CaptionFrame* frmUserData;
-  std::array<QLineEdit*, kStatisticsFields.size()> fields_{};  ///< as kStatisticsFields
+  std::array<QLineEdit*, kStatisticsFields.size()>
+      fields_{};  ///< in the order of kStatisticsFields
   CaptionFrame* frmAward;
   PlainListView* lstAwards;
 };

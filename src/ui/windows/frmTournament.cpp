@@ -15,7 +15,8 @@
 namespace korvanta {
 namespace {
 
-/// While a tool window has the keyboard its owner's mnemonics hold too; no letter stands in both.
+/// While a tool window has the keyboard focus, its owner's mnemonics work as well; the two have no
+/// letter in common.
 constexpr Qt::WindowFlags kToolWindow = Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                                         Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
 
@@ -196,7 +197,7 @@ void frmTournament::FillAdminPage() {
   grid->setRowStretch(grid->rowCount(), 1);
 }
 
-/// Window managers show a tool window without giving it the keyboard; this one is for typing.
+/// Window managers show a tool window without focusing it; this one is for typing.
 void frmTournament::showEvent(QShowEvent* event) {
   SideWindow::showEvent(event);
   activateWindow();
@@ -205,7 +206,7 @@ void frmTournament::showEvent(QShowEvent* event) {
 void frmTournament::Refresh() {
   const TournamentState& state = tournament_.state();
   for (const Box& box : boxes_) {
-    ShowReply(*box.control, state.texts.*box.text);
+    ShowServerText(*box.control, state.texts.*box.text);
   }
   cmbTeam->ShowChoices(state.team_names);
 

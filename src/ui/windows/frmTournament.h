@@ -1,4 +1,4 @@
-/// The tournament window on the screen.
+/// The tournament window.
 #pragma once
 
 #include <QGroupBox>
@@ -16,13 +16,13 @@
 
 namespace korvanta {
 
-/// The tab strip. Every choice counts, by mouse or keyboard, also that of the chosen tab again. The
-/// wheel chooses nothing, for a choice sends a request.
+/// The tab strip. Reports every choice by mouse or keyboard, even of the current tab. The wheel
+/// does not choose tabs, since a choice sends a request.
 class TabStrip : public QTabBar {
  public:
   TabStrip();
 
-  /// Does not raise `on_chosen`.
+  /// Does not call `on_chosen`.
   void ShowChosen(int index);
 
   std::function<void(int index)> on_chosen;

@@ -18,7 +18,7 @@ void SideWindow::Appear() {
   } else if (owner == nullptr || owner->isExposed()) {
     show();
   } else {
-    owner->installEventFilter(this);  // its place is not known before
+    owner->installEventFilter(this);  // its position is not known before
   }
 }
 

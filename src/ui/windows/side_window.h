@@ -1,4 +1,4 @@
-/// What the windows beside the main one have in common.
+/// The base of the windows beside the main one.
 #pragma once
 
 #include <QDialog>
@@ -7,15 +7,15 @@
 
 namespace korvanta {
 
-/// A modeless window of `owner`. Its close button and Esc unload it; whoever made it takes it off
-/// the screen and deletes it then. Enter presses the button that has the keyboard, in any other
-/// control the default button if there is one.
+/// A modeless window of `owner`. Its close button and Esc unload it; its creator then hides and
+/// deletes it. Enter presses the focused button, or in any other control the default button if
+/// there is one.
 class SideWindow : public QDialog {
  public:
   SideWindow(WindowLife& life, QWidget* owner, Qt::WindowFlags flags = {});
 
-  /// Comes on the screen in the middle of its owner, once that is there itself; again, it comes
-  /// forward.
+  /// Shows the window in the middle of its owner, once that is on the screen; raises it if it is
+  /// shown already.
   void Appear();
 
   void reject() override;

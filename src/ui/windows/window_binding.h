@@ -1,4 +1,4 @@
-/// Ties a window to its presenter: it exists from the moment the presenter shows it until the
+/// Binds a window to its presenter: it exists from the moment the presenter shows it until the
 /// presenter unloads it.
 #pragma once
 
@@ -11,8 +11,8 @@ class QWidget;
 
 namespace korvanta {
 
-/// `Form` is made as `new Form(presenter, owner)`, and its `Refresh` called whenever the presenter
-/// changes. A window that closes is refreshed no more.
+/// `Form` is created as `new Form(presenter, owner)`; its `Refresh` is called whenever the
+/// presenter changes, until the window is unloaded.
 template <typename Form, typename Presenter>
 void BindWindow(Presenter& presenter, QWidget* owner) {
   const auto form = std::make_shared<QPointer<Form>>();

@@ -152,7 +152,7 @@ TEST_F(BoardWidgetTest, FramesLinesAndCaptionsAreDrawnInTheirColoursAsThickAsThe
   };
   const auto element = [this](std::string_view name, int level) {
     const QString whole = QStringLiteral("%1(%2)").arg(ToQString(name)).arg(level);
-    return board.findChild<BoardElement*>(whole)->place();
+    return board.findChild<BoardElement*>(whole)->rect();
   };
   const QColor yellow(255, 255, 0);
   const QColor rows[] = {{0, 255, 0}, {255, 0, 0}, {0, 255, 255}, {0, 0, 255}};

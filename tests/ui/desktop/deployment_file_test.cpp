@@ -12,7 +12,7 @@ using testing::HasSubstr;
 
 class DeploymentFile : public testing::Test {
  protected:
-  DeploymentReading ReadText(const QByteArray& text) const {
+  DeploymentResult ReadText(const QByteArray& text) const {
     QFile file(path);
     file.open(QIODevice::WriteOnly);
     file.write(text);
@@ -26,7 +26,7 @@ class DeploymentFile : public testing::Test {
 };
 
 TEST_F(DeploymentFile, GivesTheValuesOfItsGroupAndKeepsTheOthers) {
-  const DeploymentReading reading = ReadText(
+  const DeploymentResult reading = ReadText(
       "\xef\xbb\xbf; ours\r\n[Other]\r\nServerAddress=nonsense\r\n[Deployment]\r\n"
       "ServerAddress = 192.0.2.10\r\n"
       "HomepageAddress=https://play.example:8080/Korvanta/?a=b%20c\r\n"
@@ -44,7 +44,7 @@ TEST_F(DeploymentFile, AbsentFileAndTheOneAsBuiltGiveTheBuiltInValues) {
       QCoreApplication::applicationDirPath() + QStringLiteral("/deployment.ini");
   ASSERT_TRUE(QFile::exists(as_built));
   for (const QString& file : {path, as_built}) {
-    const DeploymentReading reading = ReadDeploymentFile(file);
+    const DeploymentResult reading = ReadDeploymentFile(file);
     EXPECT_EQ(reading.error, "");
     EXPECT_EQ(reading.values.server_address, built_in.server_address);
     EXPECT_EQ(reading.values.homepage_address, built_in.homepage_address);

@@ -18,7 +18,7 @@ constexpr int kOtherFailure = 5;
 
 /// Milliseconds. What runs for longer has found a browser, and its exit status says nothing about
 /// the page.
-constexpr qint64 kLongestTry = 60000;
+constexpr qint64 kLaunchTime = 60000;
 
 /// The code for the exit status of `xdg-open`.
 int OpenCode(int exit_status) {
@@ -62,7 +62,7 @@ void Start(const QString& program, const QString& address, QObject& context,
                    [end, running](int exit_status, QProcess::ExitStatus way) {
                      const int code =
                          way == QProcess::NormalExit ? OpenCode(exit_status) : kOtherFailure;
-                     end(running.hasExpired(kLongestTry) ? kOpened : code);
+                     end(running.hasExpired(kLaunchTime) ? kOpened : code);
                    });
   QObject::connect(process, &QProcess::errorOccurred, &context,
                    [end](QProcess::ProcessError error) {

@@ -11,8 +11,8 @@
 namespace korvanta {
 namespace {
 
-/// A signal writes one byte into the first; the event loop watches the second. Global, for a
-/// signal's handler is given nothing else.
+/// The signal handler writes one byte into the first; the event loop watches the second. Global,
+/// since a signal handler has no other context.
 std::array<int, 2> sockets;
 
 extern "C" void WakeEventLoop(int /*signal*/) {

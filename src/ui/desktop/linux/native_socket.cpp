@@ -18,17 +18,17 @@ constexpr std::array<std::pair<int, int>, 4> kKeepAliveOptions = {{
     {TCP_KEEPIDLE, 30},          // seconds
     {TCP_KEEPINTVL, 10},         // seconds
     {TCP_KEEPCNT, 3},            // probes
-    {TCP_USER_TIMEOUT, 60'000},  // milliseconds; the same minute for unconfirmed bytes
+    {TCP_USER_TIMEOUT, 60'000},  // milliseconds; the same minute for unacknowledged bytes
 }};
 
-/// The confirmation of sent bytes wakes nobody, so it is looked for this often.
-constexpr std::chrono::milliseconds kLookInterval{5};
+/// No event signals the acknowledgement of sent bytes, so it is polled.
+constexpr std::chrono::milliseconds kPollInterval{5};
 
-/// At once; more than a system holds for one connection.
-constexpr std::size_t kMostDiscarded = std::size_t{64} * 1024 * 1024;
+/// Per call; more than a system buffers for one connection.
+constexpr std::size_t kDiscardLimit = std::size_t{64} * 1024 * 1024;
 
-/// Bytes sent, the end of the stream among them, that the peer's system has not confirmed.
-int Unconfirmed(int descriptor) {
+/// Sent bytes, including the end of the stream, that the peer has not acknowledged.
+int Unacknowledged(int descriptor) {
   int count = 0;
   return ioctl(descriptor, SIOCOUTQ, &count) == 0 ? count : 0;
 }
@@ -44,7 +44,7 @@ void SetKeepAlive(qintptr descriptor) {
   }
 }
 
-std::string ReadWaiting(qintptr descriptor) {
+std::string ReadPending(qintptr descriptor) {
   std::string bytes;
   std::array<char, 16384> buffer;
   for (;;) {
@@ -61,18 +61,18 @@ std::string ReadWaiting(qintptr descriptor) {
 void FinishSending(QTcpSocket& socket, std::chrono::milliseconds limit) {
   using Clock = std::chrono::steady_clock;
   const Clock::time_point deadline = Clock::now() + limit;
-  for (; Clock::now() < deadline; std::this_thread::sleep_for(kLookInterval)) {
+  for (; Clock::now() < deadline; std::this_thread::sleep_for(kPollInterval)) {
     socket.flush();
     if (socket.state() != QAbstractSocket::ConnectedState) {
       return;
     }
     const int descriptor = static_cast<int>(socket.socketDescriptor());
-    recv(descriptor, nullptr, kMostDiscarded, MSG_DONTWAIT | MSG_TRUNC);
+    recv(descriptor, nullptr, kDiscardLimit, MSG_DONTWAIT | MSG_TRUNC);
     if (socket.bytesToWrite() > 0) {
       continue;
     }
-    // Once shut down it can be again, unless the connection is over.
-    if (shutdown(descriptor, SHUT_WR) != 0 || Unconfirmed(descriptor) == 0) {
+    // Shutting down again succeeds, unless the connection is over.
+    if (shutdown(descriptor, SHUT_WR) != 0 || Unacknowledged(descriptor) == 0) {
       return;
     }
   }

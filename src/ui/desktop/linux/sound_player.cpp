@@ -13,7 +13,7 @@
 namespace korvanta {
 namespace {
 
-constexpr qsizetype kMostTogether = 4;
+constexpr qsizetype kMaxPlaying = 4;
 
 /// A sound lives from its start to its end. Only a few play together; one more cuts off the oldest.
 class QtSoundPlayer final : public SoundPlayer {
@@ -36,7 +36,7 @@ void QtSoundPlayer::Play(std::string_view file) {
   if (device.isNull()) {
     return;
   }
-  while (playing_.children().size() >= kMostTogether) {
+  while (playing_.children().size() >= kMaxPlaying) {
     delete playing_.children().constFirst();
   }
   auto* sound = new QSoundEffect(device, &playing_);

@@ -22,9 +22,9 @@ constexpr tcp_keepalive kKeepAlive = {
 constexpr int kLongestRetry = 5;
 
 /// In seconds: how long bytes may stay unconfirmed.
-constexpr DWORD kMostUnconfirmed = 60;
+constexpr DWORD kMaxUnacknowledged = 60;
 
-constexpr std::chrono::milliseconds kLookInterval{5};
+constexpr std::chrono::milliseconds kPollInterval{5};
 
 enum class Waiting { None, Some, Over };
 
@@ -45,11 +45,11 @@ void SetKeepAlive(qintptr descriptor) {
   DWORD unused = 0;
   WSAIoctl(socket, SIO_KEEPALIVE_VALS, &keep_alive, sizeof keep_alive, nullptr, 0, &unused, nullptr,
            nullptr);
-  setsockopt(socket, IPPROTO_TCP, kLongestRetry, reinterpret_cast<const char*>(&kMostUnconfirmed),
-             sizeof kMostUnconfirmed);
+  setsockopt(socket, IPPROTO_TCP, kLongestRetry, reinterpret_cast<const char*>(&kMaxUnacknowledged),
+             sizeof kMaxUnacknowledged);
 }
 
-std::string ReadWaiting(qintptr descriptor) {
+std::string ReadPending(qintptr descriptor) {
   std::string bytes;
   std::array<char, 16384> buffer;
   int count = 0;
@@ -65,7 +65,7 @@ void FinishSending(QTcpSocket& socket, std::chrono::milliseconds limit) {
   using Clock = std::chrono::steady_clock;
   const Clock::time_point deadline = Clock::now() + limit;
   std::array<char, 16384> buffer;
-  for (; Clock::now() < deadline; std::this_thread::sleep_for(kLookInterval)) {
+  for (; Clock::now() < deadline; std::this_thread::sleep_for(kPollInterval)) {
     socket.flush();
     if (socket.state() != QAbstractSocket::ConnectedState) {
       return;

@@ -1,18 +1,18 @@
-#include "ui/message_view/new_lines_mark.h"
+#include "ui/message_view/new_lines_button.h"
 
 #include "ui/kit/text.h"
 #include "ui/kit/theme.h"
 
 namespace korvanta {
 
-NewLinesMark::NewLinesMark(QWidget* viewport) : QToolButton(viewport) {
+NewLinesButton::NewLinesButton(QWidget* viewport) : QToolButton(viewport) {
   setObjectName(QStringLiteral("btnNewLines"));
   setFocusPolicy(Qt::NoFocus);  // it comes and goes; its keys are the action's
   setCursor(Qt::PointingHandCursor);
   setToolTip(QStringLiteral("Show them (Ctrl+J)"));
 }
 
-void NewLinesMark::Show(const UnseenLines& unseen, bool above) {
+void NewLinesButton::Show(const UnseenLines& unseen, bool above) {
   if (unseen.count() == 0) {
     hide();
     return;
