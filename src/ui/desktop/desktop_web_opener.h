@@ -7,8 +7,8 @@
 
 namespace korvanta {
 
-/// Only what `IsWebAddress` is handed to the desktop: anything else could start a program or read
-/// a file of the user's. A browser outlives the opener.
+/// Only addresses that satisfy `IsWebAddress` are passed to the desktop: anything else could start
+/// a program or open one of the user's files. A browser outlives the opener.
 class DesktopWebOpener final : public WebOpener {
  public:
   void Open(std::string_view address, std::function<void(int code)> done) override;

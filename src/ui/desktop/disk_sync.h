@@ -1,12 +1,12 @@
-/// Makes sure that what was written lasts; the settings store is the one user.
+/// Flushing of files to the disk. Used by the settings store.
 #pragma once
 
 #include <QFileDevice>
 
 namespace korvanta {
 
-/// Whether what was written to the open file is on the disk, as far as the file system can tell. On
-/// failure `qt_error_string` says why.
+/// Whether everything written to the open file is on the disk, as far as the file system can tell.
+/// On failure `qt_error_string` gives the reason.
 bool SyncToDisk(const QFileDevice& file);
 
 }  // namespace korvanta

@@ -1,4 +1,4 @@
-/// Lets the system end the program in good order, at a logout or from a command line.
+/// Orderly termination on request of the system: at a logout, or from a terminal.
 #pragma once
 
 #include <functional>
@@ -8,10 +8,11 @@ class QObject;
 namespace korvanta {
 
 /// Calls `end` from the event loop when the system asks the program to end, as long as `context`
-/// lives. Called once, at the start.
+/// lives. To be called once, at the start.
 ///
-/// On Linux SIGTERM, SIGINT and SIGHUP ask; the same signal once more ends the program where
-/// it stands. On Windows the end of the session asks, and ends the program when `end` returns.
+/// On Linux the request is SIGTERM, SIGINT or SIGHUP; the same signal a second time ends the
+/// program at once. On Windows it is the end of the session, and the program ends when `end`
+/// returns.
 void OnEndRequest(QObject& context, std::function<void()> end);
 
 }  // namespace korvanta

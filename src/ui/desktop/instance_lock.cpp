@@ -12,7 +12,7 @@ constexpr int kStartUpTime = 100;
 }  // namespace
 
 InstanceLock::InstanceLock(const QString& program_name) : lock_(LockFileFor(program_name)) {
-  // A long game is no reason to take a lock for abandoned.
+  // A lock does not become stale by age: a game may be long.
   lock_.setStaleLockTime(0);
 }
 

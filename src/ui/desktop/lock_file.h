@@ -1,11 +1,11 @@
-/// Where the file lies that shows that a program runs; the instance lock is the one user.
+/// The path of the lock file that marks the program as running. Used by the instance lock.
 #pragma once
 
 #include <QString>
 
 namespace korvanta {
 
-/// One of this user's alone, for each name of the program.
+/// A separate one for each user and each name of the program.
 QString LockFileFor(const QString& program_name);
 
 }  // namespace korvanta

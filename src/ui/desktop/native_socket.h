@@ -9,9 +9,9 @@ class QTcpSocket;
 
 namespace korvanta::native_socket {
 
-/// Breaks a connection a minute after its peer vanished without a word: after 30 seconds of
-/// silence and 30 more of probes that nobody answers. Bytes that stay unconfirmed for a minute
-/// break it as well. A system that lacks one of these options keeps its own, longer time.
+/// Breaks a connection a minute after its peer has vanished: after 30 seconds of silence and 30
+/// more of unanswered probes. Bytes that stay unacknowledged for a minute break it as well. A
+/// system that lacks one of these options keeps its own, longer time-out.
 void SetKeepAlive(qintptr descriptor);
 
 /// Everything that was received and the toolkit has not read; does not block.

@@ -8,8 +8,8 @@
 
 namespace korvanta {
 
-/// Nothing of the desktop's sound is touched before the first file is played. `program_folder`
-/// holds the folder of the sounds.
+/// The desktop's sound system is not used before the first file is played. `program_folder`
+/// contains the folder of the sounds.
 std::unique_ptr<SoundPlayer> MakeSoundPlayer(const QString& program_folder);
 
 }  // namespace korvanta

@@ -7,12 +7,12 @@
 
 namespace korvanta {
 
-/// The file of the picture of that name (a file in assets/pictures, without its ending), for what
-/// loads and scales a picture by itself: icons and style sheets.
+/// The file of the picture of that name (in assets/pictures, without its extension), for icons and
+/// style sheets, which load and scale it themselves.
 QString PictureFile(const QString& name);
 
 /// The picture of that name, filling `size` logical pixels on a screen of `device_pixel_ratio`.
-/// Transparent when there is none.
+/// Transparent if there is none.
 QPixmap RenderPicture(const QString& name, QSize size, qreal device_pixel_ratio);
 
 }  // namespace korvanta

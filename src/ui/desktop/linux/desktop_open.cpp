@@ -16,8 +16,8 @@ constexpr int kNotFound = 2;
 constexpr int kNoAssociation = 31;
 constexpr int kOtherFailure = 5;
 
-/// Milliseconds. What runs for longer has found a browser, and its exit status says nothing about
-/// the page.
+/// Milliseconds. A process that ran for longer has found a browser, and its exit status does not
+/// concern the page.
 constexpr qint64 kLaunchTime = 60000;
 
 /// The code for the exit status of `xdg-open`.
@@ -34,7 +34,7 @@ int OpenCode(int exit_status) {
   }
 }
 
-/// A process that shares nothing with this one and goes on when this object, or this program, ends.
+/// A process that is independent of this one and survives this object and this program.
 class IndependentProcess : public QProcess {
  public:
   explicit IndependentProcess(QObject* parent) : QProcess(parent) {
@@ -45,7 +45,7 @@ class IndependentProcess : public QProcess {
   }
   IndependentProcess(const IndependentProcess&) = delete;
   IndependentProcess& operator=(const IndependentProcess&) = delete;
-  /// The toolkit would end a process that it takes to be running.
+  /// The toolkit would kill a process that it considers running.
   ~IndependentProcess() override { setProcessState(NotRunning); }
 };
 
@@ -75,9 +75,8 @@ void Start(const QString& program, const QString& address, QObject& context,
 
 }  // namespace
 
-/// By `xdg-open`, whose exit status says why it failed, and which may live as long as the browser.
-/// The toolkit would start it too, but not wait for the status; it is asked where there is no
-/// `xdg-open`.
+/// Runs `xdg-open`, whose exit status gives the reason of a failure, and which may live as long as
+/// the browser. The toolkit, which would ignore the status, is used where there is no `xdg-open`.
 void OpenWithDesktop(const QString& address, QObject& context, std::function<void(int code)> done) {
   const QString program = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
   if (program.isEmpty()) {

@@ -15,7 +15,7 @@ namespace {
 
 constexpr qsizetype kMaxPlaying = 4;
 
-/// A sound lives from its start to its end. Only a few play together; one more cuts off the oldest.
+/// Only a few sounds play at a time; another one cuts off the oldest.
 class QtSoundPlayer final : public SoundPlayer {
  public:
   explicit QtSoundPlayer(QString program_folder) : program_folder_(std::move(program_folder)) {}

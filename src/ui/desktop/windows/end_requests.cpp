@@ -9,7 +9,7 @@
 namespace korvanta {
 namespace {
 
-/// Every top-level window is told of the session's end, those that are hidden included.
+/// Every top-level window is notified of the end of the session, hidden ones included.
 class SessionEndFilter final : public QObject, public QAbstractNativeEventFilter {
  public:
   SessionEndFilter(QObject& context, std::function<void()> end)

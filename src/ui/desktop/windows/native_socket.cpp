@@ -11,24 +11,24 @@
 namespace korvanta::native_socket {
 namespace {
 
-/// The system gives up after ten probes, whatever the program would like.
+/// The system gives up after ten probes; this cannot be changed.
 constexpr tcp_keepalive kKeepAlive = {
     1,
     30'000,  // milliseconds of silence
     3'000,   // milliseconds between probes
 };
 
-/// TCP_MAXRT, which the compiler's headers of the system lack.
+/// TCP_MAXRT, which the system headers of the compiler lack.
 constexpr int kLongestRetry = 5;
 
-/// In seconds: how long bytes may stay unconfirmed.
+/// In seconds: how long bytes may stay unacknowledged.
 constexpr DWORD kMaxUnacknowledged = 60;
 
 constexpr std::chrono::milliseconds kPollInterval{5};
 
 enum class Waiting { None, Some, Over };
 
-/// Takes what has arrived, as much of it as fits.
+/// Takes what has been received, as much of it as fits.
 Waiting Take(SOCKET socket, std::array<char, 16384>& buffer, int& count) {
   count = recv(socket, buffer.data(), static_cast<int>(buffer.size()), 0);
   if (count > 0) {
@@ -59,8 +59,8 @@ std::string ReadPending(qintptr descriptor) {
   return bytes;
 }
 
-/// The system does not say what the peer's has confirmed. That the peer closes its end as well says
-/// so.
+/// The system does not report what the peer has acknowledged; the peer closing its end as well
+/// shows it.
 void FinishSending(QTcpSocket& socket, std::chrono::milliseconds limit) {
   using Clock = std::chrono::steady_clock;
   const Clock::time_point deadline = Clock::now() + limit;
