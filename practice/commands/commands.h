@@ -8,7 +8,7 @@
 #include "practice/base/dice.h"
 #include "practice/game/moves.h"
 #include "practice/players/players.h"
-#include "practice/tournament/tournament_desk.h"
+#include "practice/tournament/tournament.h"
 
 namespace korvanta::practice {
 

@@ -143,7 +143,7 @@ void Arena::Welcome(Player& player) {
 }
 
 void Arena::Forget(const Account& account) {
-  if (Contender* contender = game_ ? game_->Find(account) : nullptr) {
+  if (Contender* contender = SeatOf(account)) {
     Remove(*contender, sentences::kDisappears, true);
   }
 }

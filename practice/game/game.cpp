@@ -188,14 +188,13 @@ Game::AttackResult Game::Attack(Contender& attacker, Contender& target) {
 }
 
 Refusal Game::Propose(Contender& contender, Contender& other) {
-  if (!contender.team.empty()) {
-    return Refusal::TeamIsAlliance;
-  }
-  if (contender.ally != nullptr) {
-    return contender.ally == &other ? Refusal::AlliedAlready : Refusal::HasAlly;
-  }
-  if (other.ally != nullptr) {
-    return Refusal::OpponentHasAlly;
+  const Refusal refusal = !contender.team.empty()     ? Refusal::TeamIsAlliance
+                          : contender.ally == &other  ? Refusal::AlliedAlready
+                          : contender.ally != nullptr ? Refusal::HasAlly
+                          : other.ally != nullptr     ? Refusal::OpponentHasAlly
+                                                      : Refusal::None;
+  if (refusal != Refusal::None) {
+    return refusal;
   }
   contender.proposed_to = &other;
   if (other.proposed_to == &contender) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <list>
+#include <numeric>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -44,6 +45,8 @@ struct Contender {
   /// The topic must have levels.
   int& LevelOf(TopicCode topic) { return levels.at(static_cast<std::size_t>(topic) - 1); }
   int LevelOf(TopicCode topic) const { return levels.at(static_cast<std::size_t>(topic) - 1); }
+  /// All levels together.
+  int Progress() const { return std::accumulate(levels.begin(), levels.end(), 0); }
   /// Two topics are at level 4, so that the Golden Knowledge alone is missing.
   bool IsNearWinning() const { return std::ranges::count(levels, kTopLevel) >= 2; }
   bool IsTeammateOf(const Contender& other) const { return !team.empty() && team == other.team; }

@@ -1,6 +1,8 @@
 #include "practice/lobby/lobby.h"
 
-#include <string>
+#include <map>
+#include <set>
+#include <utility>
 #include <vector>
 
 #include "base/trim.h"
@@ -11,27 +13,26 @@
 namespace korvanta::practice {
 namespace {
 
-/// The record that fills a statistics window. `ally` is empty for a player without one.
-std::string StatisticsMessage(const Account& account, std::string_view ally) {
-  const Figures& figures = account.figures;
-  std::vector<std::string> awards;
-  for (int code : figures.AwardCodes()) {
-    awards.push_back(std::to_string(code));
-  }
-  return Message<ServerMessage::Statistics>(
-      account.name, ally.empty() ? "None" : ally, account.number, figures.wins,
-      figures.games_played, figures.research, figures.research_lost, figures.research_destroyed,
-      figures.alliance_screw_overs, figures.score, figures.blocks, figures.alliance_wins,
-      Joined(awards, {&kRecordSeparator, 1}));
-}
+/// From one online list to the next, at least.
+constexpr std::chrono::milliseconds kOnlineListPause{100};
+/// More for each thousand entries that go out.
+constexpr std::chrono::milliseconds kPausePerThousandEntries{1};
 
-/// A record of zeros for a name that nobody has, so that the window shows that.
-std::string EmptyStatisticsMessage(std::string_view name) {
-  Account nobody;
-  nobody.name = name.substr(0, kLongestName);
-  // A client tests the payload for tags, too.
-  std::erase(nobody.name, '[');
-  return StatisticsMessage(nobody, "Unknown player");
+/// By its code on the wire.
+enum class NameColour { DarkYellow = 1, Grey, Purple, Green, Blue, Turquoise, Red, Orange };
+
+/// The first of these that holds, so that what matters most in a game shows.
+NameColour ColourOf(const Player& player, const Contender* contender, bool is_in_team) {
+  if (contender != nullptr) {
+    return contender->IsNearWinning()   ? NameColour::Red
+           : contender->ally != nullptr ? NameColour::Purple
+                                        : NameColour::Turquoise;
+  }
+  return player.is_away                      ? NameColour::Grey
+         : player.account->IsAdministrator() ? NameColour::DarkYellow
+         : is_in_team                        ? NameColour::Green
+         : player.IsSimulated()              ? NameColour::Orange
+                                             : NameColour::Blue;
 }
 
 }  // namespace
@@ -40,11 +41,11 @@ Lobby::Lobby(Players& players, const Accounts& accounts, Tournament& tournament,
              Dice& dice)
     : players_(players),
       accounts_(accounts),
+      tournament_(tournament),
       arena_(arena),
       tournament_desk_(players, accounts, tournament),
       moves_(players, arena),
-      commands_{players, accounts, tournament_desk_, arena, moves_, dice},
-      online_list_(players, arena, tournament) {}
+      commands_{players, accounts, tournament_desk_, arena, moves_, dice} {}
 
 Player& Lobby::Enter(ConnectionId connection, Account& account) {
   Player& player = players_.Add(connection, account, commands_.now);
@@ -59,7 +60,7 @@ Player& Lobby::Enter(ConnectionId connection, Account& account) {
     players_.Say(player, sentences::kAdministratorWelcome);
   }
   arena_.Welcome(player);
-  online_list_.SendTo(player);
+  players_.Send(player, OnlineList());
   return player;
 }
 
@@ -120,20 +121,64 @@ void Lobby::Handle(Player& player, const ClientRequest& request) {
 
 void Lobby::Tick(std::chrono::milliseconds now) {
   commands_.now = now;
-  online_list_.SendIfDue(now);
+  if (now < list_due_ || players_.people() == 0) {
+    return;
+  }
+  const auto entries = players_.all().size() * players_.people();
+  list_due_ = now + kOnlineListPause + kPausePerThousandEntries * entries / 1000;
+  if (std::string list = OnlineList(); list != sent_list_) {
+    players_.SendToAll(list);
+    sent_list_ = std::move(list);
+  }
 }
 
 void Lobby::SendStatistics(const Player& player, std::string_view name) {
-  const Account* account = accounts_.Find(TrimSpaces(name));
-  if (account == nullptr) {
-    players_.Send(player, EmptyStatisticsMessage(TrimSpaces(name)));
+  Account nobody;  // whose zeros the window shows for a name that nobody has
+  nobody.name = TrimSpaces(name).substr(0, kLongestName);
+  std::erase(nobody.name, '[');  // a client tests the payload for tags, too
+  const Account* known = accounts_.Find(TrimSpaces(name));
+  const Account& account = known == nullptr ? nobody : *known;
+  const Contender* contender = arena_.SeatOf(account);
+  const std::string ally = known == nullptr ? "Unknown player"
+                           : contender == nullptr || contender->ally == nullptr
+                               ? "None"
+                               : contender->ally->name();
+  const Figures& figures = account.figures;
+  players_.Send(player,
+                Message<ServerMessage::Statistics>(
+                    account.name, ally, account.number, figures.wins, figures.games_played,
+                    figures.research, figures.research_lost, figures.research_destroyed,
+                    figures.alliance_screw_overs, figures.score, figures.blocks,
+                    figures.alliance_wins, Joined(figures.AwardCodes(), {&kRecordSeparator, 1})));
+  if (known == nullptr) {
     players_.Refuse(player, Refusal::UnknownPlayer, name.substr(0, kLongestName));
-    return;
   }
-  Game* game = arena_.game();
-  const Contender* contender = game == nullptr ? nullptr : game->Find(*account);
-  const bool is_allied = contender != nullptr && contender->ally != nullptr;
-  players_.Send(player, StatisticsMessage(*account, is_allied ? contender->ally->name() : ""));
+}
+
+std::string Lobby::OnlineList() {
+  // Looked up once for all, since thousands of players may be in one game.
+  std::map<const Account*, const Contender*> contenders;
+  if (const Game* game = arena_.game()) {
+    for (const Contender& contender : game->contenders()) {
+      contenders.emplace(contender.account, &contender);
+    }
+  }
+  std::set<std::string> team_members;
+  for (const Team& team : tournament_.teams()) {
+    for (const std::string& member : team.members) {
+      team_members.insert(NameKey(member));
+    }
+  }
+  std::vector<std::string> records;
+  for (const auto& [key, player] : players_.all()) {
+    const auto contender = contenders.find(player.account);
+    const NameColour colour =
+        ColourOf(player, contender == contenders.end() ? nullptr : contender->second,
+                 team_members.contains(key));
+    records.push_back(
+        Record(player.name(), colour, player.account->figures.PlayerLevel(), player.is_ready));
+  }
+  return BuildMessage(TagOf(ServerMessage::OnlineList), {Joined(records, {&kRecordSeparator, 1})});
 }
 
 }  // namespace korvanta::practice

@@ -3,14 +3,14 @@
 #pragma once
 
 #include <chrono>
+#include <string>
 #include <string_view>
 #include <utility>
 
 #include "practice/commands/commands.h"
 #include "practice/game/moves.h"
-#include "practice/lobby/online_list.h"
 #include "practice/players/players.h"
-#include "practice/tournament/tournament_desk.h"
+#include "practice/tournament/tournament.h"
 #include "practice/wire/client_requests.h"
 
 namespace korvanta::practice {
@@ -31,21 +31,27 @@ class Lobby {
   void Handle(Player& player, const ClientRequest& request);
 
   /// Time goes on; `now` is counted from the start of the server and never falls. To be called when
-  /// everything else of that moment is done.
+  /// everything else of that moment is done. Sends the online list to everyone when it is not the
+  /// one that was sent last: at most every 100 ms, and less often the more players there are, since
+  /// what it costs to send it to everyone grows with the square of the players.
   void Tick(std::chrono::milliseconds now);
 
   void SetChatListener(ChatListener listener) { commands_.on_chat = std::move(listener); }
 
  private:
   void SendStatistics(const Player& player, std::string_view name);
+  /// Who is online, and how everyone stands.
+  std::string OnlineList();
 
   Players& players_;
   const Accounts& accounts_;
+  const Tournament& tournament_;
   Arena& arena_;
   TournamentDesk tournament_desk_;
   Moves moves_;
   CommandContext commands_;
-  OnlineList online_list_;
+  std::string sent_list_;
+  std::chrono::milliseconds list_due_{0};
 };
 
 }  // namespace korvanta::practice

@@ -1,24 +1,206 @@
-/// The practice server's program: how it ends and what it prints.
+/// The practice server's program: its command line, how it ends and what it prints.
+#include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QHostAddress>
 #include <QObject>
 #include <QString>
+#include <QStringList>
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <optional>
+#include <random>
 #include <string_view>
+#include <type_traits>
 #include <utility>
+#include <vector>
 
-#include "practice/network/command_line.h"
-#include "practice/network/native_process.h"
+#include "practice/network/native.h"
 #include "practice/network/network_server.h"
 #include "protocol/connection.h"
+#include "protocol/wire_format.h"
 
 namespace korvanta::practice {
 namespace {
+
+struct CommandLine {
+  QHostAddress address{QHostAddress::LocalHost};
+  quint16 port = kServerPort;
+  bool allow_remote = false;
+  bool quiet = false;
+  NetworkServer::Options server;
+  /// Lines that name the seeds that nobody chose, so that a run can be repeated.
+  QStringList random_seeds;
+};
 
 constexpr int kUsageError = 2;
 
 int Fail(const QString& what) {
   std::fprintf(stderr, "korvanta-practice-server: %s\n", qUtf8Printable(what));
   return kUsageError;
+}
+
+QString Latin1(std::string_view text) {
+  return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// Takes the value of an option over; false when it makes no sense.
+using Take = std::function<bool(const QString& value)>;
+
+struct Option {
+  const char* name;
+  const char* value;  ///< name of its value; null when it has none
+  const char* purpose;
+  const char* fault;  ///< said of a value that makes no sense, which stands at %1
+  Take take;
+};
+
+/// NaN is within nothing.
+Take Within(double lowest, double highest, auto& into) {
+  return [=, &into](const QString& text) {
+    bool is_number = false;
+    const double number = std::is_integral_v<std::remove_reference_t<decltype(into)>>
+                              ? text.toInt(&is_number)
+                              : text.toDouble(&is_number);
+    into = static_cast<std::remove_reference_t<decltype(into)>>(is_number ? number : lowest);
+    return is_number && number >= lowest && number <= highest;
+  };
+}
+
+Take Seed(std::uint64_t& into) {
+  return [&into](const QString& text) {
+    bool is_number = false;
+    into = text.toULongLong(&is_number);
+    return is_number;
+  };
+}
+
+Take Switch(bool& into) {
+  return [&into](const QString& /*text*/) { return into = true; };
+}
+
+std::vector<Option> OptionsInto(CommandLine& read) {
+  ServerOptions& rules = read.server.rules;
+  LoadOptions& load = read.server.load;
+  MischiefOptions& mischief = read.server.mischief;
+  return {
+      {"address", "address", "Listen on this IP address; the default is 127.0.0.1.",
+       "'%1' is not an IP address",
+       [&](const QString& value) { return read.address.setAddress(value); }},
+      {"allow-remote", nullptr,
+       "Allow an address that other machines can reach. Passwords are sent and kept unprotected.",
+       "", Switch(read.allow_remote)},
+      {"port", "port", "Listen on this TCP port; the default is 7678, and 0 picks a free one.",
+       "'%1' is not a port; ports are 0 to 65535", Within(0, 65535, read.port)},
+      {"players", "number", "Simulate this many players; the default is 6.",
+       "'%1' is not a number of players; 0 to 50000 can be simulated",
+       Within(0, 50000, rules.players)},
+      {"pace", "factor", "Run the game's clock this many times faster than usual.",
+       "'%1' is not a pace; paces are 0.1 to 1000", Within(0.1, 1000, rules.pace)},
+      {"seed", "number",
+       "Seed the dice with this whole number: the same seed plays the same evening.",
+       "'%1' is not a seed; seeds are whole numbers from 0", Seed(rules.seed)},
+      {"flood", "rate",
+       "Send everyone this many lines of chat a second; 'max' sends as much as each connection "
+       "takes.",
+       "'%1' is not a rate; a flood is 1 to 100000 lines a second, or 'max'",
+       [&](const QString& value) {
+         load.is_unbounded = value == QStringLiteral("max");
+         return load.is_unbounded || Within(1, 100000, load.lines_per_second)(value);
+       }},
+      {"crowd", "number", "Put this many invented players into each online list.",
+       "'%1' is not a crowd; 0 to 100000 players can be invented", Within(0, 100000, load.crowd)},
+      {"mischief", "kinds",
+       "Behave badly: a comma-separated list of kinds of mischief, 'all' for any of them by "
+       "chance, or 'help' for the list.",
+       "'%1' names an unknown kind of mischief; --mischief help lists them",
+       [&](const QString& value) {
+         const auto kinds = ReadMischiefKinds(value.toStdString());
+         mischief.kinds = kinds.value_or(MischiefKinds());
+         return kinds.has_value();
+       }},
+      {"mischief-seed", "number", "Seed the dice of the mischief with this whole number.",
+       "'%1' is not a seed; seeds are whole numbers from 0", Seed(mischief.seed)},
+      {"quiet", nullptr, "Do not print logins and logouts.", "", Switch(read.quiet)},
+  };
+}
+
+/// Of 32 bits, which are quickly typed again.
+std::uint64_t RandomSeed() { return std::random_device{}(); }
+
+QString MischiefHelp() {
+  QString help = QStringLiteral("Kinds of mischief:\n");
+  for (const MischiefEntry& entry : MischiefTable()) {
+    help += QStringLiteral("  %1%2\n").arg(Latin1(entry.name), -17).arg(Latin1(entry.purpose));
+  }
+  return help;
+}
+
+[[noreturn]] void ShowAndEnd(const QString& text) {
+  std::fputs(qUtf8Printable(text), stdout);
+  std::exit(0);
+}
+
+/// What the command line of the application asks for; nothing, and a line for each of its faults,
+/// when it has any. Shows help or version and ends the program when that is asked for.
+std::optional<CommandLine> ReadCommandLine(const QStringList& arguments) {
+  QCommandLineParser parser;
+  parser.setApplicationDescription(
+      QStringLiteral("A server to try Korvanta with, alone or with others."));
+  const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                QStringLiteral("Show this help and end."));
+  const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
+                                   QStringLiteral("Show the version and end."));
+  parser.addOptions({help, version});
+  CommandLine read;
+  const std::vector<Option> options = OptionsInto(read);
+  for (const Option& option : options) {
+    parser.addOption({QString::fromLatin1(option.name), QString::fromLatin1(option.purpose),
+                      QString::fromLatin1(option.value)});
+  }
+
+  if (!parser.parse(arguments)) {
+    Fail(parser.errorText());
+    return std::nullopt;
+  }
+  if (parser.isSet(help)) {
+    ShowAndEnd(parser.helpText() + QLatin1Char('\n') + MischiefHelp());
+  }
+  if (parser.isSet(version)) {
+    parser.showVersion();
+  }
+  const QString mischief = QStringLiteral("mischief");
+  if (parser.value(mischief) == QStringLiteral("help")) {
+    ShowAndEnd(MischiefHelp());
+  }
+  QStringList faults;
+  for (const QString& argument : parser.positionalArguments()) {
+    faults += QStringLiteral("unexpected argument '%1'").arg(argument);
+  }
+
+  for (const Option& option : options) {
+    const QString name = QString::fromLatin1(option.name);
+    if (parser.isSet(name) && !option.take(parser.value(name))) {
+      faults += QString::fromLatin1(option.fault).arg(parser.value(name));
+    }
+  }
+  if (!read.allow_remote && !read.address.isNull() &&
+      !read.address.isInSubnet(QHostAddress(QStringLiteral("127.0.0.0")), 8)) {
+    faults += QStringLiteral("%1 is outside 127.0.0.0/8; add --allow-remote if you mean it")
+                  .arg(read.address.toString());
+  }
+  if (!parser.isSet(QStringLiteral("seed"))) {
+    read.server.rules.seed = RandomSeed();
+    read.random_seeds += QStringLiteral("Seed %1").arg(read.server.rules.seed);
+  }
+  read.server.load.seed = read.server.rules.seed;
+  if (parser.isSet(mischief) && !parser.isSet(QStringLiteral("mischief-seed"))) {
+    read.server.mischief.seed = RandomSeed();
+    read.random_seeds += QStringLiteral("Mischief seed %1").arg(read.server.mischief.seed);
+  }
+  std::for_each(faults.begin(), faults.end(), Fail);
+  return faults.isEmpty() ? std::optional(std::move(read)) : std::nullopt;
 }
 
 void Print(std::string_view line) {
@@ -66,11 +248,6 @@ int main(int argc, char** argv) {
   QCoreApplication::setApplicationName(QStringLiteral("korvanta-practice-server"));
   QCoreApplication::setApplicationVersion(
       QString::fromLatin1(korvanta::kVersionText.data(), korvanta::kVersionText.size()));
-  QStringList faults;
-  const auto command = korvanta::practice::ReadCommandLine(QCoreApplication::arguments(), faults);
-  int status = 0;
-  for (const QString& fault : faults) {
-    status = korvanta::practice::Fail(fault);
-  }
-  return command ? korvanta::practice::Run(*command) : status;
+  const auto command = korvanta::practice::ReadCommandLine(QCoreApplication::arguments());
+  return command ? korvanta::practice::Run(*command) : korvanta::practice::kUsageError;
 }

@@ -4,7 +4,7 @@
 #include <chrono>
 #include <utility>
 
-#include "practice/network/native_socket.h"
+#include "practice/network/native.h"
 
 namespace korvanta::practice {
 namespace {
@@ -175,7 +175,7 @@ void NetworkServer::Flush() {
     }
     Connection& connection = found->second;
     if (connection.is_reset) {
-      native_socket::ResetWhenClosed(connection.socket->socketDescriptor());
+      ResetWhenClosed(connection.socket->socketDescriptor());
       connection.socket->abort();
       continue;
     }
@@ -197,7 +197,7 @@ void NetworkServer::Flush() {
 void NetworkServer::FinishClosing(const Connection& connection) {
   if (connection.is_closing && connection.outbox.isEmpty() &&
       connection.socket->bytesToWrite() == 0) {
-    native_socket::EndStream(connection.socket->socketDescriptor());
+    EndStream(connection.socket->socketDescriptor());
   }
 }
 

@@ -1,7 +1,6 @@
 #include "practice/players/accounts.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "practice/base/player_text.h"
@@ -12,35 +11,12 @@ namespace {
 /// In one run, so that strangers cannot make the server keep any number.
 constexpr std::size_t kMostAccounts = 100'000;
 
-struct Award {
-  int code;
+/// The awards for one figure, each with its threshold.
+struct AwardSeries {
   std::int64_t Figures::*figure;
-  std::int64_t threshold;
+  std::vector<std::pair<int, std::int64_t>> awards;
 };
 
-constexpr auto kAwards = std::to_array<Award>({{1, &Figures::score, 1'000'000},
-                                               {2, &Figures::score, 500'000},
-                                               {3, &Figures::score, 250'000},
-                                               {4, &Figures::score, 100'000},
-                                               {5, &Figures::score, 50'000},
-                                               {22, &Figures::score, 25'000},
-                                               {6, &Figures::score, 10'000},
-                                               {21, &Figures::score, 1'000},
-                                               {7, &Figures::wins, 1'000},
-                                               {8, &Figures::wins, 500},
-                                               {9, &Figures::wins, 100},
-                                               {10, &Figures::wins, 10},
-                                               {11, &Figures::wins, 1},
-                                               {12, &Figures::research_destroyed, 5'000},
-                                               {13, &Figures::research_destroyed, 1'000},
-                                               {14, &Figures::research_destroyed, 250},
-                                               {15, &Figures::research_destroyed, 100},
-                                               {16, &Figures::research_destroyed, 50},
-                                               {17, &Figures::blocks, 1'000},
-                                               {18, &Figures::blocks, 500},
-                                               {19, &Figures::blocks, 100},
-                                               {23, &Figures::blocks, 50},
-                                               {20, &Figures::blocks, 25}});
 constexpr int kNoAwards = 24;
 
 }  // namespace
@@ -48,28 +24,40 @@ constexpr int kNoAwards = 24;
 std::int64_t Figures::PlayerLevel() const { return 1 + std::max<std::int64_t>(score, 0) / 1'000; }
 
 std::vector<int> Figures::AwardCodes() const {
+  static const AwardSeries kSeries[] = {
+      {&Figures::score,
+       {{1, 1'000'000},
+        {2, 500'000},
+        {3, 250'000},
+        {4, 100'000},
+        {5, 50'000},
+        {22, 25'000},
+        {6, 10'000},
+        {21, 1'000}}},
+      {&Figures::wins, {{7, 1'000}, {8, 500}, {9, 100}, {10, 10}, {11, 1}}},
+      {&Figures::research_destroyed, {{12, 5'000}, {13, 1'000}, {14, 250}, {15, 100}, {16, 50}}},
+      {&Figures::blocks, {{17, 1'000}, {18, 500}, {19, 100}, {23, 50}, {20, 25}}}};
   std::vector<int> codes;
-  for (const Award& award : kAwards) {
-    if (this->*award.figure >= award.threshold) {
-      codes.push_back(award.code);
+  for (const auto& [figure, awards] : kSeries) {
+    for (const auto& [code, threshold] : awards) {
+      if (this->*figure >= threshold) {
+        codes.push_back(code);
+      }
     }
   }
   return codes.empty() ? std::vector{kNoAwards} : codes;
 }
 
 Accounts::Admission Accounts::Admit(std::string_view name, std::string_view password) {
-  if (!IsUserName(name)) {
-    return {Refusal::BadUserName};
-  }
-  if (!IsPassword(password)) {
-    return {Refusal::BadPassword};
-  }
-  if (const auto known = accounts_.find(NameKey(name)); known != accounts_.end()) {
-    return known->second.password == password ? Admission{Refusal::None, &known->second}
-                                              : Admission{Refusal::WrongPassword};
-  }
-  if (accounts_.size() >= kMostAccounts) {
-    return {Refusal::NoRoomForAccount};
+  const auto known = accounts_.find(NameKey(name));
+  const bool is_new = known == accounts_.end();
+  const Refusal refusal = !IsUserName(name)                               ? Refusal::BadUserName
+                          : !IsPassword(password)                         ? Refusal::BadPassword
+                          : !is_new && known->second.password != password ? Refusal::WrongPassword
+                          : is_new && accounts_.size() >= kMostAccounts ? Refusal::NoRoomForAccount
+                                                                        : Refusal::None;
+  if (refusal != Refusal::None || !is_new) {
+    return {refusal, refusal == Refusal::None ? &known->second : nullptr};
   }
   const bool is_first = !std::exchange(has_administrator_, true);
   return {Refusal::None, &Add(name, password, is_first ? kAdministratorId : NextUserId())};

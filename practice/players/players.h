@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "practice/base/player_text.h"
 #include "practice/players/accounts.h"
 #include "practice/wire/server_messages.h"
 #include "practice/wire/transport.h"
@@ -31,11 +32,24 @@ class Players {
   explicit Players(Transport& transport) : transport_(transport) {}
 
   /// The account must not be online. The player stays where it is until it is removed.
-  Player& Add(ConnectionId connection, Account& account, std::chrono::milliseconds now);
-  void Remove(const Player& player);
+  Player& Add(ConnectionId connection, Account& account, std::chrono::milliseconds now) {
+    Player& player =
+        players_.emplace(NameKey(account.name), Player{connection, &account, now}).first->second;
+    if (!player.IsSimulated()) {
+      people_.emplace(connection, &player);
+    }
+    return player;
+  }
+  void Remove(const Player& player) {
+    people_.erase(player.connection);
+    players_.erase(players_.find(NameKey(player.name())));
+  }
 
   /// By name in any letter case; null when nobody of that name is online.
-  Player* Find(std::string_view name);
+  Player* Find(std::string_view name) {
+    const auto found = players_.find(NameKey(name));
+    return found == players_.end() ? nullptr : &found->second;
+  }
   /// By NameKey.
   const std::map<std::string, Player>& all() const { return players_; }
   std::map<std::string, Player>& all() { return players_; }
@@ -44,8 +58,18 @@ class Players {
   std::size_t people() const { return people_.size(); }
 
   /// Whole messages. Nothing is sent to a simulated player.
-  void Send(const Player& player, std::string_view messages);
-  void SendToAll(std::string_view messages, const Player* except = nullptr);
+  void Send(const Player& player, std::string_view messages) {
+    if (!player.IsSimulated()) {
+      transport_.Send(player.connection, messages);
+    }
+  }
+  void SendToAll(std::string_view messages, const Player* except = nullptr) {
+    for (const auto& [connection, player] : people_) {
+      if (player != except) {
+        transport_.Send(connection, messages);
+      }
+    }
+  }
 
   /// The sentence with its values, which may be texts or numbers.
   template <typename... Values>
@@ -65,7 +89,9 @@ class Players {
     return refusal != Refusal::None;
   }
   /// A line in black to one player.
-  void Answer(const Player& player, std::string_view text);
+  void Answer(const Player& player, std::string_view text) {
+    Send(player, ChatLine(MessageKind::Status, text));
+  }
 
  private:
   Transport& transport_;

@@ -1,12 +1,24 @@
 #include "practice/simulation/simulated_play.h"
 
-#include <numeric>
+#include <array>
 #include <string>
 #include <vector>
 
 namespace korvanta::practice {
 namespace {
 
+/// Chances are in percent at each of its moves.
+struct Temperament {
+  TopicCode first_topic;  ///< the two that it brings to level 4
+  TopicCode second_topic;
+  int defense;   ///< level of Defense that it wants before the second topic
+  int military;  ///< likewise
+  int attacks;   ///< chance of an attack on someone who is not about to win
+  int allies;    ///< chance of offering an alliance, and of agreeing to one
+  int betrays;   ///< chance of attacking an ally that is about to win
+};
+
+/// They take turns.
 constexpr auto kTemperaments = std::to_array<Temperament>({
     {TopicCode::Industry, TopicCode::Population, 1, 0, 0, 10, 0},    // builder
     {TopicCode::Industry, TopicCode::Military, 0, 3, 25, 5, 40},     // raider
@@ -37,7 +49,7 @@ Move ChooseAttack(const Game& game, const Contender& self, const Temperament& te
         (!is_friend || (self.ally == &other && dice.Chance(temperament.betrays)))) {
       dangers.push_back(&other);
     }
-    if (!is_friend && Progress(other) >= Progress(self)) {
+    if (!is_friend && other.Progress() >= self.Progress()) {
       rivals.push_back(&other);
     }
   }
@@ -51,7 +63,7 @@ Move ChooseAttack(const Game& game, const Contender& self, const Temperament& te
   } else if (!self.IsNearWinning() && !rivals.empty() && dice.Chance(temperament.attacks)) {
     target = dice.Pick(rivals);
   }
-  if (target == nullptr || target->was_set_back || Progress(*target) == 0) {
+  if (target == nullptr || target->was_set_back || target->Progress() == 0) {
     return std::nullopt;
   }
   return ClientRequest{ClientMessage::AttackPlayer, {target->name()}};
@@ -98,16 +110,9 @@ Move ChooseResearch(const Contender& self, const Temperament& temperament) {
 
 }  // namespace
 
-const Temperament& TemperamentOf(std::size_t number) {
-  return kTemperaments.at(number % kTemperaments.size());
-}
-
-int Progress(const Contender& contender) {
-  return std::accumulate(contender.levels.begin(), contender.levels.end(), 0);
-}
-
-std::optional<ClientRequest> NextMove(const Game& game, const Contender& self,
-                                      const Temperament& temperament, Dice& dice) {
+std::optional<ClientRequest> NextMove(const Game& game, const Contender& self, std::size_t number,
+                                      Dice& dice) {
+  const Temperament& temperament = kTemperaments.at(number % kTemperaments.size());
   if (dice.Chance(kHesitates)) {
     return std::nullopt;
   }

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "practice/base/player_text.h"
+#include "practice/simulation/simulated_play.h"
+
 namespace korvanta::practice {
 namespace {
 
@@ -15,6 +18,9 @@ constexpr int kMostSimulatedSeats = 6;
 constexpr int kLeastOnline = 70;
 /// How often, in percent, a hit is complained about at each move.
 constexpr int kComplains = 8;
+/// Lines that nobody says again for a while.
+constexpr std::size_t kRemembered = 20;
+constexpr int kOpeningTicks = 5;
 constexpr std::size_t kTeamSize = 2;
 constexpr std::size_t kMostSimulatedTeams = 3;
 /// Nobody can type a tab, so that the team stays among simulated players.
@@ -27,8 +33,7 @@ Simulation::Simulation(Accounts& accounts, Lobby& lobby, Arena& arena, Tournamen
     : lobby_(lobby), arena_(arena), tournament_(tournament), dice_(seed) {
   const std::size_t first = dice_.Below(100);
   for (std::size_t number = 0; number < static_cast<std::size_t>(count); ++number) {
-    characters_.push_back(
-        {&accounts.AddSimulated(SimulatedName(number)), &TemperamentOf(first + number)});
+    characters_.push_back({&accounts.AddSimulated(SimulatedName(number)), first + number});
   }
   for (Character& character : characters_) {
     character.player = &lobby_.Enter(kNoConnection, *character.account);
@@ -41,9 +46,16 @@ void Simulation::Step(milliseconds now) {
   if (characters_.empty()) {
     return;
   }
-  for (const Conversation::Line& line : conversation_.Step(now)) {
-    lobby_.Handle(*line.speaker->player, {ClientMessage::ChatLine, {line.typed}});
+  if (IsDue(next_talk_, 8s, 20s)) {
+    MakeSmallTalk();
   }
+  // No line leads to another: simulated players listen to people alone.
+  std::erase_if(waiting_, [this](const Line& line) {
+    if (line.due <= now_ && line.speaker->player != nullptr) {
+      lobby_.Handle(*line.speaker->player, {ClientMessage::ChatLine, {line.typed}});
+    }
+    return line.due <= now_;
+  });
   if (IsDue(next_arrival_, 20s, 60s)) {
     ComeOrGo();
   }
@@ -75,7 +87,7 @@ void Simulation::ComeOrGo() {
 
 /// While a tournament is open, simulated players fill a few teams.
 void Simulation::FormTeam() {
-  const Character* character = tournament_.IsOpen() ? AnyOnline(characters_, dice_) : nullptr;
+  const Character* character = tournament_.IsOpen() ? AnyOnline() : nullptr;
   if (character == nullptr || IsInTeam(*character)) {
     return;
   }
@@ -93,9 +105,9 @@ void Simulation::Act(Character& character) {
   Player& player = *character.player;
   if (const Contender* self = arena_.SeatOf(player)) {
     if (self->was_set_back && dice_.Chance(kComplains)) {
-      conversation_.Say(character, Occasion::SetBack);
+      Say(character, Occasion::SetBack, {});
     }
-    if (const auto move = NextMove(*arena_.game(), *self, *character.temperament, dice_)) {
+    if (const auto move = NextMove(*arena_.game(), *self, character.number, dice_)) {
       lobby_.Handle(player, *move);
     }
     return;
@@ -109,6 +121,90 @@ void Simulation::Act(Character& character) {
   if (ready < kMostSimulatedSeats || (tournament_.IsGameSet() && IsInTeam(character))) {
     lobby_.Handle(player, {ClientMessage::EnterGame, {}});
   }
+}
+
+/// About whoever is ahead in the game, or about anyone.
+void Simulation::MakeSmallTalk() {
+  Character* speaker = AnyOnline();
+  if (speaker == nullptr) {
+    return;
+  }
+  const Game* game = arena_.game();
+  const bool plays = arena_.SeatOf(*speaker->player) != nullptr;
+  const Occasion occasion = arena_.phase() == Arena::Phase::Resting ? Occasion::Ending
+                            : !plays                                ? Occasion::Lobby
+                            : !game->IsOpen()                       ? Occasion::Closing
+                            : game->ticks() < kOpeningTicks         ? Occasion::Opening
+                                                                    : Occasion::Playing;
+  const Character* other = AnyOnline();
+  std::string_view name = other == speaker ? std::string_view() : other->account->name;
+  int most = -1;
+  if (game != nullptr) {
+    for (const Contender& contender : game->contenders()) {
+      if (contender.account != speaker->account && contender.Progress() > most) {
+        most = contender.Progress();
+        name = contender.name();
+      }
+    }
+  }
+  Say(*speaker, occasion, name);
+}
+
+void Simulation::Hear(const Player& speaker, const Player* listener, std::string_view words) {
+  if (speaker.IsSimulated()) {
+    return;
+  }
+  const auto meant = std::ranges::find_if(characters_, [&](const Character& character) {
+    return character.player != nullptr &&
+           (listener == nullptr
+                ? NameKey(words).find(NameKey(character.account->name)) != std::string::npos
+                : listener == character.player);
+  });
+  const Occasion occasion = OccasionOf(words);
+  Character* character = meant != characters_.end() ? &*meant : nullptr;
+  if (character == nullptr && listener == nullptr && waiting_.empty() &&
+      occasion != Occasion::Mention) {
+    character = AnyOnline();
+  }
+  const bool is_busy = std::ranges::count(waiting_, character, &Line::speaker) > 0;
+  const std::string command = listener == nullptr ? "/c " : "/tell " + speaker.name() + " ";
+  if (character != nullptr && !is_busy && Say(*character, occasion, speaker.name(), command)) {
+    waiting_.back().due += dice_.Between(1500ms, 4s);
+  }
+}
+
+bool Simulation::Say(Character& speaker, Occasion occasion, std::string_view name,
+                     const std::string& command) {
+  std::vector<std::string_view> fresh;
+  for (std::string_view line : LinesFor(occasion)) {
+    const bool was_said = std::ranges::count(said_lately_, line) > 0;
+    if (!was_said && (!name.empty() || line.find('%') == std::string_view::npos)) {
+      fresh.push_back(line);
+    }
+  }
+  if (fresh.empty()) {
+    return false;
+  }
+  said_lately_.push_back(dice_.Pick(fresh));
+  std::string line(said_lately_.back());
+  if (const std::size_t place = line.find('%'); place != std::string::npos) {
+    line.replace(place, 1, name);
+  }
+  if (said_lately_.size() > kRemembered) {
+    said_lately_.pop_front();
+  }
+  waiting_.push_back({now_, &speaker, command + line});
+  return true;
+}
+
+Simulation::Character* Simulation::AnyOnline() {
+  std::vector<Character*> online;
+  for (Character& character : characters_) {
+    if (character.player != nullptr) {
+      online.push_back(&character);
+    }
+  }
+  return online.empty() ? nullptr : dice_.Pick(online);
 }
 
 bool Simulation::IsInTeam(const Character& character) const {

@@ -3,11 +3,13 @@
 #pragma once
 
 #include <chrono>
+#include <deque>
+#include <string>
 #include <string_view>
 #include <vector>
 
 #include "practice/lobby/lobby.h"
-#include "practice/simulation/conversation.h"
+#include "practice/simulation/simulated_talk.h"
 
 namespace korvanta::practice {
 
@@ -22,14 +24,31 @@ class Simulation {
   void Step(std::chrono::milliseconds now);
 
   /// Someone has said something to everyone, or to `listener` alone.
-  void Hear(const Player& speaker, const Player* listener, std::string_view words) {
-    conversation_.Hear(speaker, listener, words);
-  }
+  void Hear(const Player& speaker, const Player* listener, std::string_view words);
 
  private:
+  struct Character {
+    Account* account;
+    std::size_t number;        // chooses its temperament
+    Player* player = nullptr;  // null while it is offline
+    std::chrono::milliseconds next_move{0};
+  };
+  struct Line {
+    std::chrono::milliseconds due;
+    Character* speaker;
+    std::string typed;
+  };
+
   void ComeOrGo();
   void FormTeam();
   void Act(Character& character);
+  void MakeSmallTalk();
+  /// Types a line for the occasion behind the command, with the name in place of "%". False when
+  /// all of them have been said lately.
+  bool Say(Character& speaker, Occasion occasion, std::string_view name,
+           const std::string& command = "/c ");
+  /// Null when none is.
+  Character* AnyOnline();
   bool IsInTeam(const Character& character) const;
   /// Whether it is time; then the next time is set to `least` to `most` from now.
   bool IsDue(std::chrono::milliseconds& next, std::chrono::milliseconds least,
@@ -40,8 +59,10 @@ class Simulation {
   Tournament& tournament_;
   Dice dice_;
   std::vector<Character> characters_;
-  Conversation conversation_{characters_, arena_, dice_};
+  std::vector<Line> waiting_;
+  std::deque<std::string_view> said_lately_;
   std::chrono::milliseconds now_{0};
+  std::chrono::milliseconds next_talk_{5'000};
   std::chrono::milliseconds next_arrival_{30'000};
   std::chrono::milliseconds next_team_{0};
 };

@@ -1,9 +1,12 @@
 #include "practice/tournament/tournament.h"
 
 #include <algorithm>
+#include <functional>
+#include <numeric>
 #include <utility>
 
 #include "practice/base/player_text.h"
+#include "practice/wire/server_messages.h"
 
 namespace korvanta::practice {
 namespace {
@@ -27,29 +30,23 @@ Refusal Tournament::Open(std::string_view entry_fee, std::string_view max_teams,
   if (!fee || !most_teams || !most_players) {
     return Refusal::BadTerms;
   }
-  if (*most_players < *most_teams) {
-    return Refusal::FewerPlayersThanTeams;
+  const bool have_room = std::ssize(teams_) <= *most_teams && CountPlayers() <= *most_players;
+  const Refusal refusal = *most_players < *most_teams ? Refusal::FewerPlayersThanTeams
+                          : is_open_                  ? Refusal::TournamentOpenAlready
+                          : !have_room                ? Refusal::TooManyTeamsAlready
+                                                      : Refusal::None;
+  if (refusal == Refusal::None) {
+    is_open_ = true;
+    terms_ = {*fee, *most_teams, *most_players};
   }
-  if (is_open_) {
-    return Refusal::TournamentOpenAlready;
-  }
-  if (std::ssize(teams_) > *most_teams ||
-      CountPlayers() > static_cast<std::size_t>(*most_players)) {
-    return Refusal::TooManyTeamsAlready;
-  }
-  is_open_ = true;
-  terms_ = {*fee, *most_teams, *most_players};
-  return Refusal::None;
+  return refusal;
 }
 
 Refusal Tournament::SetGame() {
-  if (!is_open_) {
-    return Refusal::NoTournament;
-  }
-  if (teams_.size() < 2) {
-    return Refusal::TooFewTeams;
-  }
-  return std::exchange(is_game_set_, true) ? Refusal::GameSetAlready : Refusal::None;
+  return !is_open_                           ? Refusal::NoTournament
+         : teams_.size() < 2                 ? Refusal::TooFewTeams
+         : std::exchange(is_game_set_, true) ? Refusal::GameSetAlready
+                                             : Refusal::None;
 }
 
 Refusal Tournament::End() {
@@ -61,29 +58,25 @@ Refusal Tournament::End() {
 Refusal Tournament::Join(std::string_view player, std::string_view team_name,
                          std::string_view password) {
   const std::string_view name = TrimSpaces(team_name);
-  const Team* team = Find(name);
-  if (CountPlayers() >= static_cast<std::size_t>(terms_.max_players) ||
-      (team == nullptr && std::ssize(teams_) >= terms_.max_teams)) {
-    return Refusal::NoRoomForTeam;
-  }
-  if (name.empty() || name.size() > kLongestTeamName || name.find(':') != std::string_view::npos) {
-    return Refusal::BadTeamName;
-  }
-  if (!IsPassword(password)) {
-    return Refusal::BadTeamPassword;
-  }
-  if (TeamOf(player) != nullptr) {
-    return Refusal::InTeamAlready;
-  }
-  if (team == nullptr) {
+  const auto team = std::ranges::find_if(
+      teams_, [&](const Team& known) { return EqualIgnoringCase(known.name, name); });
+  const bool is_new = team == teams_.end();
+  const bool is_full =
+      CountPlayers() >= terms_.max_players || (is_new && std::ssize(teams_) >= terms_.max_teams);
+  const bool is_name =
+      !name.empty() && name.size() <= kLongestTeamName && name.find(':') == std::string_view::npos;
+  const Refusal refusal = is_full                                 ? Refusal::NoRoomForTeam
+                          : !is_name                              ? Refusal::BadTeamName
+                          : !IsPassword(password)                 ? Refusal::BadTeamPassword
+                          : TeamOf(player) != nullptr             ? Refusal::InTeamAlready
+                          : !is_new && team->password != password ? Refusal::WrongTeamPassword
+                                                                  : Refusal::None;
+  if (refusal == Refusal::None && is_new) {
     teams_.push_back({std::string(name), std::string(password), {std::string(player)}});
-    return Refusal::None;
+  } else if (refusal == Refusal::None) {
+    team->members.emplace_back(player);
   }
-  if (team->password != password) {
-    return Refusal::WrongTeamPassword;
-  }
-  teams_[static_cast<std::size_t>(team - teams_.data())].members.emplace_back(player);
-  return Refusal::None;
+  return refusal;
 }
 
 void Tournament::Remove(std::string_view player) {
@@ -111,12 +104,141 @@ const Team* Tournament::Find(std::string_view team_name) const {
   return team == teams_.end() ? nullptr : &*team;
 }
 
-std::size_t Tournament::CountPlayers() const {
-  std::size_t players = 0;
-  for (const Team& team : teams_) {
-    players += team.members.size();
+std::ptrdiff_t Tournament::CountPlayers() const {
+  return std::transform_reduce(teams_.begin(), teams_.end(), std::ptrdiff_t{0}, std::plus(),
+                               [](const Team& team) { return std::ssize(team.members); });
+}
+
+void TournamentDesk::SendInfo(const Player& player) {
+  const int fee = tournament_.terms().entry_fee;
+  const std::int64_t members = tournament_.CountPlayers();
+  std::vector<std::string_view> names;
+  names.reserve(tournament_.teams().size());
+  for (const Team& team : tournament_.teams()) {
+    names.emplace_back(team.name);
   }
-  return players;
+  const auto purse = members * fee;
+  players_.Send(player, Message<ServerMessage::TournamentInfo>(fee, purse, names.size(), members) +
+                            BuildMessage(TagOf(ServerMessage::TeamNames),
+                                         {Joined(names, {&kFieldSeparator, 1})}));
+}
+
+void TournamentDesk::SendTeamList(const Player& player) {
+  std::vector<std::string> lines;
+  for (const Team& team : tournament_.teams()) {
+    lines.push_back("Team " + team.name + ", led by " + team.leader());
+    for (const std::string& member : team.members) {
+      lines.push_back("    " + member);
+    }
+  }
+  players_.Send(player, BuildMessage(TagOf(ServerMessage::TeamList),
+                                     {Joined(lines, {&kRecordSeparator, 1})}));
+}
+
+void TournamentDesk::Start(const Player& player, std::string_view entry_fee,
+                           std::string_view max_teams, std::string_view max_players) {
+  if (MayManage(player) &&
+      !players_.Refuse(player, tournament_.Open(entry_fee, max_teams, max_players), max_teams,
+                       max_players)) {
+    const Tournament::Terms& terms = tournament_.terms();
+    players_.SayToAll(sentences::kTournamentOpens, terms.max_teams, terms.max_players,
+                      terms.entry_fee);
+    SendInfo(player);
+  }
+}
+
+void TournamentDesk::SetGame(const Player& player) {
+  if (MayManage(player) && !players_.Refuse(player, tournament_.SetGame())) {
+    players_.SayToAll(sentences::kTournamentGameSet);
+    players_.Say(player, sentences::kSetForNextGame);
+  }
+}
+
+void TournamentDesk::End(const Player& player) {
+  if (MayManage(player) && !players_.Refuse(player, tournament_.End())) {
+    players_.SayToAll(sentences::kTournamentOver);
+    for (const Team& team : tournament_.teams()) {
+      SayToTeam(team, player.name(), sentences::kTeamStays);
+    }
+    SendInfo(player);
+  }
+}
+
+void TournamentDesk::Join(const Player& player, std::string_view team_name,
+                          std::string_view password) {
+  const std::int64_t score = player.account->figures.score;
+  const int fee = tournament_.terms().entry_fee;
+  const Team* current = tournament_.TeamOf(player.name());
+  const std::string current_name = current == nullptr ? "" : current->name;
+  const Refusal refusal =
+      score < fee ? Refusal::EntryFeeTooHigh : tournament_.Join(player.name(), team_name, password);
+  if (players_.Refuse(player, refusal, fee, score, current_name)) {
+    return;
+  }
+  const Team& team = *tournament_.TeamOf(player.name());
+  if (team.members.size() == 1) {
+    players_.Say(player, sentences::kTeamMade);
+  } else {
+    SayToTeam(team, player.name(), sentences::kJoined);
+  }
+  SendBoth(player);
+}
+
+void TournamentDesk::Disband(const Player& player) {
+  const Team* team = tournament_.TeamOf(player.name());
+  const Refusal refusal = team == nullptr                   ? Refusal::NotInTeam
+                          : team->leader() != player.name() ? Refusal::OnlyLeaderDisbands
+                                                            : Refusal::None;
+  if (!players_.Refuse(player, refusal, team == nullptr ? "" : team->leader())) {
+    SayToTeam(*team, player.name(), sentences::kDisbanded);
+    tournament_.Disband(player.name());
+    SendBoth(player);
+  }
+}
+
+void TournamentDesk::Kick(const Player& player, std::string_view name) {
+  const Account* account = accounts_.Find(TrimSpaces(name));
+  const Team* team = tournament_.TeamOf(player.name());
+  const bool is_member =
+      team != nullptr && account != nullptr && tournament_.TeamOf(account->name) == team;
+  const bool leaves = is_member && account->name == player.name();
+  const Refusal refusal = !is_member                                   ? Refusal::NoTeamMember
+                          : !leaves && team->leader() != player.name() ? Refusal::OnlyLeaderKicks
+                                                                       : Refusal::None;
+  if (!players_.Refuse(player, refusal, team == nullptr ? "" : team->leader())) {
+    SayToTeam(*team, player.name(),
+              leaves ? std::string(sentences::kLeft) : Filled(sentences::kKicked, {account->name}));
+    tournament_.Remove(account->name);
+    SendBoth(player);
+  }
+}
+
+void TournamentDesk::Say(const Player& player, std::string_view words) {
+  if (const Team* team = tournament_.TeamOf(player.name())) {
+    SayToTeam(*team, player.name(), words);
+  } else {
+    players_.Refuse(player, Refusal::NotInTeam);
+  }
+}
+
+bool TournamentDesk::MayManage(const Player& player) {
+  return !players_.Refuse(
+      player, player.account->IsAdministrator() ? Refusal::None : Refusal::AdministratorsManage);
+}
+
+void TournamentDesk::SendBoth(const Player& player) {
+  SendInfo(player);
+  SendTeamList(player);
+}
+
+void TournamentDesk::SayToTeam(const Team& team, std::string_view speaker, std::string_view words) {
+  const std::string line =
+      ChatLine(MessageKind::Team, team.name + " - " + std::string(speaker), words);
+  for (const std::string& member : team.members) {
+    if (const Player* online = players_.Find(member)) {
+      players_.Send(*online, line);
+    }
+  }
 }
 
 }  // namespace korvanta::practice

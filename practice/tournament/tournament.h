@@ -1,5 +1,6 @@
-/// The tournament: its terms, and the teams that take part. Teams exist without one, too; they last
-/// for one run, and their members stay in them while they are offline.
+/// The tournament: its terms, the teams that take part, and what players ask for and are answered.
+/// Teams exist without one, too; they last for one run, and their members stay in them while they
+/// are offline.
 #pragma once
 
 #include <cstddef>
@@ -7,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "practice/players/players.h"
 #include "practice/words/sentences.h"
 
 namespace korvanta::practice {
@@ -62,13 +64,48 @@ class Tournament {
   /// In the order in which they were made.
   const std::vector<Team>& teams() const { return teams_; }
   /// Members of all teams.
-  std::size_t CountPlayers() const;
+  std::ptrdiff_t CountPlayers() const;
 
  private:
   bool is_open_ = false;
   bool is_game_set_ = false;
   Terms terms_;
   std::vector<Team> teams_;
+};
+
+/// The tournament window and the talk of teams. Whoever asks is answered, if only by the reason why
+/// nothing was done.
+class TournamentDesk {
+ public:
+  /// All must outlive the desk.
+  TournamentDesk(Players& players, const Accounts& accounts, Tournament& tournament)
+      : players_(players), accounts_(accounts), tournament_(tournament) {}
+
+  void SendInfo(const Player& player);
+  void SendTeamList(const Player& player);
+
+  // For administrators.
+  void Start(const Player& player, std::string_view entry_fee, std::string_view max_teams,
+             std::string_view max_players);
+  void SetGame(const Player& player);
+  void End(const Player& player);
+
+  void Join(const Player& player, std::string_view team, std::string_view password);
+  /// Only the leader may.
+  void Disband(const Player& player);
+  /// The leader may kick any member, and each member itself.
+  void Kick(const Player& player, std::string_view name);
+  /// What a member says to the team.
+  void Say(const Player& player, std::string_view words);
+
+ private:
+  bool MayManage(const Player& player);
+  void SendBoth(const Player& player);
+  void SayToTeam(const Team& team, std::string_view speaker, std::string_view words);
+
+  Players& players_;
+  const Accounts& accounts_;
+  Tournament& tournament_;
 };
 
 }  // namespace korvanta::practice

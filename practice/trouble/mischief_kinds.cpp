@@ -1,10 +1,9 @@
-#include "practice/trouble/mischief_kinds.h"
-
 #include <algorithm>
 #include <array>
 #include <numeric>
 
 #include "base/ascii_case.h"
+#include "practice/trouble/mischief.h"
 #include "protocol/message_table.h"
 
 namespace korvanta::practice {
@@ -28,30 +27,22 @@ namespace {
 using Field = MischiefMessage::Field;
 
 MischiefMessage TakenApart(std::string_view message) {
-  constexpr std::string_view kSeparators("\1\2");
   const auto* row = FindRow(kServerMessages, message);
-  const bool has_roles = row != nullptr && row->fields.size() > 0;
+  const std::size_t roles = row == nullptr ? 0 : row->fields.size();
   MischiefMessage apart{std::string(message.substr(0, kTagLength))};
-  std::string_view payload = message.substr(apart.tag.size());
-  if (payload.empty()) {
-    return apart;
-  }
   std::size_t index = 0;
-  for (char separator = kFieldSeparator;;) {
-    const std::size_t end = payload.find_first_of(kSeparators);
-    // The last role is that of all fields that follow, too.
-    const FieldRole role =
-        has_roles ? row->fields[std::min(index, row->fields.size() - 1)] : FieldRole::Text;
-    apart.fields.push_back({std::string(payload.substr(0, end)), role, separator});
-    if (end == std::string_view::npos) {
-      return apart;
+  for (std::string_view record : Split(message.substr(apart.tag.size()), kRecordSeparator)) {
+    index = roles > 0 && row->layout == Layout::Records ? 0 : index;
+    char separator = kRecordSeparator;
+    for (std::string_view field : Split(record, kFieldSeparator)) {
+      // The last role is that of all fields that follow, too.
+      const FieldRole role =
+          roles > 0 ? row->fields[std::min(index++, roles - 1)] : FieldRole::Text;
+      apart.fields.push_back({std::string(field), role, separator});
+      separator = kFieldSeparator;
     }
-    separator = payload[end];
-    index = separator == kRecordSeparator && has_roles && row->layout == Layout::Records
-                ? 0
-                : index + 1;
-    payload.remove_prefix(end + 1);
   }
+  return apart;
 }
 
 constexpr auto kForeignNumbers =
@@ -112,26 +103,14 @@ void ChangeNumbers(MischiefMessage& message, Dice& dice) {
 }
 
 void ChangeTag(MischiefMessage& message, Dice& dice) {
-  std::string& tag = message.tag;
-  switch (dice.Below(6)) {
-    case 0:
-      std::transform(tag.begin(), tag.end(), tag.begin(), UpperCase);
-      return;
-    case 1:
-      tag = "[zzz]";
-      return;
-    case 2:
-      tag.resize(dice.Below(tag.size() + 1));
-      return;
-    case 3:
-      tag = dice.Pick(kServerMessages).tag;
-      return;
-    case 4:  // a payload that begins with a tag
-      tag.insert(0, dice.Pick(kServerMessages).tag);
-      return;
-    default:
-      tag.insert(0, " ");
-  }
+  std::string capitals = message.tag;
+  std::ranges::transform(capitals, capitals.begin(), UpperCase);
+  const std::string other(dice.Pick(kServerMessages).tag);
+  const std::string short_tag = message.tag.substr(0, dice.Below(message.tag.size() + 1));
+  // The fourth makes a payload that begins with a tag.
+  const std::string tags[] = {capitals, "[zzz]",          short_tag, other + message.tag,
+                              other,    " " + message.tag};
+  message.tag = dice.Pick(tags);
 }
 
 void AddAllBytes(MischiefMessage& message, Dice& dice) {
@@ -169,10 +148,6 @@ void AddMarkup(MischiefMessage& message, Dice& dice) {
   }
 }
 
-void LeaveUnended(MischiefMessage& message, Dice& /*dice*/) { message.is_ended = false; }
-
-void SayTwice(MischiefMessage& message, Dice& /*dice*/) { message.is_twice = true; }
-
 constexpr auto kTable = [] {
   using enum MischiefKind;
   return std::to_array<MischiefEntry>({
@@ -185,8 +160,10 @@ constexpr auto kTable = [] {
       {Bytes, "bytes", "every byte value stands in each text", 2, AddAllBytes},
       {Giant, "giant", "one field grows to as much as two megabytes", 12, MakeGiant},
       {Markup, "markup", "markup and control characters stand in each text", 1, AddMarkup},
-      {Unended, "unended", "terminators are missing", 3, LeaveUnended},
-      {Twice, "twice", "messages come twice", 3, SayTwice},
+      {Unended, "unended", "terminators are missing", 3,
+       [](auto& message, Dice&) { message.is_ended = false; }},
+      {Twice, "twice", "messages come twice", 3,
+       [](auto& message, Dice&) { message.is_twice = true; }},
       {Shuffle, "shuffle", "messages come in another order", 3},
       {Silence, "silence", "connections are accepted, and nothing is ever said", 2},
       {ResetAccept, "reset-accept", "connections are reset as soon as they are accepted", 2},

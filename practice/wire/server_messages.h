@@ -45,13 +45,13 @@ inline std::string ChatLine(MessageKind kind, std::string_view speaker, std::str
   return ChatLine(kind, std::string(speaker) + ": " + std::string(words));
 }
 
-/// The texts, none of which is empty, with the separator between them.
-template <typename Texts>
-std::string Joined(const Texts& texts, std::string_view separator) {
+/// The values, none of which is an empty text, with the separator between them.
+template <typename Values>
+std::string Joined(const Values& values, std::string_view separator) {
   std::string joined;
-  for (const auto& text : texts) {
+  for (const auto& value : values) {
     joined += joined.empty() ? std::string_view() : separator;
-    joined += text;
+    joined += FieldText(value);
   }
   return joined;
 }

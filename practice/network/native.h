@@ -1,6 +1,7 @@
-/// What the practice server's program agrees with the operating system.
+/// What the practice server agrees with the operating system.
 #pragma once
 
+#include <QtGlobal>
 #include <functional>
 
 class QObject;
@@ -14,5 +15,11 @@ bool OnEndRequest(QObject& context, std::function<void()> end);
 
 /// Lets the program have as many connections as the system grants it.
 void RaiseConnectionLimit();
+
+/// Closing the socket will reset the connection instead of ending its stream.
+void ResetWhenClosed(qintptr socket);
+
+/// Ends this half of the connection behind what was sent; the other half can still be read.
+void EndStream(qintptr socket);
 
 }  // namespace korvanta::practice

@@ -1,4 +1,4 @@
-#include "practice/network/native_process.h"
+#include "practice/network/native.h"
 
 #include <QSocketNotifier>
 #include <array>
@@ -45,5 +45,12 @@ void RaiseConnectionLimit() {
     ::setrlimit(RLIMIT_NOFILE, &limit);
   }
 }
+
+void ResetWhenClosed(qintptr socket) {
+  const linger at_once = {1, 0};
+  ::setsockopt(static_cast<int>(socket), SOL_SOCKET, SO_LINGER, &at_once, sizeof at_once);
+}
+
+void EndStream(qintptr socket) { ::shutdown(static_cast<int>(socket), SHUT_WR); }
 
 }  // namespace korvanta::practice
