@@ -15,6 +15,7 @@
 namespace korvanta {
 namespace {
 
+using namespace std::string_literals;
 using testing::ElementsAre;
 
 const std::string kHost = "127.0.0.1";
@@ -57,8 +58,12 @@ class QtClientSocketTest : public testing::Test {
     peer->flush();
   }
 
-  bool WaitForClosed() {
-    return QTest::qWaitFor([&] { return !events.empty() && events.back() == "closed"; });
+  bool PeerIsLeft() const {
+    return QTest::qWaitFor([this] { return peer->state() == QTcpSocket::UnconnectedState; });
+  }
+
+  bool WaitForEvents(std::size_t count) {
+    return QTest::qWaitFor([=, this] { return events.size() == count; });
   }
 
   /// Lets everything happen that is about to: a second connection makes its way behind it.
@@ -84,11 +89,30 @@ TEST_F(QtClientSocketTest, BytesThatComeWithTheCloseComeFirst) {
   Connect(server.serverPort());
   ASSERT_TRUE(server.waitForNewConnection(5000));
   peer = server.nextPendingConnection();
-  PeerSends(std::string("[a]\0[b]rest", 11));
+  PeerSends("[a]\0[b]rest"s);
   peer->close();
-  ASSERT_TRUE(WaitForClosed());
+  ASSERT_TRUE(WaitForEvents(3));
   EXPECT_THAT(events, ElementsAre("connected", "data", "closed"));
-  EXPECT_EQ(received, std::string("[a]\0[b]rest", 11));
+  EXPECT_EQ(received, "[a]\0[b]rest"s);
+}
+
+TEST_F(QtClientSocketTest, EventsNeverComeFromInsideAnother) {
+  const auto note_data = socket.on_data_arrival;
+  socket.on_data_arrival = [&](std::string_view block) {
+    note_data(block);
+    if (block == "[a]\0"s) {
+      PeerSends("[b]\0"s);
+      peer->close();
+      in_call = true;
+      Settle();
+      in_call = false;
+    }
+  };
+  Join();
+  PeerSends("[a]\0"s);
+  ASSERT_TRUE(WaitForEvents(4));
+  EXPECT_THAT(events, ElementsAre("connected", "data", "data", "closed"));
+  EXPECT_EQ(received, "[a]\0[b]\0"s);
 }
 
 TEST_F(QtClientSocketTest, BytesBeforeAResetAreNotLostToAFailingSend) {
@@ -104,17 +128,17 @@ TEST_F(QtClientSocketTest, BytesBeforeAResetAreNotLostToAFailingSend) {
   ASSERT_EQ(setsockopt(descriptor, SOL_SOCKET, SO_LINGER, &reset, sizeof reset), 0);
   peer->abort();
   socket.Send("x");
-  ASSERT_TRUE(WaitForClosed());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return events.back() == "closed"; }));
   EXPECT_EQ(std::count(events.begin(), events.end(), "closed"), 1);
   EXPECT_EQ(received.size(), text.size());
 }
 
 TEST_F(QtClientSocketTest, OurOwnCloseAndFailedAttemptsRaiseNothing) {
   Join();
-  PeerSends(std::string("[a]\0", 4));
+  PeerSends("[a]\0"s);
   socket.Close();
   EXPECT_FALSE(socket.IsConnected());
-  EXPECT_TRUE(QTest::qWaitFor([&] { return peer->state() == QTcpSocket::UnconnectedState; }));
+  EXPECT_TRUE(PeerIsLeft());
   const std::uint16_t refused = server.serverPort();
   server.close();
   Connect(refused);
@@ -134,48 +158,30 @@ TEST_F(QtClientSocketTest, HandlerMayConnectAgainAndTheOldConnectionLeavesNothin
   };
   Join();
   QTcpSocket* old_peer = peer;
-  PeerSends(std::string("[old]\0", 6));
-  ASSERT_TRUE(QTest::qWaitFor([&] { return events.size() == 3; }));
+  PeerSends("[old]\0"s);
+  ASSERT_TRUE(WaitForEvents(3));
   old_peer->write("[late]\0", 7);
   old_peer->close();
   peer = server.nextPendingConnection();
-  PeerSends(std::string("[new]\0", 6));
-  ASSERT_TRUE(QTest::qWaitFor([&] { return events.size() == 4; }));
+  PeerSends("[new]\0"s);
+  ASSERT_TRUE(WaitForEvents(4));
   Settle();
-  EXPECT_EQ(received, std::string("[old]\0[new]\0", 12));
+  EXPECT_EQ(received, "[old]\0[new]\0"s);
   EXPECT_THAT(events, ElementsAre("connected", "data", "connected", "data"));
-}
-
-TEST_F(QtClientSocketTest, EventsNeverComeFromInsideAnother) {
-  int depth = 0;
-  socket.on_data_arrival = [&](std::string_view block) {
-    EXPECT_EQ(++depth, 1);
-    received += block;
-    if (received == std::string("[a]\0", 4)) {
-      PeerSends(std::string("[b]\0", 4));
-      peer->close();
-      Settle();
-    }
-    --depth;
-  };
-  Join();
-  PeerSends(std::string("[a]\0", 4));
-  ASSERT_TRUE(WaitForClosed());
-  EXPECT_EQ(received, std::string("[a]\0[b]\0", 8));
 }
 
 TEST_F(QtClientSocketTest, RestOfALongArrivalComesAfterItsWaitThatOfAShortOneAtOnce) {
   Join();
   QElapsedTimer time;
   time.start();
-  PeerSends(std::string("[a]\0[b]half", 11));
-  ASSERT_TRUE(QTest::qWaitFor([&] { return blocks.size() == 1; }));
+  PeerSends("[a]\0[b]half"s);
+  ASSERT_TRUE(WaitForEvents(2));
   EXPECT_LT(time.elapsed(), 250);
   const std::string rest = "[b]" + std::string(BlockAssembler::kSmallestSegment, 'x');
   time.restart();
-  PeerSends(std::string("[a]\0", 4) + rest);
-  ASSERT_TRUE(QTest::qWaitFor([&] { return blocks.size() == 3; }));
-  EXPECT_THAT(blocks, ElementsAre(std::string("[a]\0[b]half", 11), std::string("[a]\0", 4), rest));
+  PeerSends("[a]\0"s + rest);
+  ASSERT_TRUE(WaitForEvents(4));
+  EXPECT_THAT(blocks, ElementsAre("[a]\0[b]half"s, "[a]\0"s, rest));
   EXPECT_GE(time.elapsed(), 250);
 }
 
@@ -187,11 +193,11 @@ TEST_F(QtClientSocketTest, ContinuationThatArrivedDuringABusyTimeIsJoined) {
   busy.start();
   ASSERT_TRUE(QTest::qWaitFor([&] { return busy.elapsed() > 20; }));
   // The event loop is kept busy past the wait, with the second half coming in meanwhile.
-  PeerSends(std::string(" second\0", 8));
+  PeerSends(" second\0"s);
   while (busy.elapsed() < 300) {
   }
-  ASSERT_TRUE(QTest::qWaitFor([&] { return !blocks.empty(); }));
-  EXPECT_THAT(blocks, ElementsAre(first + std::string(" second\0", 8)));
+  ASSERT_TRUE(WaitForEvents(2));
+  EXPECT_THAT(blocks, ElementsAre(first + " second\0"s));
 }
 
 TEST_F(QtClientSocketTest, FloodIsHandedOutInBoundedBlocksWithTurnsOfTheEventLoopBetween) {
@@ -218,9 +224,8 @@ TEST_F(QtClientSocketTest, DrainSendsWhatIsLeftAndWaitsASecondAtMost) {
     Join();
     PeerSends("unread bytes that would make the close a reset");
     peer->setReadBufferSize(peer_reads ? 0 : 1);
-    const std::string text = peer_reads
-                                 ? std::string("[dis]\xff\0", 7)
-                                 : std::string(24 << 20, 'x');  // more than both systems hold
+    // The latter is more than both systems hold.
+    const std::string text = peer_reads ? "[dis]\xff\0"s : std::string(24 << 20, 'x');
     socket.Send(text);
     QElapsedTimer time;
     time.start();
@@ -229,7 +234,7 @@ TEST_F(QtClientSocketTest, DrainSendsWhatIsLeftAndWaitsASecondAtMost) {
     EXPECT_LT(time.elapsed(), 1300);
     EXPECT_FALSE(socket.IsConnected());
     if (peer_reads) {
-      ASSERT_TRUE(QTest::qWaitFor([&] { return peer->state() == QTcpSocket::UnconnectedState; }));
+      ASSERT_TRUE(PeerIsLeft());
       EXPECT_EQ(peer->error(), QTcpSocket::RemoteHostClosedError);
       EXPECT_EQ(peer->readAll().toStdString(), text);
     }

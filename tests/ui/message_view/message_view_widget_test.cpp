@@ -1,5 +1,6 @@
 #include "ui/message_view/message_view_widget.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QLabel>
@@ -92,22 +93,26 @@ struct MessageViewWidgetTest : testing::Test {
   int written = 0;
 };
 
-TEST_F(MessageViewWidgetTest, BarAndWheelShowAndSetThePosition) {
+TEST_F(MessageViewWidgetTest, BarWheelAndKeysScrollByRowsAndPages) {
   Write(200);
-  EXPECT_EQ(bar.value(), bar.maximum());
+  const auto bar_action = [this](QAbstractSlider::SliderAction action) {
+    return [this, action] { bar.triggerAction(action); };
+  };
   const int page = static_cast<int>(widget.canvas().WholeRows()) - 1;
   const std::pair<std::function<void()>, int> steps[] = {
-      {[&] { bar.setValue(0); }, 0},
+      {[] {}, 200 - page - 1},
       {[&] { bar.setValue(17); }, 2},  // inside "line 2", which starts at 16
-      {[&] { bar.triggerAction(QAbstractSlider::SliderSingleStepAdd); }, 3},
-      {[&] { bar.triggerAction(QAbstractSlider::SliderPageStepAdd); }, 3 + page},
-      {[&] { bar.triggerAction(QAbstractSlider::SliderToMinimum); }, 0},
-      {[&] { Wheel(-120); }, 3},
-      {[&] { Wheel(-100); }, 5},
-      {[&] { Wheel(-20); }, 6},  // a turn of parts is not lost
-      {[&] { Wheel(120); }, 3},
+      {bar_action(QAbstractSlider::SliderSingleStepAdd), 3},
+      {bar_action(QAbstractSlider::SliderPageStepAdd), 3 + page},
+      {bar_action(QAbstractSlider::SliderPageStepSub), 3},
+      {bar_action(QAbstractSlider::SliderSingleStepSub), 2},
+      {bar_action(QAbstractSlider::SliderToMinimum), 0},
+      {[&] { Wheel(-100); }, 2},
+      {[&] { Wheel(-20); }, 3},  // a turn of parts is not lost
       {[&] { Key(Qt::Key_Down, kControl); }, 4},
-      {[&] { bar.triggerAction(QAbstractSlider::SliderToMaximum); }, 200 - page - 1}};
+      {[&] { Key(Qt::Key_Up, kControl); }, 3},
+      {[&] { Wheel(120); }, 0},
+      {bar_action(QAbstractSlider::SliderToMaximum), 200 - page - 1}};
   for (const auto& [step, line] : steps) {
     step();
     EXPECT_EQ(TopLine(), "line " + std::to_string(line));
@@ -143,14 +148,12 @@ TEST_F(MessageViewWidgetTest, MouseSelectsAndScrollsBeyondAnEdge) {
   QTest::mouseClick(port, Qt::RightButton, {}, PointAt(20));
   QTest::mouseClick(port, Qt::LeftButton, kShift, PointAt(12));
   EXPECT_EQ(view.SelectedText(), "hello");
-  QTest::mousePress(port, Qt::LeftButton, {}, PointAt(24));
-  QTest::mouseMove(port, PointAt(13));
-  QTest::mouseRelease(port, Qt::LeftButton, {}, PointAt(13));
-  EXPECT_EQ(view.SelectedText(), "there\nBrisk");
   QTest::mouseDClick(port, Qt::LeftButton, {}, PointAt(8));
   EXPECT_EQ(view.SelectedText(), "hello");
   QTest::mousePress(port, Qt::LeftButton, {}, PointAt(8));
   EXPECT_EQ(view.SelectedText(), "Aster: hello there\n");
+  QTest::mouseMove(port, PointAt(24));
+  EXPECT_EQ(view.SelectedText(), "Aster: hello there\nBrisk: second\n");
   QTest::mouseMove(port, {10, port->height() + 5});
   EXPECT_TRUE(QTest::qWaitFor([&] { return bar.value() == bar.maximum(); }));
   QTest::mouseRelease(port, Qt::LeftButton, {}, {10, port->height() + 5});
@@ -226,26 +229,23 @@ TEST_F(MessageViewWidgetTest, FindShowsTheMatchAndMovesNoCaret) {
   auto* const outcome = widget.findChild<QLabel*>(QStringLiteral("lblOutcome"));
   ASSERT_EQ(QApplication::focusWidget(), box);
   EXPECT_LT(port->height(), box->mapTo(&widget, QPoint(0, box->height())).y());
-  struct Step {
+  const struct {
     const char* typed;
     Qt::Key key;
     Qt::KeyboardModifiers modifiers;
     const char* line;  // null: none
-  };
-  const Step steps[] = {{"LINE 1", Qt::Key_Shift, kNone, "line 199"},
-                        {"", Qt::Key_Return, kNone, "line 198"},
-                        {"", Qt::Key_G, kControl, "line 197"},
-                        {"", Qt::Key_Enter, Qt::KeypadModifier | kShift, "line 198"},
-                        {"9", Qt::Key_PageUp, kNone, "line 198"},
-                        {"x", Qt::Key_Shift, kNone, nullptr},
-                        {"", Qt::Key_Backspace, kNone, "line 198"},
-                        {"", Qt::Key_Backspace, kNone, "line 198"},
-                        {"1", Qt::Key_Return, kNone, "line 118"},
-                        {"", Qt::Key_Tab, kNone, "line 118"},
-                        {"", Qt::Key_Return, kNone, "line 117"},
-                        {"", Qt::Key_Tab, kNone, "line 117"},
-                        {"", Qt::Key_Enter, Qt::KeypadModifier, "line 118"},
-                        {"", Qt::Key_Tab, kNone, "line 118"}};
+  } steps[] = {{"LINE 1", Qt::Key_Shift, kNone, "line 199"},
+               {"", Qt::Key_Return, kNone, "line 198"},
+               {"", Qt::Key_G, kControl, "line 197"},
+               {"", Qt::Key_Enter, Qt::KeypadModifier | kShift, "line 198"},
+               {"9", Qt::Key_PageUp, kNone, "line 198"},
+               {"x", Qt::Key_Shift, kNone, nullptr},
+               {"", Qt::Key_Backspace, kNone, "line 198"},
+               {"", Qt::Key_Tab, kNone, "line 198"},
+               {"", Qt::Key_Return, kNone, "line 197"},
+               {"", Qt::Key_Tab, kNone, "line 197"},
+               {"", Qt::Key_Enter, Qt::KeypadModifier, "line 198"},
+               {"", Qt::Key_Tab, kNone, "line 198"}};
   for (const auto& [typed, key, modifiers, line] : steps) {
     QTest::keyClicks(box, QLatin1String(typed));
     Key(key, modifiers);
@@ -259,7 +259,7 @@ TEST_F(MessageViewWidgetTest, FindShowsTheMatchAndMovesNoCaret) {
   EXPECT_FALSE(IsMatchPainted());
   Key(Qt::Key_G, kControl);
   Key(Qt::Key_Return, kControl);
-  EXPECT_EQ(view.SelectedText(), "line 11");
+  EXPECT_EQ(view.SelectedText(), "line 19");
   EXPECT_FALSE(box->isVisible());
 }
 
@@ -271,15 +271,11 @@ TEST_F(MessageViewWidgetTest, AMarkSaysWhereUnseenLinesAreAndLeadsThere) {
     bar.setValue(400);
     Write(2);
     auto* const mark = widget.findChild<QToolButton*>(QStringLiteral("btnNewLines"));
-    ASSERT_TRUE(mark != nullptr && mark->isVisible());
+    ASSERT_NE(mark, nullptr);
     EXPECT_EQ(mark->text(), QLatin1String(below ? "2 new lines below" : "2 new lines above"));
     EXPECT_EQ(mark->y() > port->height() / 2, below);
-    EXPECT_TRUE(port->rect().contains(mark->geometry()));
-    if (below) {
-      Key(Qt::Key_J, kControl);
-    } else {
-      QTest::mouseClick(mark, Qt::LeftButton);
-    }
+    EXPECT_TRUE(mark->isVisible() && port->rect().contains(mark->geometry()));
+    below ? Key(Qt::Key_J, kControl) : QTest::mouseClick(mark, Qt::LeftButton);
     EXPECT_FALSE(mark->isVisible());
   }
 }
@@ -292,6 +288,69 @@ TEST_F(MessageViewWidgetTest, EveryByteIsSeen) {
     EXPECT_EQ(glyphs.GlyphOf(character) == 0, blank) << byte;
     EXPECT_GE(glyphs.advances()[static_cast<std::size_t>(byte)], 1.0F) << byte;
   }
+}
+
+/// What assistive programs find.
+struct MessageViewAccessibleTest : MessageViewWidgetTest {
+  MessageViewAccessibleTest() {
+    view.AppendMessage("Aster: hail there", MessageKind::Chat);  // breaks at 17 and 27
+    view.AppendMessage("caf\xe9 100", MessageKind::Status);
+  }
+
+  QAccessibleInterface& element = *QAccessible::queryAccessibleInterface(&widget);
+  QAccessibleTextInterface& text = *element.textInterface();
+  int from = 0;
+  int to = 0;
+};
+
+TEST_F(MessageViewAccessibleTest, ReadsByUnit) {
+  EXPECT_EQ(element.text(QAccessible::Name), QStringLiteral("Messages"));
+  EXPECT_EQ(element.role(), QAccessible::EditableText);
+  EXPECT_TRUE(element.state().readOnly);
+  EXPECT_EQ(text.characterCount(), 29);
+  EXPECT_EQ(text.text(7, 23), QStringLiteral("hail there\r\ncaf\u00e9"));
+  const struct {
+    QAccessible::TextBoundaryType unit;
+    int offset;
+    const char16_t *before, *at, *after;
+  } cases[] = {
+      {QAccessible::CharBoundary, 22, u"f", u"\u00e9", u" "},
+      {QAccessible::CharBoundary, 17, u"e", u"\r\n", u"c"},
+      {QAccessible::WordBoundary, 8, u" ", u"hail", u" "},
+      {QAccessible::LineBoundary, 3, u"", u"Aster: hail there\r\n", u"caf\u00e9 100\r\n"},
+      {QAccessible::ParagraphBoundary, 20, u"Aster: hail there\r\n", u"caf\u00e9 100\r\n", u""},
+      {QAccessible::NoBoundary, 0, u"", u"Aster: hail there\r\n", u"caf\u00e9 100\r\n"},
+      {QAccessible::LineBoundary, -1, u"caf\u00e9 100\r\n", u"", u""}};
+  for (const auto& [unit, offset, before, at, after] : cases) {
+    EXPECT_EQ(text.textBeforeOffset(offset, unit, &from, &to), QString::fromUtf16(before));
+    EXPECT_EQ(text.textAfterOffset(offset, unit, &from, &to), QString::fromUtf16(after));
+    EXPECT_EQ(text.textAtOffset(offset, unit, &from, &to), QString::fromUtf16(at)) << offset;
+    EXPECT_EQ(text.text(from, to), QString::fromUtf16(at)) << offset;
+  }
+}
+
+TEST_F(MessageViewAccessibleTest, CaretSelectionPlacesAndColours) {
+  text.setSelection(0, 7, 11);
+  EXPECT_EQ(view.SelectedText(), "hail");
+  text.selection(0, &from, &to);
+  EXPECT_EQ((std::pair{from, to}), (std::pair{7, 11}));
+  text.setCursorPosition(3);
+  EXPECT_EQ(text.cursorPosition(), 3);
+  EXPECT_EQ(text.selectionCount(), 0);
+
+  for (const int offset : {0, 8, 22}) {
+    const QRect place = text.characterRect(offset);
+    EXPECT_TRUE(element.rect().contains(place)) << offset;
+    EXPECT_EQ(text.offsetAtPoint(place.center()), offset);
+  }
+  EXPECT_EQ(text.attributes(2, &from, &to), QStringLiteral("color:rgb(0,0,128);"));
+  EXPECT_EQ((std::pair{from, to}), (std::pair{0, 6}));
+  EXPECT_EQ(text.attributes(6, &from, &to), QStringLiteral("color:rgb(64,64,192);"));
+
+  Write(100);
+  text.scrollToSubstring(0, 500);
+  EXPECT_TRUE(text.characterRect(800).isNull());
+  EXPECT_FALSE(text.characterRect(0).isNull());
 }
 
 }  // namespace

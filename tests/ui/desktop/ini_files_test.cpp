@@ -1,5 +1,6 @@
-#include "ui/desktop/ini_settings_store.h"
-
+/// The two files that the desktop client reads: its settings, which it also writes, and the values
+/// of a deployment.
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -11,6 +12,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "ui/desktop/deployment_file.h"
+#include "ui/desktop/ini_settings_store.h"
+
 namespace korvanta {
 namespace {
 
@@ -18,16 +22,17 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-constexpr std::size_t kLongestFile = std::size_t{4} << 20;
+constexpr std::size_t kLongestSettings = std::size_t{4} << 20;
+constexpr QFileDevice::Permissions kUserOnly = QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                                               QFileDevice::ReadUser | QFileDevice::WriteUser;
 
-class IniSettingsStoreTest : public testing::Test {
+class IniFileTest : public testing::Test {
  protected:
-  void Write(const QByteArray& bytes, mode_t mode = 0644) const {
-    QDir().mkpath(QFileInfo(path).path());
+  void Write(const QByteArray& bytes) const {
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(bytes);
-    ASSERT_EQ(fchmod(file.handle(), mode), 0);
+    file.setPermissions(kUserOnly | QFileDevice::ReadGroup | QFileDevice::ReadOther);
   }
 
   static QByteArray Read(const QString& name) {
@@ -35,11 +40,12 @@ class IniSettingsStoreTest : public testing::Test {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
   }
 
-  static mode_t Mode(const QString& file) {
-    struct stat status {};
-    return stat(file.toStdString().c_str(), &status) == 0 ? status.st_mode & 0777U : 0;
-  }
+  QTemporaryDir folder;
+  QString path = folder.filePath(QStringLiteral("Korvanta.ini"));
+};
 
+class IniSettingsStoreTest : public IniFileTest {
+ protected:
   std::string Stored(std::string_view section, std::string_view key) const {
     return IniSettingsStore(path).Get(section, key, "(default)");
   }
@@ -50,12 +56,10 @@ class IniSettingsStoreTest : public testing::Test {
     store.Save("Menu", "Sounds", "False");
     return store.Commit();
   }
-
-  QTemporaryDir folder;
-  QString path = folder.filePath(QStringLiteral("config/Korvanta/Korvanta.ini"));
 };
 
 TEST_F(IniSettingsStoreTest, CommitAloneWritesAFileForTheUserAlone) {
+  path = folder.filePath(QStringLiteral("config/Korvanta/Korvanta.ini"));
   IniSettingsStore store(path);
   store.Save("Menu", "Sounds", "False");
   EXPECT_EQ(store.Get("Menu", "Sounds", "True"), "False");
@@ -63,30 +67,30 @@ TEST_F(IniSettingsStoreTest, CommitAloneWritesAFileForTheUserAlone) {
   EXPECT_FALSE(QFileInfo::exists(QFileInfo(path).path()));
   EXPECT_EQ(store.Commit(), "");
   EXPECT_EQ(Read(path), "[Menu]\nSounds=False\n");
-  EXPECT_EQ(Mode(path), 0600U);
-  Write("[Other]\nx=1\n", 0664);
+  EXPECT_EQ(QFile::permissions(path), kUserOnly);
+  Write("[Other]\nx=1\n");
   EXPECT_EQ(SaveOne(), "");
   EXPECT_EQ(Read(path), "[Other]\nx=1\n[Menu]\nSounds=False\n");
-  EXPECT_EQ(Mode(path), 0600U);
+  EXPECT_EQ(QFile::permissions(path), kUserOnly);
 }
 
 TEST_F(IniSettingsStoreTest, DamagedFilesGiveWhatTheyCanAndAreBackedUpAlsoBehindALink) {
   const QString file = folder.filePath(QStringLiteral("elsewhere.ini"));
-  QDir().mkpath(QFileInfo(path).path());
   ASSERT_TRUE(QFile::link(file, path));
+  EXPECT_EQ(SaveOne(), "") << "the link leads nowhere";
   const struct {
     const char* name;
     QByteArray bytes;
     std::string last_user;
+    const char* backup;
   } cases[] = {
-      {"cut", "[Logins]\nLast User=Ann\nUser/Passw", "Ann"},
-      {"binary", QByteArray("\x01\xff\0[\n]=\r;", 9).repeated(10'000), "(default)"},
-      {"too long", "[Logins]\nLast User=Ann\n" + QByteArray(kLongestFile, '\n'), "(default)"}};
-  EXPECT_EQ(SaveOne(), "") << "the link leads nowhere";
-  QString backup = file + QStringLiteral(".bak");
-  int number = 1;
+      {"cut", "[Logins]\nLast User=Ann\nUser/Passw", "Ann", ".bak"},
+      {"binary", QByteArray("\x01\xff\0[\n]=\r;", 9).repeated(10'000), "(default)", ".bak2"},
+      {"too long", "[Logins]\nLast User=Ann\n" + QByteArray(kLongestSettings, '\n'), "(default)",
+       ".bak3"}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
+    const QString backup = file + QLatin1String(c.backup);
     EXPECT_FALSE(QFileInfo::exists(backup)) << "a whole file needs no backup";
     Write(c.bytes);
     EXPECT_EQ(Stored("Logins", "Last User"), c.last_user);
@@ -97,13 +101,12 @@ TEST_F(IniSettingsStoreTest, DamagedFilesGiveWhatTheyCanAndAreBackedUpAlsoBehind
     EXPECT_EQ(Stored("Menu", "Sounds"), "False");
     EXPECT_TRUE(QFileInfo(path).isSymLink());
     EXPECT_TRUE(Read(backup) == c.bytes);
-    EXPECT_EQ(Mode(backup), 0600U);
-    backup = file + QStringLiteral(".bak%1").arg(++number);
+    EXPECT_EQ(QFile::permissions(backup), kUserOnly);
   }
 }
 
 TEST_F(IniSettingsStoreTest, WhatCouldNotBeReadBackIsNotSaved) {
-  const std::string longest(kLongestFile - std::string("[A]\nb=\n").size(), 'x');
+  const std::string longest(kLongestSettings - std::string("[A]\nb=\n").size(), 'x');
   IniSettingsStore store(path);
   for (const char* more : {"", "x"}) {
     store.Save("A", "b", longest + more);
@@ -161,8 +164,66 @@ TEST_F(IniSettingsStoreTest, AFullDiskOrAKillInMidSaveLeavesTheOldFile) {
   waitpid(child, &status, 0);
   EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGXFSZ) << "it was not killed";
   EXPECT_EQ(Read(path), before);
-  EXPECT_EQ(QFileInfo(path).dir().entryList(QDir::Files).size(), 1);
+  EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1);
   EXPECT_EQ(commit(), "") << "room again";
+}
+
+class DeploymentFile : public IniFileTest {
+ protected:
+  DeploymentResult ReadText(const QByteArray& text) const {
+    Write(text);
+    return ReadDeploymentFile(path);
+  }
+
+  const DeploymentValues built_in;
+};
+
+TEST_F(DeploymentFile, GivesTheValuesOfItsGroupAndKeepsTheOthers) {
+  const DeploymentResult reading = ReadText(
+      "\xef\xbb\xbf; ours\r\n[Other]\r\nServerAddress=nonsense\r\n[Deployment]\r\n"
+      "ServerAddress = 192.0.2.10\r\n"
+      "HomepageAddress=https://play.example:8080/Korvanta/?a=b%20c\r\n"
+      "Years=\xc2\xa9 2019, 2026; \xe2\x82\xac\r\nUnknown=1\r\n");
+  EXPECT_EQ(reading.error, "");
+  EXPECT_EQ(reading.values.server_address, "192.0.2.10");
+  EXPECT_EQ(reading.values.homepage_address, "https://play.example:8080/Korvanta/?a=b%20c");
+  EXPECT_THAT(reading.values.rights_notice,
+              testing::ElementsAre(built_in.rights_notice[0], built_in.rights_notice[1],
+                                   "\xa9 2019, 2026; \x80"));
+}
+
+TEST_F(DeploymentFile, AbsentFileAndTheOneAsBuiltGiveTheBuiltInValues) {
+  const QString as_built =
+      QCoreApplication::applicationDirPath() + QStringLiteral("/deployment.ini");
+  ASSERT_TRUE(QFile::exists(as_built));
+  for (const QString& file : {path, as_built}) {
+    const DeploymentResult reading = ReadDeploymentFile(file);
+    EXPECT_EQ(reading.error, "");
+    EXPECT_EQ(reading.values.server_address, built_in.server_address);
+    EXPECT_EQ(reading.values.homepage_address, built_in.homepage_address);
+    EXPECT_EQ(reading.values.rights_notice, built_in.rights_notice);
+  }
+}
+
+TEST_F(DeploymentFile, WhatIsMalformedIsNamedWithFileKeyAndValue) {
+  const QByteArray long_line(121, 'x');
+  std::vector<std::pair<QByteArray, std::string>> cases = {
+      {"HomepageAddress=http:///", " HomepageAddress the value \"http:///\""},
+      {"RightsLine=" + long_line, " RightsLine the value \"xxx"},
+      {"MakerName=" + long_line, " MakerName the value \"xxx"},
+      {"ServerAddress 127.0.0.1", "\"ServerAddress 127.0.0.1\""},
+      {"Years=20\x01", "not an entry"},
+      {QByteArray(65537, '\n'), "65536"},
+      {"ServerAddress=" + QByteArray(5000, '9'), "999\x85\""}};
+  for (const char* address : {"", "1.2.3", "256.0.0.1", "127.0.0.1 x", "localhost", "::1"}) {
+    cases.emplace_back(QByteArray("ServerAddress=") + address,
+                       std::string(" ServerAddress the value \"") + address + "\"");
+  }
+  for (const auto& [line, named] : cases) {
+    EXPECT_THAT(ReadText("[Deployment]\n" + line + "\n").error,
+                AllOf(HasSubstr(path.toStdString()), HasSubstr(named)));
+  }
+  EXPECT_THAT(ReadDeploymentFile(folder.path()).error, HasSubstr("not a file"));
 }
 
 }  // namespace
