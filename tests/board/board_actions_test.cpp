@@ -16,15 +16,6 @@ class BoardActionsTest : public testing::Test, protected fakes::LoggedInPlayer {
   BoardActions actions{connection, list, statistics, message_box};
 };
 
-TEST_F(BoardActionsTest, BoxRequestsNameTheBoxLastRightClicked) {
-  actions.ResearchThis();
-  actions.BoxRightClicked(TopicCode::GoldenKnowledge, 5);
-  actions.ResearchThis();
-  actions.BoxRightClicked(TopicCode::Defense, 2);
-  actions.Information();
-  EXPECT_EQ(Sent(), "[upg]0,0,;[upg]5,5,;[inf]4;");
-}
-
 TEST_F(BoardActionsTest, ThePlayerMenuIsForTheSelectedEntryAndKeepsItsTarget) {
   EXPECT_FALSE(actions.PlayerRightClicked());
   list.Select(1);

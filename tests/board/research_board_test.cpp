@@ -9,8 +9,6 @@
 namespace korvanta {
 namespace {
 
-using namespace std::chrono_literals;
-
 class ResearchBoardTest : public testing::Test {
  protected:
   ResearchBoardTest() {
@@ -19,22 +17,20 @@ class ResearchBoardTest : public testing::Test {
 
   /// A row as its four frames, a space, and its four lines: 4 or 1 each.
   std::string Row(std::size_t row) const {
-    std::string text;
+    std::string frames;
+    std::string lines;
     for (int level = 1; level <= 4; ++level) {
-      text += std::to_string(board_.FrameWidth(row, level));
+      frames += std::to_string(board_.FrameWidth(row, level));
+      lines += std::to_string(board_.LineWidth(row, level));
     }
-    text += ' ';
-    for (int level = 1; level <= 4; ++level) {
-      text += std::to_string(board_.LineWidth(row, level));
-    }
-    return text;
+    return frames + " " + lines;
   }
   std::vector<std::string> Rows() const { return {Row(0), Row(1), Row(2), Row(3)}; }
 
   /// The text of the clock after that many more seconds.
   std::string After(int seconds) {
     for (int i = 0; i < seconds; ++i) {
-      timers_.Tick(1000ms);
+      timers_.Tick(std::chrono::seconds(1));
     }
     return board_.TickTime();
   }
@@ -70,21 +66,7 @@ TEST_F(ResearchBoardTest, ALevelDecidesOnTheWholeRowWhateverItWasBefore) {
   }
 }
 
-TEST_F(ResearchBoardTest, ResetClearsTheBoardAndFreezesTheClock) {
-  for (const TopicRow& topic : kTopics) {
-    modLight::LightTopic(board_, topic.code, 4);
-  }
-  board_.ShowResearchPoints(12);
-  clock_.StartGameClock(90);
-  After(1);
-  modLight::ResetBoard(board_);
-  EXPECT_THAT(Rows(), testing::Each(kPlain));
-  EXPECT_EQ(board_.Research(), "Research Points: 0");
-  EXPECT_EQ(After(1), "Tick Time - 1:29");
-  EXPECT_EQ(clock_.TickSecondsLeft(), 89);
-}
-
-TEST_F(ResearchBoardTest, NotifiesOfEachPartThatChangedAndOfNothingElse) {
+TEST_F(ResearchBoardTest, AResetFreezesTheClockAndEachChangeIsNotifiedOnce) {
   for (int times = 0; times < 2; ++times) {
     modLight::LightTopic(board_, TopicCode::Population, 2);
     board_.ShowResearchPoints(5);
@@ -95,6 +77,9 @@ TEST_F(ResearchBoardTest, NotifiesOfEachPartThatChangedAndOfNothingElse) {
   After(1);
   modLight::ResetBoard(board_);
   using enum BoardPart;
+  EXPECT_EQ(board_.Research(), "Research Points: 0");
+  EXPECT_EQ(After(1), "Tick Time - 0:01");
+  EXPECT_EQ(clock_.TickSecondsLeft(), 1);
   EXPECT_THAT(changed_, testing::ElementsAre(Population, Research, TickTime, Population, Research));
 }
 
@@ -116,25 +101,23 @@ TEST_F(ResearchBoardTest, PointsArePlainDecimalText) {
 }
 
 TEST_F(ResearchBoardTest, TheClockCountsDownAndStopsOneTickAfterZero) {
-  clock_.StartGameClock(90);
-  EXPECT_EQ(After(0), "Tick Time - 0:00") << "only a tick changes the text";
-  EXPECT_EQ(After(81), "Tick Time - 0:09");
-  EXPECT_EQ(After(9), "Tick Time - 0:00");
-  EXPECT_TRUE(clock_.IsCounting());
-  EXPECT_EQ(After(1), "Tick Time - 0:00");
-  EXPECT_FALSE(clock_.IsCounting());
-}
-
-TEST_F(ResearchBoardTest, TheClocksFirstTickShowsOneSecondLess) {
-  const std::pair<std::int16_t, std::string> cases[] = {
-      {1, "0:00"}, {11, "0:10"}, {60, "0:59"},      {61, "1:00"},    {7201, "120:00"},
-      {0, "0:00"}, {-1, "0:00"}, {32767, "546:06"}, {-32768, "0:00"}};
-  for (const auto& [seconds, text] : cases) {
+  EXPECT_EQ(After(0), "Tick Time - 0:00");
+  const struct {
+    std::int16_t start;
+    int ticks;
+    std::string text;
+    bool counts;
+  } cases[] = {{90, 81, "0:09", true}, {90, 90, "0:00", true},     {90, 91, "0:00", false},
+               {1, 1, "0:00", true},   {11, 1, "0:10", true},      {60, 1, "0:59", true},
+               {61, 1, "1:00", true},  {7201, 1, "120:00", true},  {0, 1, "0:00", false},
+               {-1, 1, "0:00", false}, {32767, 1, "546:06", true}, {-32768, 1, "0:00", false}};
+  for (const auto& [start, ticks, text, counts] : cases) {
     clock_.StartGameClock(500);
-    After(1);
-    clock_.StartGameClock(seconds);
-    EXPECT_EQ(After(1), "Tick Time - " + text) << seconds;
-    EXPECT_EQ(clock_.IsCounting(), seconds > 0) << seconds;
+    EXPECT_EQ(After(1), "Tick Time - 8:19");
+    clock_.StartGameClock(start);
+    EXPECT_EQ(After(0), "Tick Time - 8:19") << "only a tick changes the text";
+    EXPECT_EQ(After(ticks), "Tick Time - " + text) << start;
+    EXPECT_EQ(clock_.IsCounting(), counts) << start << " after " << ticks;
   }
 }
 

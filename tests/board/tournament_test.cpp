@@ -21,9 +21,6 @@ class TournamentTest : public testing::Test, protected fakes::LoggedInPlayer {
     tournament.ShowTournamentWindow();
     Sent();
   }
-  void Type(std::string TournamentTexts::*box, std::string_view text) {
-    tournament.Typed(box, text);
-  }
   /// The message boxes and questions since the last call.
   std::vector<std::string> TakeBoxes() {
     auto boxes = std::exchange(message_box.shown, {});
@@ -34,7 +31,10 @@ class TournamentTest : public testing::Test, protected fakes::LoggedInPlayer {
   Tournament tournament{connection, values, message_box};
 };
 
-TEST_F(TournamentTest, LoadingSettlesTheAdminTabAndAsksForTheFigures) {
+TEST_F(TournamentTest, LoadingSettlesTheAdminTabAndEveryChoiceOfATabAsksForWhatItShows) {
+  using enum TournamentTab;
+  const std::pair<TournamentTab, const char*> tabs[] = {
+      {Info, "[tif];[tif];"}, {Teams, "[ttm];[ttm];"}, {Admin, ""}};
   TournamentState fresh;
   const std::pair<std::int16_t, bool> cases[] = {{-1, false}, {89, false}, {90, true}, {300, true}};
   for (const auto& [id, is_admin] : cases) {
@@ -46,23 +46,15 @@ TEST_F(TournamentTest, LoadingSettlesTheAdminTabAndAsksForTheFigures) {
     EXPECT_EQ(state(), fresh) << id;
     EXPECT_EQ(Sent(), "[tif];");
 
-    Type(&TournamentTexts::EntryFee, "5");
+    tournament.Typed(&TournamentTexts::EntryFee, "5");
     tournament.ShowTeamList("a");
     tournament.ShowTeamNames("a");
-    tournament.TabChosen(TournamentTab::Teams);
-    tournament.window().Unload();
-    Sent();
-  }
-}
-
-TEST_F(TournamentTest, InboundMessagesCreateTheWindowUnseen) {
-  values.IsConnected = false;
-  void (Tournament::*const handlers[])(std::string_view) = {
-      &Tournament::ShowTournamentInfo, &Tournament::ShowTeamList, &Tournament::ShowTeamNames};
-  for (const auto handler : handlers) {
-    (tournament.*handler)("1\0012\0013\0014");
-    EXPECT_EQ(tournament.window().state(), WindowLife::State::Hidden);
-    EXPECT_EQ(Sent(), "[tif];");
+    for (const auto& [tab, sent] : tabs) {
+      tournament.TabChosen(tab);
+      tournament.TabChosen(tab);
+      EXPECT_EQ(Sent(), sent) << id;
+      EXPECT_EQ(state().chosen_tab, tab == Admin && !is_admin ? Teams : tab) << id;
+    }
     tournament.window().Unload();
   }
 }
@@ -77,27 +69,29 @@ TEST_F(TournamentTest, FiguresAreShownUpToTheFirstMissingOne) {
       {"", true, "|old||"},
       {"a\001b\001c", true, "a|b|c|"},
   };
-  int changes = 0;
-  tournament.on_changed = [&] { ++changes; };
+  values.IsConnected = false;  // the socket decides
+  const TournamentTexts& texts = state().texts;
   for (const auto& [payload, broken, shown] : cases) {
     tournament.ShowTournamentInfo("old\001old\001old\001old");
-    changes = 0;
+    int changes = 0;
+    tournament.on_changed = [&changes] { ++changes; };
     if (broken) {
       EXPECT_THROW(tournament.ShowTournamentInfo(payload), MessageError) << payload;
     } else {
       tournament.ShowTournamentInfo(payload);
     }
-    const TournamentTexts& texts = state().texts;
+    tournament.on_changed = nullptr;
     EXPECT_EQ(
         texts.iEntryFee + "|" + texts.txtPurse + "|" + texts.iMaxTeams + "|" + texts.iMaxPlayers,
         shown);
     EXPECT_EQ(changes, 1);
   }
+  EXPECT_EQ(Sent(), "[tif];") << "the first message created the window";
 }
 
 TEST_F(TournamentTest, ListsSkipEmptyRecordsAndKeepTheirPositionsAsKeys) {
-  Open();
   tournament.ShowTeamList("A\002\002 C \001x");
+  EXPECT_EQ(tournament.window().state(), WindowLife::State::Hidden);
   EXPECT_THAT(state().lstTeams,
               ElementsAre(TeamListEntry{"S0", "A"}, TeamListEntry{"S2", " C \001x"}));
   tournament.TeamSelected(1);
@@ -105,35 +99,16 @@ TEST_F(TournamentTest, ListsSkipEmptyRecordsAndKeepTheirPositionsAsKeys) {
   EXPECT_EQ(state().selected_team, std::nullopt);
   tournament.ShowTeamList("");
   EXPECT_THAT(state().lstTeams, IsEmpty());
+  EXPECT_EQ(Sent(), "[tif];");
 
-  Type(&TournamentTexts::cmbTeam, "typed");
+  tournament.window().Unload();
   tournament.ShowTeamNames("B\001\001A\001A");
+  EXPECT_EQ(Sent(), "[tif];");
   EXPECT_THAT(state().team_names, ElementsAre("B", "A", "A"));
+  tournament.Typed(&TournamentTexts::cmbTeam, "typed");
   tournament.ShowTeamNames("");
   EXPECT_THAT(state().team_names, IsEmpty());
   EXPECT_EQ(state().texts.cmbTeam, "typed");
-  EXPECT_EQ(Sent(), "");
-}
-
-TEST_F(TournamentTest, ChoosingATabAsksForWhatItShowsEveryTime) {
-  using enum TournamentTab;
-  const struct {
-    std::int16_t user_id;
-    TournamentTab tab;
-    const char* sent;
-    TournamentTab chosen;
-  } cases[] = {{90, Teams, "[ttm];[ttm];", Teams},
-               {90, Admin, "", Admin},
-               {90, Info, "[tif];[tif];", Info},
-               {89, Admin, "", Info}};
-  for (const auto& [user_id, tab, sent, chosen] : cases) {
-    values.UserID = user_id;
-    Open();
-    tournament.TabChosen(tab);
-    tournament.TabChosen(tab);
-    EXPECT_EQ(Sent(), sent);
-    EXPECT_EQ(state().chosen_tab, chosen);
-  }
 }
 
 TEST_F(TournamentTest, CreateJoinWantsANameAndAPassword) {
@@ -144,8 +119,8 @@ TEST_F(TournamentTest, CreateJoinWantsANameAndAPassword) {
                {"Team", "  ", "Korvanta: Please Enter a Team Password!", "", "  "},
                {" Team ", " s ", nullptr, "[tjo] Team , s ,;", ""}};
   for (const auto& c : cases) {
-    Type(&TournamentTexts::cmbTeam, c.name);
-    Type(&TournamentTexts::txtPassword, c.password);
+    tournament.Typed(&TournamentTexts::cmbTeam, c.name);
+    tournament.Typed(&TournamentTexts::txtPassword, c.password);
     tournament.CreateJoinClicked();
     EXPECT_EQ(TakeBoxes(), c.box ? std::vector<std::string>{c.box} : std::vector<std::string>());
     EXPECT_EQ(Sent(), c.sent);
@@ -166,17 +141,16 @@ TEST_F(TournamentTest, KickingAndDisbandingNeedASelectionAndAYes) {
                {2, {nobody, disband}, "[tdb];"},
                {1, {kick, disband}, "[tkp]Ann;[tdb];"}};
   Open();
+  // A list that arrives while the question stands does not change whom it is about.
+  message_box.meanwhile = [this] { tournament.ShowTeamList("Bob\002Bob\002Bob"); };
   for (const auto& [selected, boxes, sent] : cases) {
     for (const bool answer : {false, true}) {
-      tournament.ShowTeamList("Team\002  Ann \002   ");
-      tournament.TeamSelected(selected);
       message_box.answers = {answer, answer};
-      // A list that arrives while the question stands does not change whom it is about.
-      message_box.meanwhile = [this] { tournament.ShowTeamList("Bob\002Bob\002Bob"); };
-      tournament.KickPlayerClicked();
-      tournament.ShowTeamList("Team\002  Ann \002   ");
-      tournament.TeamSelected(selected);
-      tournament.DisbandTeamClicked();
+      for (const auto click : {&Tournament::KickPlayerClicked, &Tournament::DisbandTeamClicked}) {
+        tournament.ShowTeamList("Team\002  Ann \002   ");
+        tournament.TeamSelected(selected);
+        (tournament.*click)();
+      }
       EXPECT_EQ(TakeBoxes(), boxes);
       EXPECT_EQ(Sent(), answer ? sent : "");
     }
@@ -185,11 +159,11 @@ TEST_F(TournamentTest, KickingAndDisbandingNeedASelectionAndAYes) {
 
 TEST_F(TournamentTest, AdministratorsSendWhatTheyTypedAsLongAsTheSocketIsConnected) {
   Open();
-  Type(&TournamentTexts::EntryFee, " 50");
-  Type(&TournamentTexts::MaxTeams, "four");
-  Type(&TournamentTexts::MaxPlayers, "3");
-  Type(&TournamentTexts::cmbTeam, "Team");
-  Type(&TournamentTexts::txtPassword, "secret");
+  tournament.Typed(&TournamentTexts::EntryFee, " 50");
+  tournament.Typed(&TournamentTexts::MaxTeams, "four");
+  tournament.Typed(&TournamentTexts::MaxPlayers, "3");
+  tournament.Typed(&TournamentTexts::cmbTeam, "Team");
+  tournament.Typed(&TournamentTexts::txtPassword, "secret");
   for (const bool connected : {false, true}) {
     socket.connected = connected;
     values.IsConnected = !connected;

@@ -35,17 +35,15 @@ class ClientTest : public testing::Test {
   std::string Sent() { return platform.socket.TakeReadable(); }
 
   void LogIn() {
-    client.login_dialog.window().Show();
+    Click("mnuDisCon");
     client.login_dialog.UserNameTyped("alice");
     client.login_dialog.PasswordTyped("secret");
     client.login_dialog.LoginClicked();
     platform.socket.Accept();
-    Receive("[con]Alice\00112");
+    platform.socket.Receive(std::string("[con]Alice\00112\0", 15));
     Sent();
     TakeEvents();
   }
-
-  void Receive(const std::string& message) { platform.socket.Receive(message + '\0'); }
 
   std::vector<std::string> events;
   fakes::FakePlatform platform;
@@ -115,52 +113,6 @@ TEST_F(ClientTest, ClosingUnconnectedSendsNothingAndSaysWhatCouldNotBeSaved) {
   EXPECT_EQ(Sent(), "");
   EXPECT_THAT(platform.message_box.shown,
               ElementsAre("Korvanta: The settings could not be saved. (!)"));
-}
-
-TEST_F(ClientTest, TheEndOfAConnectionAndTheNextLoginLeaveEverythingElse) {
-  ASSERT_TRUE(client.StartUp());
-  LogIn();
-  client.chat_input.TextEdited("hello");
-  client.chat_input.SendChatLine();
-  client.chat_input.TextEdited("half a li");
-  Receive("[onl]Bob\0011\0011\0010");
-  Receive("[upg]2\0013");
-  Receive("[poi]7");
-  client.online_list.Select(0);
-  EXPECT_TRUE(client.board_actions.PlayerRightClicked());
-  client.board_actions.BoxRightClicked(TopicCode::Population, 4);
-  platform.socket.Hangup();
-  client.connection.StartConnection();
-  EXPECT_EQ(client.values.UserID, 12);
-  platform.socket.Accept();
-  Receive("[con]Alice\00113");
-  const BoardActions& actions = client.board_actions;
-  EXPECT_EQ(std::tuple(actions.SelectedTopic, actions.SelectedLevel, actions.SelectedPlayer),
-            std::tuple(TopicCode::Population, 4, "Bob"));
-  EXPECT_EQ(client.online_list.entries().size(), 1U);
-  EXPECT_THAT(client.chat_input.history(), ElementsAre("c hello"));
-  EXPECT_EQ(client.chat_input.text(), "half a li");
-  EXPECT_EQ(client.research_board.FrameWidth(1, 3), kReachedWidth);
-  EXPECT_EQ(client.research_board.Research(), "Research Points: 7");
-}
-
-TEST_F(ClientTest, TheConnectItemLogsInAndOut) {
-  for (const bool in_handshake : {false, true}) {
-    platform.socket.connected = in_handshake;
-    Click("mnuDisCon");
-    EXPECT_THAT(TakeEvents(), ElementsAre("login shown")) << in_handshake;
-    EXPECT_EQ(Sent(), "") << in_handshake;
-  }
-  LogIn();
-  Click("mnuDisCon");
-  EXPECT_EQ(Sent(), "[dis];");
-  platform.socket.Hangup();
-  EXPECT_EQ(client.main_window.title(), "Korvanta - v1.6 - Disconnected");
-  const MessageView& view = client.message_view;
-  EXPECT_EQ(view.text().Bytes(0, view.size()),
-            "Connecting as alice...\r\nConnected as Alice\r\nDisconnected\r\n");
-  Click("mnuClear");
-  EXPECT_EQ(view.size(), 0U);
 }
 
 }  // namespace

@@ -29,7 +29,7 @@ TEST_F(ChatInputTest, AutoChatTurnsTextIntoTheChatCommand) {
       {"\thi", "c \thi", "\thi"},
   };
   for (const auto& c : cases) {
-    for (const bool on : {true, false}) {
+    for (const bool on : {false, true}) {
       options.mnuAutoChat = on;
       const std::string& sent = on ? c.with_auto_chat : c.without;
       EXPECT_EQ(Send(c.typed), "[ctc]" + sent + ";") << c.typed;
@@ -37,25 +37,27 @@ TEST_F(ChatInputTest, AutoChatTurnsTextIntoTheChatCommand) {
       EXPECT_EQ(input.text(), "");
     }
   }
+  input.HistoryChosen(0);
+  EXPECT_EQ(input.text(), "hello") << "as it was sent";
+  input.HistoryChosen(99);
+  EXPECT_EQ(Send(input.text()), "[ctc]c hello;");
 }
 
-TEST_F(ChatInputTest, NothingHappensWhenEmptyOrNotLoggedIn) {
-  EXPECT_EQ(Send(""), "");
-  values.IsConnected = false;
-  EXPECT_EQ(Send(" kept "), "");
-  EXPECT_EQ(input.text(), " kept ");
+TEST_F(ChatInputTest, ALineThatCannotBeSentStays) {
+  const std::string longest(250, 'x');
+  const std::tuple<std::string, bool, std::ptrdiff_t> cases[] = {{"", true, 250},
+                                                                 {" kept ", false, 244},
+                                                                 {longest, false, 0},
+                                                                 {std::string(251, ' '), true, -1}};
+  for (const auto& [typed, logged_in, remaining] : cases) {
+    values.IsConnected = logged_in;
+    EXPECT_EQ(Send(typed), "") << typed;
+    EXPECT_EQ(input.text(), typed);
+    EXPECT_EQ(input.Remaining(), remaining);
+    EXPECT_EQ(input.IsSendEnabled(), remaining >= 0);
+  }
   EXPECT_TRUE(input.history().empty());
-}
-
-TEST_F(ChatInputTest, TheLimitCountsTheTextAsTyped) {
-  const std::string limit(250, 'x');
-  EXPECT_EQ(Send(std::string(251, ' ')), "");
-  EXPECT_FALSE(input.IsSendEnabled());
-  EXPECT_EQ(input.Remaining(), -1);
-  input.TextEdited(limit);
-  EXPECT_TRUE(input.IsSendEnabled());
-  EXPECT_EQ(input.Remaining(), 0);
-  EXPECT_EQ(Send(limit), "[ctc]c " + limit + ";");
+  EXPECT_EQ(Send(longest), "[ctc]c " + longest + ";");
 }
 
 TEST_F(ChatInputTest, UpAndDownRecallLinesAsTypedAndKeepTheDraft) {
@@ -77,14 +79,6 @@ TEST_F(ChatInputTest, UpAndDownRecallLinesAsTypedAndKeepTheDraft) {
   input.TextEdited("one more");  // the new draft
   EXPECT_EQ(walk("u"), " /two");
   EXPECT_EQ(walk("d"), "one more");
-}
-
-TEST_F(ChatInputTest, AChosenLineGoesThroughTheRewriteAgain) {
-  Send("word");
-  input.HistoryChosen(0);
-  EXPECT_EQ(input.text(), "c word");
-  input.HistoryChosen(7);
-  EXPECT_EQ(Send("c word"), "[ctc]c c word;");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <random>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace korvanta {
@@ -19,12 +20,7 @@ Advances TestAdvances() {
 }
 
 TEST(WrapRow, EndsWhereItShould) {
-  struct Case {
-    const char* name;
-    std::string text;
-    Row row;
-  };
-  const Case cases[] = {
+  const std::tuple<const char*, std::string, Row> cases[] = {
       {"empty text", "", {0, 0, 0}},
       {"fits exactly", "abcde", {0, 5, 5}},
       {"pair of break bytes", "ab\r\ncd", {0, 2, 4}},
@@ -41,8 +37,8 @@ TEST(WrapRow, EndsWhereItShould) {
       {"full row before a break", "abcde\r\n", {0, 5, 7}},
       {"tab", "a\tbc", {0, 2, 2}},
   };
-  for (const Case& c : cases) {
-    EXPECT_EQ(WrapRow(c.text, TestAdvances(), 5), c.row) << c.name;
+  for (const auto& [name, text, row] : cases) {
+    EXPECT_EQ(WrapRow(text, TestAdvances(), 5), row) << name;
   }
   EXPECT_EQ(WrapRow("mm", TestAdvances(), 1), (Row{0, 1, 1})) << "a byte wider than the row";
   EXPECT_EQ(WrapRow("m\r\n", TestAdvances(), 1), (Row{0, 1, 3})) << "no empty row behind it";

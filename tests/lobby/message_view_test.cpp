@@ -82,16 +82,15 @@ TEST_F(MessageViewTest, WordsAreFoundInsideLines) {
   for (const auto& [offset, word] : words) {
     EXPECT_EQ(WordAt(text, offset), word) << offset;
   }
-  std::vector<std::size_t> forward;
-  for (std::size_t at = 0; at < text.size();) {
-    forward.push_back(at = NextWord(text, at));
-  }
-  EXPECT_THAT(forward, ElementsAre(5, 7, 14, 18, 19, 21, 23, 24, 26));
-  std::vector<std::size_t> back;
-  for (std::size_t at = text.size(); at > 0;) {
-    back.push_back(at = PreviousWord(text, at));
-  }
-  EXPECT_THAT(back, ElementsAre(24, 23, 21, 19, 18, 14, 7, 5, 0));
+  const auto walk = [&text](auto step, std::size_t from, std::size_t to) {
+    std::vector<std::size_t> places;
+    while (from != to) {
+      places.push_back(from = step(text, from));
+    }
+    return places;
+  };
+  EXPECT_THAT(walk(NextWord, 0, 26), ElementsAre(5, 7, 14, 18, 19, 21, 23, 24, 26));
+  EXPECT_THAT(walk(PreviousWord, 26, 0), ElementsAre(24, 23, 21, 19, 18, 14, 7, 5, 0));
 }
 
 }  // namespace

@@ -11,30 +11,21 @@ struct NewsTest : testing::Test, fakes::LoggedInPlayer {
   News news{connection};
 };
 
-TEST_F(NewsTest, AsksOncePerCreationWhenLoggedInAndStartsEmpty) {
-  for (const bool logged_in : {true, false}) {
-    values.IsConnected = logged_in;
-    news.window().Show();
-    news.window().Show();
-    EXPECT_EQ(Sent(), logged_in ? "[nws];" : "");
-    EXPECT_EQ(news.rbNews(), "");
-    news.ShowNews("old");
-    news.window().Unload();
-  }
-}
-
-TEST_F(NewsTest, AReplyCreatesTheWindowUnseenAndNotifiesOfChangesAlone) {
+TEST_F(NewsTest, AReplyCreatesTheWindowUnseenAndTheNextCreationStartsEmpty) {
   int changes = 0;
   news.on_changed = [&] { ++changes; };
-  news.ShowNews("one\r\ntwo\001three");
+  for (const char* text : {"one\r\ntwo\001three", "one\r\ntwo\001three", "", "old"}) {
+    news.ShowNews(text);
+    EXPECT_EQ(news.rbNews(), text);
+  }
+  EXPECT_EQ(changes, 3);
   EXPECT_EQ(news.window().state(), WindowLife::State::Hidden);
   EXPECT_EQ(Sent(), "[nws];");
-  news.ShowNews("one\r\ntwo\001three");
-  EXPECT_EQ(changes, 1);
-  EXPECT_EQ(news.rbNews(), "one\r\ntwo\001three");
-  news.ShowNews("");
-  EXPECT_EQ(changes, 2);
+  news.window().Unload();
+  values.IsConnected = false;
+  news.window().Show();
   EXPECT_EQ(news.rbNews(), "");
+  EXPECT_EQ(Sent(), "");
 }
 
 }  // namespace

@@ -26,20 +26,6 @@ class StatisticsTest : public testing::Test, protected fakes::LoggedInPlayer {
   Statistics statistics{connection, values};
 };
 
-TEST_F(StatisticsTest, LoadingAsksForTheOwnRecordOncePerCreationWhenLoggedIn) {
-  for (const bool logged_in : {true, false}) {
-    values.IsConnected = logged_in;
-    statistics.window().Show();
-    statistics.window().Show();
-    EXPECT_EQ(Sent(), logged_in ? "[bre]Marlow;" : "");
-    EXPECT_EQ(state(), StatisticsState());
-    EXPECT_EQ(state().frmUserData + state().frmAward, "Statistics for 'none'Awards for 'none'");
-    statistics.UserInputTyped("Ann");
-    statistics.ShowUserStatistics(Reply("1"));
-    statistics.window().Unload();
-  }
-}
-
 TEST_F(StatisticsTest, SearchSendsTheNameAsTypedWhenThereIsOne) {
   const std::tuple<const char*, bool, const char*> cases[] = {
       {"", true, ""}, {"   ", true, ""}, {"  Ann ", true, "[bre]  Ann ;"}, {"Ann", false, ""}};
@@ -51,7 +37,9 @@ TEST_F(StatisticsTest, SearchSendsTheNameAsTypedWhenThereIsOne) {
   }
 }
 
-TEST_F(StatisticsTest, AReplyCreatesTheWindowUnseenAndFillsEveryField) {
+TEST_F(StatisticsTest, AReplyCreatesTheWindowUnseenAndTheNextCreationStartsEmpty) {
+  EXPECT_THROW(statistics.ShowUserStatistics(""), MessageError);
+  EXPECT_EQ(statistics.window().state(), WindowLife::State::Absent);
   statistics.ShowUserStatistics(Reply("24") + "\001a further field");
   EXPECT_EQ(statistics.window().state(), WindowLife::State::Hidden);
   EXPECT_EQ(Sent(), "[bre]Marlow;");
@@ -61,6 +49,13 @@ TEST_F(StatisticsTest, AReplyCreatesTheWindowUnseenAndFillsEveryField) {
   EXPECT_THAT(state().fields,
               ElementsAre("f9", "f1", "f2", "f3", "f11", "f4", "f5", "f6", "f7", "f10", "f8"));
   EXPECT_THAT(state().lstAwards, ElementsAre("No awards for this user!"));
+  statistics.UserInputTyped("Ann");
+  statistics.window().Unload();
+  values.IsConnected = false;
+  statistics.window().Show();
+  EXPECT_EQ(Sent(), "");
+  EXPECT_EQ(state(), StatisticsState());
+  EXPECT_EQ(state().frmUserData + state().frmAward, "Statistics for 'none'Awards for 'none'");
 }
 
 TEST_F(StatisticsTest, EveryAwardCodeHasItsLine) {
@@ -98,14 +93,13 @@ TEST_F(StatisticsTest, EveryAwardCodeHasItsLine) {
 }
 
 TEST_F(StatisticsTest, AwardCodesAreReadLenientlyThenComparedStrictly) {
-  struct Case {
+  const std::string_view winner = "Winner Award - 1 Win";
+  const std::string_view barrier = "Barrier Award - 25 Blocks";
+  const struct {
     const char* codes;
     std::vector<std::string_view> lines;
     bool broken = false;
-  };
-  const std::string_view winner = "Winner Award - 1 Win";
-  const std::string_view barrier = "Barrier Award - 25 Blocks";
-  const Case cases[] = {
+  } cases[] = {
       {"11\00220\00211", {winner, barrier, winner}},
       {" 11 \0022.0e1\00211.0", {winner, barrier, winner}},
       {"11\0020\002-11\002\002word\0020x5\002nan\00220", {winner, barrier}},
@@ -125,8 +119,6 @@ TEST_F(StatisticsTest, AwardCodesAreReadLenientlyThenComparedStrictly) {
 }
 
 TEST_F(StatisticsTest, AShortReplyFillsWhatItHasAndNotifiesOnce) {
-  EXPECT_THROW(statistics.ShowUserStatistics(""), MessageError);
-  EXPECT_EQ(statistics.window().state(), WindowLife::State::Absent);
   statistics.ShowUserStatistics(Reply("1"));
   int changes = 0;
   statistics.on_changed = [&] { ++changes; };

@@ -1,42 +1,24 @@
 #include "protocol/block_assembler.h"
 
 #include <algorithm>
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace korvanta {
 namespace {
 
 using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::ElementsAreArray;
 
 constexpr std::size_t kSegment = BlockAssembler::kSmallestSegment;
 constexpr std::size_t kBlockLimit = BlockAssembler::kBlockLimit;
 constexpr std::size_t kRemainderLimit = BlockAssembler::kRemainderLimit;
 
-/// A stream with a clock of its own.
-struct Stream {
-  void Add(std::string_view bytes) { blocks.Add(bytes, now); }
-
-  std::vector<std::string> Take(bool at_end = false) {
-    std::vector<std::string> taken;
-    for (std::string block; !(block = blocks.Take(now, at_end)).empty();) {
-      taken.push_back(block);
-    }
-    return taken;
+std::vector<std::string> TakeAll(BlockAssembler& blocks, BlockAssembler::Time now) {
+  std::vector<std::string> taken;
+  for (std::string block; !(block = blocks.Take(now, false)).empty();) {
+    taken.push_back(block);
   }
-
-  std::vector<std::size_t> TakeLengths() {
-    std::vector<std::size_t> lengths;
-    for (const std::string& block : Take()) {
-      lengths.push_back(block.size());
-    }
-    return lengths;
-  }
-
-  BlockAssembler blocks;
-  BlockAssembler::Time now{1h};
-};
+  return taken;
+}
 
 /// A bar stands for a terminator.
 std::string Text(std::string_view text_with_bars) {
@@ -79,30 +61,29 @@ TEST(BlockAssembler, WhatArrivesAtOnceIsABlockUnlessItMayHaveBeenCut) {
        {std::string(kBlockLimit, 'x') + Text("yz|")}},
   };
   for (const auto& c : cases) {
-    Stream stream;
+    BlockAssembler assembler;
+    BlockAssembler::Time now{1h};
     std::vector<std::string> blocks;
     for (const std::string& bytes : c.arrivals) {
-      stream.Add(bytes);
-      std::ranges::move(stream.Take(), std::back_inserter(blocks));
-      stream.now += BlockAssembler::kRemainderWait - 1ms;
+      assembler.Add(bytes, now);
+      std::ranges::move(TakeAll(assembler, now), std::back_inserter(blocks));
+      now += BlockAssembler::kRemainderWait - 1ms;
     }
-    EXPECT_THAT(blocks, ElementsAreArray(c.blocks)) << c.what;
+    EXPECT_EQ(blocks, c.blocks) << c.what;
   }
 }
 
 TEST(BlockAssembler, ARestIsGivenUpAfterItsWaitOrAtTheEndAndNotBefore) {
-  Stream stream;
-  stream.Add(Long("[b]"));
-  stream.now += 200ms;
-  stream.Add(Long(""));
-  EXPECT_EQ(stream.blocks.RemainderDeadline(), stream.now + 250ms);
-  stream.now += 249ms;
-  EXPECT_THAT(stream.Take(), ElementsAre());
-  stream.now += 1ms;
-  EXPECT_THAT(stream.Take(), ElementsAre(Long("[b]") + Long("")));
-  EXPECT_EQ(stream.blocks.RemainderDeadline(), std::nullopt);
-  stream.Add(Long("|[b]2"));
-  EXPECT_THAT(stream.Take(true), ElementsAre(Long("|[b]2")));
+  BlockAssembler blocks;
+  const BlockAssembler::Time start{1h};
+  blocks.Add(Long("[b]"), start);
+  blocks.Add(Long(""), start + 200ms);
+  EXPECT_EQ(blocks.RemainderDeadline(), start + 450ms);
+  EXPECT_EQ(blocks.Take(start + 449ms, false), "");
+  EXPECT_EQ(blocks.Take(start + 450ms, false), Long("[b]") + Long(""));
+  EXPECT_EQ(blocks.RemainderDeadline(), std::nullopt);
+  blocks.Add(Long("|[b]2"), start + 450ms);
+  EXPECT_EQ(blocks.Take(start + 450ms, true), Long("|[b]2"));
 }
 
 TEST(BlockAssembler, LongBlocksAreCutBetweenMessagesAndLongMessagesAtTheRestLimit) {
@@ -118,10 +99,14 @@ TEST(BlockAssembler, LongBlocksAreCutBetweenMessagesAndLongMessagesAtTheRestLimi
       {MessageOf(kRemainderLimit) + MessageOf(4), {kRemainderLimit, 4}},
       {MessageOf(kRemainderLimit + 1) + MessageOf(4), {kRemainderLimit, 5}},
       {std::string(2 * kRemainderLimit + 5, 'x'), {kRemainderLimit, kRemainderLimit}}};
-  for (const auto& [bytes, blocks] : cases) {
-    Stream stream;
-    stream.Add(bytes);
-    EXPECT_EQ(stream.TakeLengths(), blocks) << bytes.size();
+  for (const auto& [bytes, lengths] : cases) {
+    BlockAssembler assembler;
+    assembler.Add(bytes, {});
+    std::vector<std::size_t> cut;
+    for (const std::string& block : TakeAll(assembler, {})) {
+      cut.push_back(block.size());
+    }
+    EXPECT_EQ(cut, lengths) << bytes.size();
   }
 }
 

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "protocol/field_reading.h"
 #include "tests/fakes/logged_in_player.h"
 
 namespace korvanta {
@@ -88,18 +87,6 @@ TEST(Connection, EachStepOfAnAttemptShowsAndSendsItsOwn) {
               (std::pair<std::string, std::uint16_t>("127.0.0.1", 7678)));
     EXPECT_EQ(player.values.UserID, c.script.starts_with("sal") ? -12 : 0);
   }
-}
-
-TEST(Connection, ABrokenAnswerKeepsTheNameButLogsNobodyIn) {
-  ScriptedPlayer player;
-  for (std::string_view payload : {"A\001x", "A", "A\00140000", "A\001"}) {
-    player.values.CurrentUserName = "before";
-    EXPECT_THROW(player.connection.AcceptLogin(payload), MessageError) << payload;
-    EXPECT_EQ(player.values.CurrentUserName, "A") << payload;
-  }
-  EXPECT_THROW(player.connection.AcceptLogin(""), MessageError);
-  EXPECT_FALSE(player.values.IsConnected);
-  EXPECT_EQ(player.Take(), "");
 }
 
 }  // namespace

@@ -77,13 +77,16 @@ TEST_F(DispatcherTest, EveryTagReachesItsHandlerWithItsPayload) {
 
 TEST_F(DispatcherTest, AnErrorDropsTheRestOfTheBlockAndNothingElse) {
   for (const std::string broken :
-       {"[con]Ann\001x", "[upg]1", "[att]", "[tim]32768", "[upg]1\00140000", "[msg]cht\001x",
-        "[msg]cht\001x\001maybe", "[sou]x", "[sou]"}) {
+       {"[con]", "[con]Ann", "[con]Ann\001", "[con]Ann\001x", "[con]Ann\00140000", "[upg]1",
+        "[att]", "[tim]32768", "[upg]1\00140000", "[msg]cht\001x", "[msg]cht\001x\001maybe",
+        "[sou]x", "[sou]"}) {
     Receive({"[log]before", broken, "[log]after"});
     Receive({"[log]next"});
     EXPECT_THAT(chat.Take(), ElementsAre("3|before", "3|next")) << broken;
   }
   EXPECT_EQ(values.CurrentUserName, "Ann") << "what was done stays done";
+  EXPECT_FALSE(values.IsConnected);
+  EXPECT_TRUE(display.calls.empty());
 }
 
 TEST_F(DispatcherTest, PiecesAreTestedForEveryTagInOrderOnWhatTheLastHandlerLeft) {
