@@ -1,13 +1,13 @@
 #include "protocol/connection.h"
 
+#include <functional>
 #include <gtest/gtest.h>
+#include <map>
 
 #include "tests/fakes/logged_in_player.h"
 
 namespace korvanta {
 namespace {
-
-using namespace std::chrono_literals;
 
 struct ScriptedPlayer : fakes::OfflinePlayer {
   ScriptedPlayer() {
@@ -16,22 +16,14 @@ struct ScriptedPlayer : fakes::OfflinePlayer {
     values.CurrentPassword = "password";
   }
 
-  void Act(char letter) {
-    switch (letter) {
-      case 's':
-        return connection.StartConnection();
-      case 't':
-        return timers.Tick(1000ms);
-      case 'a':
-        return socket.Accept();
-      case 'l':
-        return connection.AcceptLogin("Name\001-12");
-      case 'd':
-        return connection.Disconnect();
-      default:
-        return socket.Hangup();
-    }
-  }
+  const std::map<char, std::function<void()>> steps = {
+      {'s', [this] { connection.StartConnection(); }},
+      {'t', [this] { timers.Tick(std::chrono::seconds(1)); }},
+      {'a', [this] { socket.Accept(); }},
+      {'l', [this] { connection.AcceptLogin("Name\001-12"); }},
+      {'d', [this] { connection.Disconnect(); }},
+      {'h', [this] { socket.Hangup(); }},
+  };
 
   /// The lines written since the last call, what was shown, what was sent, and closes of our own.
   std::string Take() {
@@ -78,7 +70,7 @@ TEST(Connection, EachStepOfAnAttemptShowsAndSendsItsOwn) {
     ScriptedPlayer player;
     for (const char letter : c.script) {
       player.Take();
-      player.Act(letter);
+      player.steps.at(letter)();
     }
     EXPECT_EQ(player.Take(), c.outcome) << c.script;
     EXPECT_EQ(player.values.ConnectTicks, c.ticks) << c.script;
