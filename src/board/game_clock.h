@@ -20,11 +20,10 @@ class GameClock final : public ClockReceiver {
   /// until then and then shows one second less; zero or less shows 0:00 and stops.
   void StartGameClock(std::int16_t seconds) override;
 
-  /// Stops counting; the seconds left and the text stay.
+  /// Stops counting; the text stays.
   void Stop();
 
   bool IsCounting() const { return TickTimer_->IsEnabled(); }
-  std::int16_t TickSecondsLeft() const { return TickSecondsLeft_; }
   /// "Tick Time - " and minutes, a colon and two digits of seconds.
   const std::string& TickTime() const { return TickTime_; }
 

@@ -21,13 +21,6 @@ class TournamentTest : public testing::Test, protected fakes::LoggedInPlayer {
     tournament.ShowTournamentWindow();
     Sent();
   }
-  /// The message boxes and questions since the last call.
-  std::vector<std::string> TakeBoxes() {
-    auto boxes = std::exchange(message_box.shown, {});
-    std::ranges::move(std::exchange(message_box.asked, {}), std::back_inserter(boxes));
-    return boxes;
-  }
-
   Tournament tournament{connection, values, message_box};
 };
 
@@ -122,7 +115,8 @@ TEST_F(TournamentTest, CreateJoinWantsANameAndAPassword) {
     tournament.Typed(&TournamentTexts::cmbTeam, c.name);
     tournament.Typed(&TournamentTexts::txtPassword, c.password);
     tournament.CreateJoinClicked();
-    EXPECT_EQ(TakeBoxes(), c.box ? std::vector<std::string>{c.box} : std::vector<std::string>());
+    EXPECT_EQ(std::exchange(message_box.shown, {}),
+              c.box ? std::vector<std::string>{c.box} : std::vector<std::string>());
     EXPECT_EQ(Sent(), c.sent);
     EXPECT_EQ(state().texts.txtPassword, c.password_after);
   }
@@ -151,7 +145,9 @@ TEST_F(TournamentTest, KickingAndDisbandingNeedASelectionAndAYes) {
         tournament.TeamSelected(selected);
         (tournament.*click)();
       }
-      EXPECT_EQ(TakeBoxes(), boxes);
+      auto seen = std::exchange(message_box.shown, {});
+      std::ranges::move(std::exchange(message_box.asked, {}), std::back_inserter(seen));
+      EXPECT_EQ(seen, boxes);
       EXPECT_EQ(Sent(), answer ? sent : "");
     }
   }

@@ -42,11 +42,11 @@ TEST(BlockAssembler, WhatArrivesAtOnceIsABlockUnlessItMayHaveBeenCut) {
     std::vector<std::string> arrivals;
     std::vector<std::string> blocks;
   } cases[] = {
-      {"a short rest keeps nothing", {"[a]5", Text("[a]6|")}, {"[a]5", Text("[a]6|")}},
-      {"messages and a short rest", {Text("[a]|[b]9"), Text("|")}, {Text("[a]|[b]9"), Text("|")}},
+      {"a short remainder keeps nothing", {"[a]5", Text("[a]6|")}, {"[a]5", Text("[a]6|")}},
+      {"nor one behind messages", {Text("[a]|[b]9"), Text("|")}, {Text("[a]|[b]9"), Text("|")}},
       {"the longest short one", {almost_long, Text("|")}, {almost_long, Text("|")}},
       {"the shortest long one", {almost_long + "y", Text("z|")}, {almost_long + Text("yz|")}},
-      {"a long rest waits", {Long("|[b]"), Text("1|")}, {Long("|"), Text("[b]1|")}},
+      {"a long remainder waits", {Long("|[b]"), Text("1|")}, {Long("|"), Text("[b]1|")}},
       {"and for more than one",
        {Long("|[b]"), Long(""), Text("1|")},
        {Long("|"), "[b]" + Long("1|")}},
@@ -73,7 +73,7 @@ TEST(BlockAssembler, WhatArrivesAtOnceIsABlockUnlessItMayHaveBeenCut) {
   }
 }
 
-TEST(BlockAssembler, ARestIsGivenUpAfterItsWaitOrAtTheEndAndNotBefore) {
+TEST(BlockAssembler, ARemainderIsDueAfterItsWaitOrAtTheEndAndNotBefore) {
   BlockAssembler blocks;
   const BlockAssembler::Time start{1h};
   blocks.Add(Long("[b]"), start);
@@ -86,7 +86,7 @@ TEST(BlockAssembler, ARestIsGivenUpAfterItsWaitOrAtTheEndAndNotBefore) {
   EXPECT_EQ(blocks.Take(start + 450ms, true), Long("|[b]2"));
 }
 
-TEST(BlockAssembler, LongBlocksAreCutBetweenMessagesAndLongMessagesAtTheRestLimit) {
+TEST(BlockAssembler, LongBlocksAreCutBetweenMessagesAndLongMessagesAtTheRemainderLimit) {
   std::string messages;
   for (int i = 0; i < 200; ++i) {
     messages += MessageOf(1000);
