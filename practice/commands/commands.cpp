@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -19,7 +20,7 @@ constexpr std::size_t kLongestLine = 300;
 /// Names that "/who" writes out.
 constexpr std::size_t kMostNames = 40;
 /// Players that "/best" shows.
-constexpr std::size_t kMostBest = 10;
+constexpr std::ptrdiff_t kMostBest = 10;
 constexpr int kUsualSides = 6;
 constexpr int kMostSides = 1000;
 
@@ -126,14 +127,14 @@ void ShowBest(const Context& context, Player& player, Text /*arguments*/) {
   for (const auto& [key, account] : context.accounts.all()) {
     best.push_back(&account);
   }
-  const auto shown = best.begin() + static_cast<std::ptrdiff_t>(std::min(kMostBest, best.size()));
-  std::partial_sort(best.begin(), shown, best.end(), [](const Account* one, const Account* other) {
-    return one->figures.score > other->figures.score;
-  });
+  const auto shown = best.begin() + std::min(kMostBest, std::ssize(best));
+  std::ranges::partial_sort(best, shown, std::greater(),
+                            [](const Account* account) { return account->figures.score; });
+  best.erase(shown, best.end());
   context.players.Say(player, sentences::kBest);
-  for (auto account = best.begin(); account != shown; ++account) {
-    context.players.Answer(
-        player, "  " + (*account)->name + ": " + std::to_string((*account)->figures.score));
+  for (const Account* account : best) {
+    context.players.Answer(player,
+                           "  " + account->name + ": " + std::to_string(account->figures.score));
   }
 }
 

@@ -1,8 +1,5 @@
 #include "practice/game/game.h"
 
-#include <algorithm>
-#include <numeric>
-
 namespace korvanta::practice {
 namespace {
 

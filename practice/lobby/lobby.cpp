@@ -2,7 +2,6 @@
 
 #include <map>
 #include <set>
-#include <utility>
 #include <vector>
 
 #include "base/trim.h"

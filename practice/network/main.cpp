@@ -131,8 +131,8 @@ std::uint64_t RandomSeed() { return std::random_device{}(); }
 
 QString MischiefHelp() {
   QString help = QStringLiteral("Kinds of mischief:\n");
-  for (const MischiefEntry& entry : MischiefTable()) {
-    help += QStringLiteral("  %1%2\n").arg(Latin1(entry.name), -17).arg(Latin1(entry.purpose));
+  for (const MischiefKind& kind : MischiefTable()) {
+    help += QStringLiteral("  %1%2\n").arg(Latin1(kind.name), -17).arg(Latin1(kind.purpose));
   }
   return help;
 }

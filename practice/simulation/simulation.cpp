@@ -93,8 +93,9 @@ void Simulation::FormTeam() {
   }
   for (std::size_t number = 0; number < kMostSimulatedTeams; ++number) {
     const std::string name = SimulatedTeamName(number);
-    const Team* team = tournament_.Find(name);
-    if (team == nullptr || (team->members.size() < kTeamSize && team->password == kTeamPassword)) {
+    const auto team = std::ranges::find(tournament_.teams(), name, &Team::name);
+    if (team == tournament_.teams().end() ||
+        (team->members.size() < kTeamSize && team->password == kTeamPassword)) {
       lobby_.Handle(*character->player, {ClientMessage::JoinTeam, {name, kTeamPassword}});
       return;
     }

@@ -97,13 +97,6 @@ const Team* Tournament::TeamOf(std::string_view player) const {
   return team == teams_.end() ? nullptr : &*team;
 }
 
-const Team* Tournament::Find(std::string_view team_name) const {
-  const auto team = std::find_if(teams_.begin(), teams_.end(), [&](const Team& known) {
-    return EqualIgnoringCase(known.name, TrimSpaces(team_name));
-  });
-  return team == teams_.end() ? nullptr : &*team;
-}
-
 std::ptrdiff_t Tournament::CountPlayers() const {
   return std::transform_reduce(teams_.begin(), teams_.end(), std::ptrdiff_t{0}, std::plus(),
                                [](const Team& team) { return std::ssize(team.members); });

@@ -59,8 +59,6 @@ class Tournament {
 
   /// The team that the player is in; null without one.
   const Team* TeamOf(std::string_view player) const;
-  /// By name, without spaces at its ends; null when there is none.
-  const Team* Find(std::string_view team_name) const;
   /// In the order in which they were made.
   const std::vector<Team>& teams() const { return teams_; }
   /// Members of all teams.

@@ -16,9 +16,10 @@ constexpr std::size_t kLongestPause = 5;
 
 Mischief::Mischief(ResettableTransport& network, const MischiefOptions& options)
     : network_(network), dice_(options.seed) {
-  for (const MischiefEntry& entry : MischiefTable()) {
-    if (options.kinds.test(static_cast<std::size_t>(entry.kind))) {
-      (IsOfConnections(entry.kind) ? of_connections_ : of_messages_).push_back(entry.kind);
+  for (std::size_t place = 0; place < kMischiefKinds; ++place) {
+    if (options.kinds.test(place)) {
+      const MischiefKind& kind = MischiefTable()[place];
+      (kind.fate >= Fate::Silence ? of_connections_ : of_messages_).push_back(&kind);
     }
   }
 }
@@ -28,8 +29,9 @@ void Mischief::Connected(ConnectionId connection) {
     return;
   }
   Line& line = lines_[connection];
-  line.fate = Roll(of_connections_);
-  if (line.fate == MischiefKind::ResetAccept) {
+  const MischiefKind* kind = Roll(of_connections_);
+  line.fate = kind == nullptr ? Fate::None : kind->fate;
+  if (line.fate == Fate::ResetAccept) {
     line.end = End::Reset;
     network_.Reset(connection);
   }
@@ -79,16 +81,16 @@ void Mischief::Tick() {
 }
 
 void Mischief::SendMessage(ConnectionId connection, Line& line, std::string_view message) {
-  if (line.end != End::None || (line.fate && MeetsFate(connection, line, message))) {
+  if (line.end != End::None || (line.fate != Fate::None && MeetsFate(connection, line, message))) {
     return;
   }
   const std::string passed_by = std::exchange(line.held, {});
-  const auto kind = Roll(of_messages_);
+  const MischiefKind* kind = Roll(of_messages_);
   const std::string bytes =
-      kind ? Changed(message, *kind, dice_) : std::string(message) + kMessageTerminator;
-  if (kind == MischiefKind::Cut) {
+      kind == nullptr ? std::string(message) + kMessageTerminator : Changed(message, *kind, dice_);
+  if (kind != nullptr && kind->fate == Fate::Cut) {
     DeliverCut(connection, line, bytes);
-  } else if (kind == MischiefKind::Shuffle && passed_by.empty()) {
+  } else if (kind != nullptr && kind->fate == Fate::Shuffle && passed_by.empty()) {
     line.held = bytes;
   } else {
     Deliver(connection, line, bytes);
@@ -98,23 +100,22 @@ void Mischief::SendMessage(ConnectionId connection, Line& line, std::string_view
 
 bool Mischief::MeetsFate(ConnectionId connection, Line& line, std::string_view message) {
   std::string last = std::string(message) + kMessageTerminator;
-  switch (*line.fate) {
-    case MischiefKind::Silence:
+  switch (line.fate) {
+    case Fate::Silence:
       return true;
-    case MischiefKind::ResetHandshake:
+    case Fate::ResetHandshake:
       network_.Reset(connection);
       last.clear();
       break;
-    case MischiefKind::ResetMessage:
+    case Fate::ResetMessage:
       if (!dice_.OneIn(4)) {
         return false;
       }
       last.resize(1 + dice_.Below(message.size()));
       break;
     default:  // each sound is one of a game
-      if (!message.starts_with(TagOf(line.fate == MischiefKind::ResetLogin
-                                         ? ServerMessage::LoginAccepted
-                                         : ServerMessage::Sound))) {
+      if (!message.starts_with(TagOf(line.fate == Fate::ResetLogin ? ServerMessage::LoginAccepted
+                                                                   : ServerMessage::Sound))) {
         return false;
       }
   }
@@ -147,13 +148,12 @@ void Mischief::DeliverCut(ConnectionId connection, Line& line, std::string_view 
   Deliver(connection, line, bytes);
 }
 
-std::optional<MischiefKind> Mischief::Roll(const std::vector<MischiefKind>& kinds) {
+const MischiefKind* Mischief::Roll(const std::vector<const MischiefKind*>& kinds) {
   if (kinds.empty()) {
-    return std::nullopt;
+    return nullptr;
   }
-  const MischiefKind kind = dice_.Pick(kinds);
-  const bool is_its_turn = dice_.OneIn(MischiefTable()[static_cast<std::size_t>(kind)].one_in);
-  return is_its_turn ? std::optional(kind) : std::nullopt;
+  const MischiefKind* kind = dice_.Pick(kinds);
+  return dice_.OneIn(kind->one_in) ? kind : nullptr;
 }
 
 }  // namespace korvanta::practice

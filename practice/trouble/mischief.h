@@ -19,19 +19,13 @@
 
 namespace korvanta::practice {
 
-enum class MischiefKind : std::uint8_t {
-  // What becomes of one message.
+/// What a kind of mischief does other than to change the bytes of a message.
+enum class Fate : std::uint8_t {
+  None,
+  // Of one message.
   Cut,
-  Drop,
-  Numbers,
-  Tags,
-  Bytes,
-  Giant,
-  Markup,
-  Unended,
-  Twice,
   Shuffle,
-  // What becomes of a whole connection.
+  // Of a whole connection.
   Silence,
   ResetAccept,
   ResetHandshake,
@@ -40,29 +34,23 @@ enum class MischiefKind : std::uint8_t {
   ResetGame,
 };
 
-inline constexpr std::size_t kMischiefKinds = 16;
-
-constexpr bool IsOfConnections(MischiefKind kind) { return kind >= MischiefKind::Silence; }
-
-/// By MischiefKind.
-using MischiefKinds = std::bitset<kMischiefKinds>;
-
 struct MischiefMessage;
 
-struct MischiefEntry {
-  MischiefKind kind;
+struct MischiefKind {
   std::string_view name;  ///< on the command line
   std::string_view purpose;
   std::size_t one_in;  ///< it comes over one message, or connection, in so many
-  /// Null when it is not the message's bytes that change.
-  void (*change)(MischiefMessage& message, Dice& dice) = nullptr;
+  void (*change)(MischiefMessage& message, Dice& dice);  ///< null when no bytes change
+  Fate fate = Fate::None;
 };
 
-/// By MischiefKind.
-std::span<const MischiefEntry, kMischiefKinds> MischiefTable();
+inline constexpr std::size_t kMischiefKinds = 16;
+std::span<const MischiefKind, kMischiefKinds> MischiefTable();
+/// By place in the table.
+using MischiefKinds = std::bitset<kMischiefKinds>;
 
 /// The bytes to send for a message that comes without its terminator.
-std::string Changed(std::string_view message, MischiefKind kind, Dice& dice);
+std::string Changed(std::string_view message, const MischiefKind& kind, Dice& dice);
 
 /// Names with commas between them, or "all"; nothing when one of them is unknown.
 std::optional<MischiefKinds> ReadMischiefKinds(std::string_view names);
@@ -90,7 +78,7 @@ class Mischief : public Transport {
  private:
   enum class End : std::uint8_t { None, Close, Reset };
   struct Line {
-    std::optional<MischiefKind> fate;
+    Fate fate = Fate::None;
     std::string held;               // a message that lets the next one pass
     std::deque<std::string> later;  // one leaves at each tick; an empty one is a pause
     End end = End::None;            // when nothing is left to leave
@@ -101,12 +89,12 @@ class Mischief : public Transport {
   void DeliverCut(ConnectionId connection, Line& line, std::string_view bytes);
   /// Whether that was the last message for the connection.
   bool MeetsFate(ConnectionId connection, Line& line, std::string_view message);
-  /// One of the kinds, or nothing, by the dice.
-  std::optional<MischiefKind> Roll(const std::vector<MischiefKind>& kinds);
+  /// One of the kinds, or null, by the dice.
+  const MischiefKind* Roll(const std::vector<const MischiefKind*>& kinds);
 
   ResettableTransport& network_;
-  std::vector<MischiefKind> of_messages_;
-  std::vector<MischiefKind> of_connections_;
+  std::vector<const MischiefKind*> of_messages_;
+  std::vector<const MischiefKind*> of_connections_;
   Dice dice_;
   std::map<ConnectionId, Line> lines_;
 };

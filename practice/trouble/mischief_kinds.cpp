@@ -149,42 +149,41 @@ void AddMarkup(MischiefMessage& message, Dice& dice) {
 }
 
 constexpr auto kTable = [] {
-  using enum MischiefKind;
-  return std::to_array<MischiefEntry>({
-      {Cut, "cut", "messages are cut at any byte, and the pieces arrive one after another", 2},
-      {Drop, "drop", "fields are left out", 3, DropFields},
-      {Numbers, "numbers", "numbers are odd: nan, 1e400, -0, 0x1F, nothing at all", 3,
-       ChangeNumbers},
-      {Tags, "tags", "tags are unknown, in capitals, cut short, doubled or another message's", 3,
+  using enum Fate;
+  return std::to_array<MischiefKind>({
+      {"cut", "messages are cut at any byte, and the pieces arrive one after another", 2, nullptr,
+       Cut},
+      {"drop", "fields are left out", 3, DropFields},
+      {"numbers", "numbers are odd: nan, 1e400, -0, 0x1F, nothing at all", 3, ChangeNumbers},
+      {"tags", "tags are unknown, in capitals, cut short, doubled or another message's", 3,
        ChangeTag},
-      {Bytes, "bytes", "every byte value stands in each text", 2, AddAllBytes},
-      {Giant, "giant", "one field grows to as much as two megabytes", 12, MakeGiant},
-      {Markup, "markup", "markup and control characters stand in each text", 1, AddMarkup},
-      {Unended, "unended", "terminators are missing", 3,
+      {"bytes", "every byte value stands in each text", 2, AddAllBytes},
+      {"giant", "one field grows to as much as two megabytes", 12, MakeGiant},
+      {"markup", "markup and control characters stand in each text", 1, AddMarkup},
+      {"unended", "terminators are missing", 3,
        [](auto& message, Dice&) { message.is_ended = false; }},
-      {Twice, "twice", "messages come twice", 3,
-       [](auto& message, Dice&) { message.is_twice = true; }},
-      {Shuffle, "shuffle", "messages come in another order", 3},
-      {Silence, "silence", "connections are accepted, and nothing is ever said", 2},
-      {ResetAccept, "reset-accept", "connections are reset as soon as they are accepted", 2},
-      {ResetHandshake, "reset-handshake", "connections are reset in answer to the login", 2},
-      {ResetMessage, "reset-message", "connections are reset in the middle of a message", 2},
-      {ResetLogin, "reset-login", "connections are reset right after the login", 2},
-      {ResetGame, "reset-game", "connections are reset in the middle of a game", 2},
+      {"twice", "messages come twice", 3, [](auto& message, Dice&) { message.is_twice = true; }},
+      {"shuffle", "messages come in another order", 3, nullptr, Shuffle},
+      {"silence", "connections are accepted, and nothing is ever said", 2, nullptr, Silence},
+      {"reset-accept", "connections are reset as soon as they are accepted", 2, nullptr,
+       ResetAccept},
+      {"reset-handshake", "connections are reset in answer to the login", 2, nullptr,
+       ResetHandshake},
+      {"reset-message", "connections are reset in the middle of a message", 2, nullptr,
+       ResetMessage},
+      {"reset-login", "connections are reset right after the login", 2, nullptr, ResetLogin},
+      {"reset-game", "connections are reset in the middle of a game", 2, nullptr, ResetGame},
   });
 }();
-static_assert(std::all_of(kTable.begin(), kTable.end(), [](const MischiefEntry& entry) {
-  return &entry == &kTable[static_cast<std::size_t>(entry.kind)];
-}));
 
 }  // namespace
 
-std::span<const MischiefEntry, kMischiefKinds> MischiefTable() { return kTable; }
+std::span<const MischiefKind, kMischiefKinds> MischiefTable() { return kTable; }
 
-std::string Changed(std::string_view message, MischiefKind kind, Dice& dice) {
+std::string Changed(std::string_view message, const MischiefKind& kind, Dice& dice) {
   MischiefMessage apart = TakenApart(message);
-  if (const auto change = kTable[static_cast<std::size_t>(kind)].change) {
-    change(apart, dice);
+  if (kind.change != nullptr) {
+    kind.change(apart, dice);
   }
   std::string once = apart.tag;
   for (const Field& field : apart.fields) {
@@ -205,12 +204,11 @@ std::optional<MischiefKinds> ReadMischiefKinds(std::string_view names) {
     return kinds.set();
   }
   for (std::string_view name : Split(names, ',')) {
-    const auto entry = std::find_if(kTable.begin(), kTable.end(),
-                                    [&](const MischiefEntry& known) { return known.name == name; });
-    if (entry == kTable.end()) {
+    const auto* kind = std::ranges::find(kTable, name, &MischiefKind::name);
+    if (kind == kTable.end()) {
       return std::nullopt;
     }
-    kinds.set(static_cast<std::size_t>(entry->kind));
+    kinds.set(static_cast<std::size_t>(kind - kTable.begin()));
   }
   return names.empty() ? std::nullopt : std::optional(kinds);
 }

@@ -15,11 +15,6 @@ class ArenaTest : public PracticeServerTest {
     Pass(15s);
     Settle();
   }
-  void PassTicks(int ticks) {
-    for (int i = 0; i < ticks; ++i) {
-      Pass(15s);
-    }
-  }
   /// The player buys two topics, waiting for points as needed.
   void NearlyWin(ConnectionId player) {
     for (const char* level : {"2|1", "2|2", "2|3", "2|4", "3|1", "3|2", "3|3", "3|4"}) {
@@ -34,14 +29,9 @@ class ArenaTest : public PracticeServerTest {
       if (Value(Answers(player, request), Contains(answer))) {
         return;
       }
-      PassTicks(1);
+      Pass(15s);
     }
     FAIL() << request << " brought nothing in 50 ticks";
-  }
-
-  /// What is heard at a login.
-  std::vector<std::string> WelcomeOf(const std::string& name) {
-    return Answers(Connect(), "[con]1.6|" + name + "|secret");
   }
 
   ConnectionId anna = LogIn("Anna");
@@ -57,8 +47,9 @@ TEST_F(ArenaTest, AGameBeginsWhenTwoHaveGathered) {
               ElementsAre("[tim]15", HasSubstr("ready for the next game, which begins in 15 sec")));
   EXPECT_THAT(Heard(anna), ElementsAre("[tim]15"));
   Pass(15s);
-  EXPECT_THAT(Heard(anna), ElementsAre(HasSubstr("Game 1 begins: Anna and Bobby"), "[tim]15",
-                                       "[poi]6", "[sou]1", "[onl]Anna|6|1|1&Bobby|6|1|1"));
+  EXPECT_THAT(Heard(anna),
+              ElementsAre("[onl]Anna|1|1|1&Bobby|5|1|1", HasSubstr("Game 1 begins: Anna and Bobby"),
+                          "[tim]15", "[poi]6", "[sou]1", "[onl]Anna|6|1|1&Bobby|6|1|1"));
   Pass(15s);
   EXPECT_THAT(Heard(anna), ElementsAre("[cap]Game 1, tick 1", "[tim]15", "[sou]2", "[poi]9"));
 }
@@ -101,10 +92,10 @@ TEST_F(ArenaTest, AttacksAndAlliancesReachBothSidesAndTheOneHitIsAlerted) {
   Begin();
   Send(anna, "[upg]1|1|");
   Send(bobby, "[upg]2|1|");
-  PassTicks(1);
+  Pass(15s);
   AskUntil(anna, "[att]Bobby", Eq("[sou]3"));
   for (int tick = 0; tick < 9 && Answers(anna, "[att]Bobby").size() > 1; ++tick) {
-    PassTicks(1);
+    Pass(15s);
   }
   EXPECT_THAT(Heard(bobby),
               AllOf(Contains("[att]2|0"), Contains("[sou]4"),
@@ -126,7 +117,7 @@ TEST_F(ArenaTest, AWinIsCountedCheeredAndClearedForTheNextGame) {
   const auto carol = LogIn("Carol");
   const auto david = LogIn("David");
   Begin();
-  PassTicks(10);
+  Pass(10 * 15s);
   EXPECT_THAT(Answers(carol, "[jon]"),
               ElementsAre("[tim]14", "[poi]28", "[sou]1", HasSubstr("28 points to catch up")));
   NearlyWin(anna);
@@ -154,7 +145,7 @@ TEST_F(ArenaTest, WhoeverLeavesIsOutAndTheLastSideWinsWhatCountsAfterFiveTicks) 
   const auto carol = LogIn("Carol");
   Send(carol, "[jon]");
   Begin();
-  PassTicks(5);
+  Pass(5 * 15s);
   EXPECT_THAT(Answers(carol, "[ctc]/leave"), Contains("[clr]"));
   EXPECT_THAT(Heard(anna), Contains(HasSubstr("Carol leaves the game")));
   EXPECT_THAT(Answers(carol, "[jon]"), ElementsAre(HasSubstr("ready for the next game")));
@@ -177,12 +168,12 @@ TEST_F(ArenaTest, ALoginShowsHowThingsStand) {
   Begin();
   Send(bobby, "[upg]1|1|");
   server.Vanished(bobby);
-  PassTicks(3);
-  EXPECT_THAT(WelcomeOf("Bobby"),
+  Pass(3 * 15s);
+  EXPECT_THAT(Answers(Connect(), "[con]1.6|Bobby|secret"),
               AllOf(Contains("[upg]1|1"), Contains("[upg]2|0"), Contains("[poi]2"),
                     Contains("[tim]14"), Contains(HasSubstr("has been kept"))));
   EXPECT_THAT(Heard(carol), Contains(HasSubstr("Bobby is back in the game")));
-  EXPECT_THAT(WelcomeOf("David"),
+  EXPECT_THAT(Answers(Connect(), "[con]1.6|David|secret"),
               AllOf(Contains("[upg]1|0"), Contains("[poi]0"), Contains("[tim]0")));
 }
 

@@ -48,52 +48,35 @@ TEST(Evening, EveryGameEndsInAWinOfItsOwnLengthAndASeedReplaysThemAll) {
   }
 }
 
-/// A careful newcomer, who looks at the board every five seconds: Industry first, a little Defense,
-/// then Population, and the Golden Knowledge when it can be had. Attacks nobody and has no ally.
-class Newcomer {
- public:
-  explicit Newcomer(Evening& evening) : evening_(evening) {
-    evening_.server.Connected(kConnection);
-    Send("[con]1.6\1Newcomer\1secret");
-    Send("[jon]");
-  }
-
-  void Look() {
-    const std::string heard = std::exchange(evening_.transport.sent[kConnection], {});
-    for (std::string_view message : Split(heard, kMessageTerminator)) {
-      if (message.starts_with("[upg]") || message.starts_with("[att]")) {
-        levels_[message.at(5) - '0'] = message.at(7) - '0';
-      }
-    }
-    constexpr std::pair<int, int> kPlan[] = {{2, 2}, {4, 1}, {3, 2}, {4, 2},
-                                             {2, 4}, {3, 4}, {5, 5}};
-    const auto [topic, level] =
-        *std::ranges::find_if(kPlan, [&](auto& step) { return levels_[step.first] < step.second; });
-    Send("[upg]" + std::to_string(topic) + '\1' +
-         std::to_string(topic == 5 ? 5 : levels_[topic] + 1) + '\1');
-  }
-
- private:
-  static constexpr ConnectionId kConnection = 1;
-
-  void Send(const std::string& message) {
-    evening_.server.Received(kConnection, message + kMessageTerminator);
-  }
-
-  Evening& evening_;
-  int levels_[6] = {};
-};
-
+/// The newcomer looks at the board every five seconds: Industry first, a little Defense, then
+/// Population, and the Golden Knowledge when it can be had. Attacks nobody and has no ally.
 TEST(Evening, ACarefulNewcomerWinsAboutOneGameInThreeAgainstSix) {
+  constexpr std::pair<int, int> kPlan[] = {{2, 2}, {4, 1}, {3, 2}, {4, 2}, {2, 4}, {3, 4}, {5, 5}};
   int wins = 0;
   for (std::uint64_t seed = 0; seed < 100; ++seed) {
     Evening evening(seed, 6);
-    Newcomer newcomer(evening);
+    int levels[6] = {};
+    const auto Send = [&](const std::string& message) {
+      evening.server.Received(1, message + kMessageTerminator);
+    };
+    evening.server.Connected(1);
+    Send("[con]1.6\1Newcomer\1secret");
+    Send("[jon]");
     for (int step = 1; evening.winners.empty(); ++step) {
       evening.Pass();
-      if (step % 50 == 0) {
-        newcomer.Look();
+      if (step % 50 != 0) {
+        continue;
       }
+      const std::string heard = std::exchange(evening.transport.sent[1], {});
+      for (std::string_view message : Split(heard, kMessageTerminator)) {
+        if (message.starts_with("[upg]") || message.starts_with("[att]")) {
+          levels[message.at(5) - '0'] = message.at(7) - '0';
+        }
+      }
+      const auto [topic, level] =
+          *std::ranges::find_if(kPlan, [&](auto& aim) { return levels[aim.first] < aim.second; });
+      Send("[upg]" + std::to_string(topic) + '\1' +
+           std::to_string(topic == 5 ? 5 : levels[topic] + 1) + '\1');
     }
     wins += evening.winners.front() == "Newcomer" ? 1 : 0;
   }
@@ -108,9 +91,7 @@ class CompanyTest : public PracticeServerTest {
   /// Everything that was heard in the time.
   std::vector<std::string> HeardWithin(std::chrono::seconds time) {
     Heard(anna);
-    for (std::chrono::milliseconds passed{0}; passed < time; passed += 100ms) {
-      Pass(100ms);
-    }
+    Pass(time);
     return Heard(anna);
   }
 

@@ -71,23 +71,23 @@ TEST_F(GameTest, LevelsAreBoughtOneByOneAndTheGoldenKnowledgeLast) {
 
 TEST_F(GameTest, TicksPayByIndustryAndRiseSoThatEveryGameEnds) {
   bobby.LevelOf(TopicCode::Industry) = 3;
-  const int first = anna.points;
-  game.Tick();
-  EXPECT_EQ(anna.points, first + 3);
-  EXPECT_EQ(bobby.points, first + 6);
-  for (int i = 0; i < 23; ++i) {
+  for (int tick = 1; tick <= 24; ++tick) {
+    const int before = bobby.points;
     game.Tick();
+    EXPECT_EQ(bobby.points - before, tick <= 12 ? 6 : 7) << tick;
   }
-  EXPECT_EQ(game.Income(anna), 5);
 }
 
 TEST_F(GameTest, AttacksTakeOneLevelOnceATickAndAreBlockedByDefense) {
-  EXPECT_EQ(game.Attack(anna, bobby).refusal, Refusal::AttackNeedsMilitary);
-  anna.LevelOf(TopicCode::Military) = 4;
-  EXPECT_EQ(game.Attack(anna, bobby).refusal, Refusal::NothingToDestroy);
-  bobby.LevelOf(TopicCode::Population) = 3;
-  anna.points = 2;
-  EXPECT_EQ(game.Attack(anna, bobby).refusal, Refusal::AttackTooDear);
+  const auto Try = [&](int military, int population, int points) {
+    anna.LevelOf(TopicCode::Military) = military;
+    bobby.LevelOf(TopicCode::Population) = population;
+    anna.points = points;
+    return game.Attack(anna, bobby).refusal;
+  };
+  EXPECT_EQ(Try(0, 3, 3), Refusal::AttackNeedsMilitary);
+  EXPECT_EQ(Try(4, 0, 3), Refusal::NothingToDestroy);
+  EXPECT_EQ(Try(4, 3, 2), Refusal::AttackTooDear);
 
   Game::AttackResult attack;
   do {
