@@ -9,7 +9,6 @@ namespace korvanta {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 class FrmTournamentTest : public MainWindowTest {
  protected:
@@ -34,7 +33,8 @@ class FrmTournamentTest : public MainWindowTest {
 
 TEST_F(FrmTournamentTest, TabsShowTheirPageAndAskOncePerChoice) {
   OpenAs("90");
-  ASSERT_EQ(Tabs().count(), 3);
+  EXPECT_EQ(Tabs().tabText(0) + Tabs().tabText(1) + Tabs().tabText(2),
+            QStringLiteral("&Info&Teams&Admin"));
   EXPECT_EQ(Page(), "fInfo");
   ClickTab(1);
   ClickTab(1);
@@ -49,53 +49,39 @@ TEST_F(FrmTournamentTest, TabsShowTheirPageAndAskOncePerChoice) {
   EXPECT_THAT(TakeSent(), ElementsAre(Message("[tif]")));
 }
 
-TEST_F(FrmTournamentTest, JoinsTheTeamTypedOrChosenAndForgetsThePassword) {
+TEST_F(FrmTournamentTest, NewTeamNamesLeaveWhatIsTypedAlone) {
   OpenAs("0");
   EXPECT_EQ(Tabs().count(), 2);
-  Receive("[tdd]ann\001Ann\001Ann");
-  EXPECT_EQ(Names().currentText(), QString());
-  auto& password = Get<QLineEdit>("txtPassword");
-  Type(Names(), "an");
-  Type(password, "secret");
-  EXPECT_EQ(password.displayText(), QStringLiteral("******"));
-  Click("Command4");
-  EXPECT_THAT(TakeSent(), ElementsAre(Message("[tjo]an\001secret\001")));
-  EXPECT_EQ(password.text(), QString());
-  EXPECT_EQ(Names().count(), 3);
-  Names().setFocus();
-  QTest::keyClick(&Names(), Qt::Key_Down);
-  QTest::keyClick(&Names(), Qt::Key_Down);
-  Type(password, "s");
-  Click("Command4");
-  EXPECT_THAT(TakeSent(), ElementsAre(Message("[tjo]Ann\001s\001")));
-}
-
-TEST_F(FrmTournamentTest, NewTeamNamesAndFiguresLeaveWhatIsTypedAlone) {
-  OpenAs("0");
   QLineEdit& box = *Names().lineEdit();
   const struct {
     int start, length, caret;
     const char* selected;
   } selections[] = {{1, 2, 3, "ea"}, {3, -2, 1, "ea"}, {2, 0, 2, ""}};
   for (const auto& c : selections) {
+    Receive("[tdd]");
     Type(Names(), "Team");
     box.setSelection(c.start, c.length);
-    Receive("[tdd]Team\001Other" + std::to_string(c.start));
-    Receive("[tif]50\001350\0013\00111");
+    Receive("[tdd]Teams\001team\001Team");
     EXPECT_EQ(box.text(), QStringLiteral("Team"));
     EXPECT_EQ(box.selectedText(), QLatin1String(c.selected));
     EXPECT_EQ(box.cursorPosition(), c.caret);
   }
-  for (const auto& [figure, text] : {std::pair{"iEntryFee", "50"},
-                                     {"txtPurse", "350"},
-                                     {"iMaxTeams", "3"},
-                                     {"iMaxPlayers", "11"}}) {
-    EXPECT_EQ(Get<QLineEdit>(figure).text(), QLatin1String(text));
+  Type(Names(), "Tea");  // which is not completed
+  QTest::keyClick(&Names(), Qt::Key_Tab);
+  EXPECT_EQ(box.text(), QStringLiteral("Tea"));
+  Names().setFocus();
+  for (int i = 0; i < 3; ++i) {
+    QTest::keyClick(&Names(), Qt::Key_Down);
   }
+  EXPECT_EQ(client.tournament.state().texts.cmbTeam, "Team");
 }
 
-TEST_F(FrmTournamentTest, TheSelectionIsWhoIsKickedAndGoesWithTheList) {
-  OpenAs("0");
+TEST_F(FrmTournamentTest, EveryBoxAndButtonTakesPartInItsRequest) {
+  OpenAs("90");
+  Type(Names(), "an");
+  auto& password = Get<QLineEdit>("txtPassword");
+  Type(password, "secret");
+  EXPECT_EQ(password.displayText(), QStringLiteral("******"));
   ClickTab(1);
   Receive("[ttm]Team\002 Ann\002 Bob");
   auto& teams = Get<QTreeView>("lstTeams");
@@ -103,26 +89,31 @@ TEST_F(FrmTournamentTest, TheSelectionIsWhoIsKickedAndGoesWithTheList) {
   QTest::mouseClick(teams.viewport(), Qt::LeftButton, {}, ann.center());
   QTest::keyClick(&teams, Qt::Key_Down);
   Receive("[tif]1\0012\0013\0014");
-  TakeSent();
+  EXPECT_TRUE(teams.selectionModel()->hasSelection());
+  ClickTab(2);
+  for (const auto& [box, text] :
+       {std::pair{"EntryFee", "50"}, {"MaxTeams", "4"}, {"MaxPlayers", "3"}}) {
+    Type(Get(box), text);
+  }
+  const struct {
+    int tab;
+    const char *button, *request;
+  } cases[] = {{0, "Command4", "[tjo]an\001secret\001"},
+               {1, "KickPlayer", "[tkp]Bob"},
+               {1, "btnDisband", "[tdb]"},
+               {2, "Command1", "[tcr]50\0014\0013\001"},
+               {2, "Command2", "[tst]"},
+               {2, "Command3", "[ted]"}};
   platform.message_box.answers = {true, true};
-  Click("KickPlayer");
-  Click("btnDisband");
-  EXPECT_THAT(TakeSent(), ElementsAre(Message("[tkp]Bob"), Message("[tdb]")));
+  for (const auto& c : cases) {
+    ClickTab(c.tab);
+    TakeSent();
+    Click(c.button);
+    EXPECT_THAT(TakeSent(), ElementsAre(Message(c.request)));
+  }
+  EXPECT_EQ(password.text(), QString());
   Receive("[ttm]Team\002 Ann\002 Bob");
   EXPECT_FALSE(teams.selectionModel()->hasSelection());
-}
-
-TEST_F(FrmTournamentTest, AdministratorsButtonsSendTheirRequests) {
-  OpenAs("90");
-  ClickTab(2);
-  Type(Get("EntryFee"), "50");
-  Type(Get("MaxTeams"), "4");
-  Type(Get("MaxPlayers"), "3");
-  for (const char* button : {"Command1", "Command2", "Command3"}) {
-    Click(button);
-  }
-  EXPECT_THAT(TakeSent(),
-              ElementsAre(Message("[tcr]50\0014\0013\001"), Message("[tst]"), Message("[ted]")));
 }
 
 }  // namespace
