@@ -15,8 +15,9 @@ bool Fits(const Window& window, const QString& title) {
 }  // namespace
 
 QList<Window> User::Windows(qint64 pid) const {
+  // Wine names the class after the program's file.
   const QStringList whose =
-      pid == kAnyClient ? QStringList{"--class", "^Korvanta$"}
+      pid == kAnyClient ? QStringList{"--class", "^Korvanta(\\.exe)?$"}
                         : QStringList{"--all", "--pid", QString::number(pid), "--name", ".*"};
   const ToolResult found =
       RunTool("xdotool", QStringList{"search", "--onlyvisible"} + whose, environment_);

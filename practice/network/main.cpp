@@ -168,7 +168,8 @@ std::optional<CommandLine> ReadCommandLine(const QStringList& arguments) {
     ShowAndEnd(parser.helpText() + QLatin1Char('\n') + MischiefHelp());
   }
   if (parser.isSet(version)) {
-    parser.showVersion();
+    ShowAndEnd(QCoreApplication::applicationName() + QLatin1Char(' ') +
+               QCoreApplication::applicationVersion() + QLatin1Char('\n'));
   }
   const QString mischief = QStringLiteral("mischief");
   if (parser.value(mischief) == QStringLiteral("help")) {
