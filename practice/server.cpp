@@ -23,12 +23,7 @@ Server::Server(Transport& transport, const ServerOptions& options,
       arena_(players_, tournament_, dice_, options.pace, journal_),
       lobby_(players_, accounts_, tournament_, arena_, dice_),
       simulation_(accounts_, lobby_, arena_, tournament_, ~options.seed, options.players),
-      pace_(options.pace) {
-  lobby_.SetChatListener(
-      [this](const Player& speaker, const Player* listener, std::string_view words) {
-        simulation_.Hear(speaker, listener, words);
-      });
-}
+      pace_(options.pace) {}
 
 void Server::Connected(ConnectionId connection) {
   sessions_.try_emplace(connection, Session{{}, now_});

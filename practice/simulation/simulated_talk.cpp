@@ -38,28 +38,18 @@ std::string SimulatedTeamName(std::size_t number) {
 std::span<const std::string_view> LinesFor(Occasion occasion) {
   static const List kLines[] = {
       // Lobby
-      {"anyone up for a game?", "Auto Ready is on, I never miss a start",
-       "is Industry first still the best opening?",
-       "I say Population. Everything gets cheaper, every time", "% nearly had me last time",
-       "back from a cup of tea", "who wants to ally next game?",
+      {"anyone up for a game?", "is Industry first still the best opening?", "hello all",
+       "% nearly had me last time", "back from a cup of tea", "who wants to ally next game?",
        "my record is 25 ticks to the Golden Knowledge", "Defense level 3 and they leave you alone",
-       "looking for a team for the next tournament", "hello all", "that last game was close",
-       "does anyone ever go Military and Defense? I might try",
+       "looking for a team for the next tournament", "that last game was close",
        "still a few points short of my next award"},
-      // Opening
-      {"good luck everyone", "Industry pays, I tell you", "an ally would be nice about now",
-       "%, truce?", "here we go again", "not me first, please",
-       "no attacks before tick five, agreed?", "%, are you going for Military again?"},
       // Playing
-      {"keep an eye on %", "% is growing fast", "I am saving up", "not me, please, I am harmless",
-       "who has Military at 3 already?", "this tick cannot come soon enough",
+      {"keep an eye on %", "% is growing fast", "I am saving up", "%, truce?",
+       "not me, please, I am harmless", "this tick cannot come soon enough",
        "Population makes it all so cheap", "somebody should slow % down"},
       // Closing
       {"somebody stop %!", "everyone on %, now", "% has almost got it",
        "one more tick, just one more tick", "this will be close", "attack %, or it is over"},
-      // SetBack
-      {"ouch", "not again!", "I will remember that", "there goes my research", "fine, Defense next",
-       "and I thought we were friends", "you will regret this"},
       // Ending
       {"good game", "well played!", "gg", "what a finish", "who is in for the next one?",
        "that went fast", "congratulations", "again?"},

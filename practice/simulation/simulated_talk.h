@@ -16,10 +16,8 @@ std::string SimulatedTeamName(std::size_t number);
 
 enum class Occasion : std::uint8_t {
   Lobby,     // nothing is going on
-  Opening,   // a game has begun
-  Playing,   // in the middle of a game
+  Playing,   // a game is on
   Closing,   // someone needs only the Golden Knowledge
-  SetBack,   // after a hit
   Ending,    // a game is over
   Greeting,  // someone has said hello
   Question,  // someone has asked something

@@ -16,11 +16,8 @@ using std::chrono::milliseconds;
 constexpr int kMostSimulatedSeats = 6;
 /// Of the simulated players in percent; the rest may be offline.
 constexpr int kLeastOnline = 70;
-/// How often, in percent, a hit is complained about at each move.
-constexpr int kComplains = 8;
 /// Lines that nobody says again for a while.
-constexpr std::size_t kRemembered = 20;
-constexpr int kOpeningTicks = 5;
+constexpr std::size_t kRemembered = 12;
 constexpr std::size_t kTeamSize = 2;
 constexpr std::size_t kMostSimulatedTeams = 3;
 /// Nobody can type a tab, so that the team stays among simulated players.
@@ -31,6 +28,9 @@ constexpr auto kTeamPassword = "\tsimulated";
 Simulation::Simulation(Accounts& accounts, Lobby& lobby, Arena& arena, Tournament& tournament,
                        std::uint64_t seed, int count)
     : lobby_(lobby), arena_(arena), tournament_(tournament), dice_(seed) {
+  lobby.SetChatListener([this](const Player& speaker, const Player* listener, auto words) {
+    Hear(speaker, listener, words);
+  });
   const std::size_t first = dice_.Below(100);
   for (std::size_t number = 0; number < static_cast<std::size_t>(count); ++number) {
     characters_.push_back({&accounts.AddSimulated(SimulatedName(number)), first + number});
@@ -105,9 +105,6 @@ void Simulation::FormTeam() {
 void Simulation::Act(Character& character) {
   Player& player = *character.player;
   if (const Contender* self = arena_.SeatOf(player)) {
-    if (self->was_set_back && dice_.Chance(kComplains)) {
-      Say(character, Occasion::SetBack, {});
-    }
     if (const auto move = NextMove(*arena_.game(), *self, character.number, dice_)) {
       lobby_.Handle(player, *move);
     }
@@ -135,7 +132,6 @@ void Simulation::MakeSmallTalk() {
   const Occasion occasion = arena_.phase() == Arena::Phase::Resting ? Occasion::Ending
                             : !plays                                ? Occasion::Lobby
                             : !game->IsOpen()                       ? Occasion::Closing
-                            : game->ticks() < kOpeningTicks         ? Occasion::Opening
                                                                     : Occasion::Playing;
   const Character* other = AnyOnline();
   std::string_view name = other == speaker ? std::string_view() : other->account->name;

@@ -23,9 +23,6 @@ class Simulation {
   /// The game's time goes on; it never falls.
   void Step(std::chrono::milliseconds now);
 
-  /// Someone has said something to everyone, or to `listener` alone.
-  void Hear(const Player& speaker, const Player* listener, std::string_view words);
-
  private:
   struct Character {
     Account* account;
@@ -43,6 +40,8 @@ class Simulation {
   void FormTeam();
   void Act(Character& character);
   void MakeSmallTalk();
+  /// Answers a person, who has spoken to everyone or to `listener` alone.
+  void Hear(const Player& speaker, const Player* listener, std::string_view words);
   /// Types a line for the occasion behind the command, with the name in place of "%". False when
   /// all of them have been said lately.
   bool Say(Character& speaker, Occasion occasion, std::string_view name,
