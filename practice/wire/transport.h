@@ -13,9 +13,6 @@ inline constexpr ConnectionId kNoConnection = 0;
 
 class Transport {
  public:
-  Transport() = default;
-  Transport(const Transport&) = delete;
-  Transport& operator=(const Transport&) = delete;
   virtual ~Transport() = default;
 
   /// Queues whole messages; returns at once and never calls back. An id that has ended is ignored.

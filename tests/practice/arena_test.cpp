@@ -107,6 +107,9 @@ TEST_F(ArenaTest, AttacksAndAlliancesReachBothSidesAndTheOneHitIsAlerted) {
   EXPECT_THAT(Answers(anna, "[aly]Bobby"), ElementsAre(HasSubstr("You offer Bobby")));
   EXPECT_THAT(Heard(bobby), ElementsAre(HasSubstr("Anna offers you")));
   EXPECT_THAT(Answers(bobby, "[aly]anna"), ElementsAre(HasSubstr("are allies now")));
+  EXPECT_THAT(Answers(bobby, "[aly]anna"), ElementsAre(HasSubstr("Anna is your ally already.")));
+  EXPECT_THAT(Answers(bobby, "[aly]carol"), ElementsAre(HasSubstr("allied with Anna; /break")));
+  EXPECT_THAT(Answers(carol, "[aly]anna"), ElementsAre(HasSubstr("Anna has another ally.")));
   Pass(100ms);
   EXPECT_THAT(Heard(anna), Contains("[onl]Anna|3|1|1&Bobby|3|1|1&Carol|6|1|1"));
   EXPECT_THAT(Answers(carol, "[bre]Anna"), ElementsAre(StartsWith("[bre]Anna|Bobby|1|")));
