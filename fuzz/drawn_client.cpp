@@ -41,7 +41,7 @@ std::function<void()> DrawnClient::Watch(std::string_view name, Read read) {
 template <typename Presenter, typename Read>
 std::function<void()> DrawnClient::WatchWindow(std::string_view name, Presenter& presenter,
                                                Read read) {
-  const auto redraw = Watch(name, read);
+  auto redraw = Watch(name, read);
   parts_.back().is_up_to_date = [&presenter, is_up_to_date = parts_.back().is_up_to_date] {
     return presenter.window().state() != WindowLife::State::Shown || is_up_to_date();
   };

@@ -69,7 +69,7 @@ class ResearchBoard final : public BoardReceiver {
   explicit ResearchBoard(GameClock& clock);
   ResearchBoard(const ResearchBoard&) = delete;
   ResearchBoard& operator=(const ResearchBoard&) = delete;
-  ~ResearchBoard();
+  ~ResearchBoard() override;
 
   /// "Research Points: " and the number in its shortest plain decimal form, however large or small:
   /// no exponent, and apart from zeros only the digits that distinguish it from every other double.

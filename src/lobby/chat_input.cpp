@@ -76,7 +76,6 @@ void ChatInput::SendChatLine() {
   history_.push_back(std::move(line));
   typed_.push_back(std::exchange(text_, {}));
   position_ = typed_.size();
-  draft_.clear();
   Notify(on_changed);
 }
 
