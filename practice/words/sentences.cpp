@@ -8,7 +8,7 @@ namespace {
 
 /// By Refusal.
 constexpr std::string_view kRefusals[] = {
-#define REFUSAL(name, text) text,
+#define REFUSAL(name, text) std::string_view(text),
 #include "practice/words/refusals.h"
 #undef REFUSAL
 };

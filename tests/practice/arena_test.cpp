@@ -182,7 +182,7 @@ TEST_F(ArenaTest, ALoginShowsHowThingsStand) {
 
 TEST_F(ArenaTest, ATournamentGameIsForTeamsAndItsPurseForTheWinners) {
   const auto carol = LogIn("Carol");
-  for (const auto winner : {bobby, carol}) {  // so that both can pay
+  for (const auto winner : {anna, bobby, carol}) {  // so that all can pay
     Begin();
     Send(carol, "[jon]");
     NearlyWin(winner);
@@ -190,6 +190,7 @@ TEST_F(ArenaTest, ATournamentGameIsForTeamsAndItsPurseForTheWinners) {
     Pass(20s);
   }
   Send(carol, "[tjo]Cats|pass|");
+  Send(anna, "[tjo]Cats|pass|");
   Send(bobby, "[tjo]Foxes|pass|");
   Send(anna, "[tcr]50|2|3|");
   EXPECT_THAT(Answers(LogIn("David"), "[tjo]Foxes|pass|"),
@@ -200,13 +201,14 @@ TEST_F(ArenaTest, ATournamentGameIsForTeamsAndItsPurseForTheWinners) {
   Begin();
   NearlyWin(carol);
   Win(carol);
-  EXPECT_THAT(journal, Contains("Tournament game 3 begins: Bobby and Carol"));
-  EXPECT_THAT(Heard(bobby), Contains(HasSubstr("Carol wins game 3 after")));
+  EXPECT_THAT(journal, Contains("Tournament game 4 begins: Anna, Bobby and Carol"));
+  EXPECT_THAT(Heard(bobby), Contains(HasSubstr("Anna and Carol win game 4 after")));
   Pass(20s);
   EXPECT_THAT(Heard(bobby), Contains("[clt]"));
-  // Twice 550 as for any win, less 50, and the purse of 100.
+  // Twice 550 as for any win, less 50, and half the purse of 150; 200 for an ally's win.
   EXPECT_THAT(Answers(anna, "[bre]Carol"),
-              ElementsAre(AllOf(StartsWith("[bre]Carol|None|3|2|"), HasSubstr("|1150|"))));
+              ElementsAre(AllOf(StartsWith("[bre]Carol|None|3|2|"), HasSubstr("|1125|"))));
+  EXPECT_THAT(Answers(bobby, "[bre]Anna"), ElementsAre(HasSubstr("|775|")));
 }
 
 }  // namespace
