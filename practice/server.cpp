@@ -93,17 +93,14 @@ void Server::Handle(ConnectionId connection, Session& session, std::string_view 
 
 void Server::LogIn(ConnectionId connection, Session& session, const ClientRequest& request) {
   if (!request.is_complete) {
-    End(connection, Refusal::IncompleteLogin);
-    return;
+    return End(connection, Refusal::IncompleteLogin);
   }
   const auto [refusal, account] = accounts_.Admit(request.fields[1], request.fields[2]);
   if (account == nullptr) {
-    End(connection, refusal);
-    return;
+    return End(connection, refusal);
   }
   if (players_.Find(account->name) != nullptr) {
-    End(connection, Refusal::LoggedInElsewhere, {account->name});
-    return;
+    return End(connection, Refusal::LoggedInElsewhere, {account->name});
   }
   session.player = &lobby_.Enter(connection, *account);
   journal_(account->name + " logged in");

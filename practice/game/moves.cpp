@@ -163,7 +163,7 @@ Contender* Moves::Seat(const Player& player) {
   return self;
 }
 
-Moves::Sides Moves::Opponents(const Player& player, std::string_view name) {
+std::pair<Contender*, Contender*> Moves::Opponents(const Player& player, std::string_view name) {
   Contender* self = Seat(player);
   if (self == nullptr) {
     return {};
@@ -174,9 +174,8 @@ Moves::Sides Moves::Opponents(const Player& player, std::string_view name) {
                           : opponent == nullptr ? Refusal::OpponentNotInGame
                           : opponent == self    ? Refusal::Yourself
                                                 : Refusal::None;
-  return players_.Refuse(player, refusal, other == nullptr ? "" : other->name())
-             ? Sides()
-             : Sides{self, opponent};
+  const bool is_refused = players_.Refuse(player, refusal, other == nullptr ? "" : other->name());
+  return {self, is_refused ? nullptr : opponent};
 }
 
 std::string Moves::PointsOf(const Contender& contender) {

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "practice/game/arena.h"
 #include "practice/players/players.h"
@@ -28,12 +29,9 @@ class Moves {
  private:
   /// Null, and refused, when the player has no place in the game.
   Contender* Seat(const Player& player);
-  /// Both sides of a move; null, and refused, when there is no such opponent.
-  struct Sides {
-    Contender* self = nullptr;
-    Contender* opponent = nullptr;
-  };
-  Sides Opponents(const Player& player, std::string_view name);
+  /// The player's side of a move and the other's; null, and refused, when there is no such
+  /// opponent.
+  std::pair<Contender*, Contender*> Opponents(const Player& player, std::string_view name);
   std::string PointsOf(const Contender& contender);
 
   Players& players_;

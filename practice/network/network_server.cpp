@@ -176,10 +176,9 @@ void NetworkServer::Flush() {
     Connection& connection = found->second;
     if (connection.is_reset) {
       ResetWhenClosed(connection.socket->socketDescriptor());
-      connection.socket->abort();
-      continue;
     }
-    if (connection.socket->bytesToWrite() + connection.outbox.size() > kMaxBacklog) {
+    if (connection.is_reset ||
+        connection.socket->bytesToWrite() + connection.outbox.size() > kMaxBacklog) {
       connection.socket->abort();
       continue;
     }

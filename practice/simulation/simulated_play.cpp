@@ -85,10 +85,8 @@ Move ChooseAlliance(const Game& game, const Contender& self, const Temperament& 
     const Contender& other = dice.Pick(game.contenders());
     partner = &other != &self && other.ally == nullptr ? &other : nullptr;
   }
-  if (partner == nullptr) {
-    return std::nullopt;
-  }
-  return ClientRequest{ClientMessage::FormAlliance, {partner->name()}};
+  return partner == nullptr ? Move()
+                            : ClientRequest{ClientMessage::FormAlliance, {partner->name()}};
 }
 
 /// The next level on the way to the Golden Knowledge, when there are points for it.

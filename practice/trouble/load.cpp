@@ -71,12 +71,10 @@ void Load::Send(ConnectionId connection, std::string_view messages) {
     }
     is_login |= message.starts_with(TagOf(ServerMessage::LoginAccepted));
     if (message.starts_with(kListTag)) {
-      with_crowd += kListTag;
-      with_crowd += crowd_;
+      with_crowd.append(kListTag).append(crowd_);
       message.remove_prefix(kListTag.size());
     }
-    with_crowd += message;
-    with_crowd += kMessageTerminator;
+    with_crowd.append(message).push_back(kMessageTerminator);
   }
   next_.Send(connection, with_crowd);
   if (is_login) {
