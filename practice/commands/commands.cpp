@@ -90,7 +90,7 @@ void Roll(const Context& context, Player& player, Text text) {
 void ToggleAway(const Context& context, Player& player, Text /*arguments*/) {
   player.is_away = !player.is_away;
   const bool steps_back =
-      player.is_away && player.is_ready && context.arena.SeatOf(player) == nullptr;
+      player.is_away && player.is_ready && context.arena.SeatOf(*player.account) == nullptr;
   player.is_ready &= !steps_back;
   context.players.Say(player, steps_back       ? sentences::kAwayAndOut
                               : player.is_away ? sentences::kAway

@@ -75,7 +75,7 @@ void Arena::Step(milliseconds now) {
 }
 
 void Arena::Enter(Player& player) {
-  if (SeatOf(player) != nullptr) {
+  if (SeatOf(*player.account) != nullptr) {
     players_.Refuse(player, Refusal::InGameAlready);
     return;
   }
@@ -102,7 +102,7 @@ void Arena::Enter(Player& player) {
 }
 
 void Arena::Leave(Player& player) {
-  Contender* seat = SeatOf(player);
+  Contender* seat = SeatOf(*player.account);
   if (!std::exchange(player.is_ready, false)) {
     players_.Refuse(player, Refusal::NotWaiting);
   } else if (seat == nullptr) {
@@ -220,7 +220,7 @@ void Arena::Begin() {
     SendStart(*player, game_->Enter(*player->account, team));
   }
   for (auto& [key, player] : players_.all()) {
-    if (player.is_ready && SeatOf(player) == nullptr) {
+    if (player.is_ready && SeatOf(*player.account) == nullptr) {
       player.is_ready = false;
       players_.Refuse(player, Refusal::NotInTournamentGame);
     }

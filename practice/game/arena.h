@@ -48,9 +48,8 @@ class Arena {
   int number() const { return number_; }
   /// The game that is being played; null while none is.
   Game* game() { return game_ ? &*game_ : nullptr; }
-  /// The account's or player's place in it; null without one.
+  /// The account's place in it; null without one.
   Contender* SeatOf(const Account& account) { return game_ ? game_->Find(account) : nullptr; }
-  Contender* SeatOf(const Player& player) { return SeatOf(*player.account); }
 
   /// In words and real time: until the next tick, or until the next game at the earliest. Nothing
   /// while too few have gathered.

@@ -126,7 +126,7 @@ void Moves::Explain(const Player& player, std::string_view topic_code) {
     players_.Refuse(player, Refusal::NoSuchTopic);
     return;
   }
-  const Contender* self = arena_.SeatOf(player);
+  const Contender* self = arena_.SeatOf(*player.account);
   const Contender contender = self == nullptr ? Contender{player.account} : *self;
   const bool wins = *topic == TopicCode::GoldenKnowledge;
   const int level = wins ? 0 : contender.LevelOf(*topic);
@@ -150,13 +150,13 @@ void Moves::Describe(const Player& player) {
   for (const Contender& contender : arena_.game()->contenders()) {
     players_.Answer(player, Summary(contender));
   }
-  if (const Contender* self = arena_.SeatOf(player)) {
+  if (const Contender* self = arena_.SeatOf(*player.account)) {
     players_.Answer(player, PointsOf(*self));
   }
 }
 
 Contender* Moves::Seat(const Player& player) {
-  Contender* self = arena_.SeatOf(player);
+  Contender* self = arena_.SeatOf(*player.account);
   if (self == nullptr) {
     players_.Refuse(player, arena_.game() == nullptr ? Refusal::NoGameOn : Refusal::NotInGame);
   }
@@ -169,7 +169,7 @@ std::pair<Contender*, Contender*> Moves::Opponents(const Player& player, std::st
     return {};
   }
   const Player* other = players_.Find(TrimSpaces(name));
-  Contender* opponent = other == nullptr ? nullptr : arena_.SeatOf(*other);
+  Contender* opponent = other == nullptr ? nullptr : arena_.SeatOf(*other->account);
   const Refusal refusal = other == nullptr      ? Refusal::OpponentOffline
                           : opponent == nullptr ? Refusal::OpponentNotInGame
                           : opponent == self    ? Refusal::Yourself

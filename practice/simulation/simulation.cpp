@@ -104,7 +104,7 @@ void Simulation::FormTeam() {
 
 void Simulation::Act(Character& character) {
   Player& player = *character.player;
-  if (const Contender* self = arena_.SeatOf(player)) {
+  if (const Contender* self = arena_.SeatOf(*player.account)) {
     if (const auto move = NextMove(*arena_.game(), *self, character.number, dice_)) {
       lobby_.Handle(player, *move);
     }
@@ -128,7 +128,7 @@ void Simulation::MakeSmallTalk() {
     return;
   }
   const Game* game = arena_.game();
-  const bool plays = arena_.SeatOf(*speaker->player) != nullptr;
+  const bool plays = arena_.SeatOf(*speaker->account) != nullptr;
   const Occasion occasion = arena_.phase() == Arena::Phase::Resting ? Occasion::Ending
                             : !plays                                ? Occasion::Lobby
                             : !game->IsOpen()                       ? Occasion::Closing
