@@ -10,7 +10,6 @@
 
 #include "fuzz/input.h"
 #include "practice/server.h"
-#include "protocol/block_assembler.h"
 #include "protocol/message_catalogue.h"
 #include "protocol/message_kind.h"
 #include "protocol/message_table.h"
@@ -225,15 +224,6 @@ Inputs PracticeInputs() {
   return inputs;
 }
 
-Inputs BlockAssemblerInputs() {
-  const std::string long_text(BlockAssembler::kSmallestSegment, 'y');
-  return {Join({"A[con]Ann\0[msg]hel"s, "T\x10", "Alo\0"s, "T\xfa", "A" + long_text + "\0rest"s,
-                "T\x10", "Aend\0[a]"s, "A" + long_text, "T\xfa", "E"}),
-          Join({"F\x41\0"s, "F\x20\0[a]"s, "F\x30", "A\0"s, "E"}),
-          Join({"F\x40", "Ayy", "A\0"s, "F\x3f\0"s, "E"}),
-          Join({"F\xfe", "F\xfe", "F\xfe", "F\xfe", "F\xfe", "A\0[a]\0"s, "E"})};
-}
-
 Inputs MessageViewInputs() {
   const auto of_size = [](char chunk_size, const Inputs& events) {
     return std::string(1, chunk_size) + Join(events);
@@ -293,7 +283,6 @@ int main(int count, char** words) {
   using namespace korvanta::fuzz;
   Check(count == 2, "usage: make_seeds FOLDER");
   const std::filesystem::path folder = words[1];
-  Write(folder / "block_assembler", BlockAssemblerInputs());
   Write(folder / "client", ClientInputs());
   Write(folder / "message_view", MessageViewInputs());
   Write(folder / "practice", PracticeInputs());

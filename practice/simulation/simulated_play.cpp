@@ -20,18 +20,18 @@ struct Temperament {
 
 /// They take turns.
 constexpr auto kTemperaments = std::to_array<Temperament>({
-    {TopicCode::Industry, TopicCode::Population, 1, 0, 0, 10, 0},    // builder
-    {TopicCode::Industry, TopicCode::Military, 0, 3, 25, 5, 40},     // raider
-    {TopicCode::Industry, TopicCode::Defense, 3, 0, 0, 10, 0},       // guardian
-    {TopicCode::Population, TopicCode::Industry, 1, 1, 6, 40, 2},    // diplomat
-    {TopicCode::Population, TopicCode::Military, 1, 1, 12, 25, 60},  // schemer
-    {TopicCode::Industry, TopicCode::Population, 0, 1, 8, 5, 20},    // racer
+    {TopicCode::Industry, TopicCode::Population, 1, 0, 0, 10, 0},   // builder
+    {TopicCode::Industry, TopicCode::Military, 0, 3, 12, 5, 40},    // raider
+    {TopicCode::Industry, TopicCode::Defense, 3, 0, 0, 10, 0},      // guardian
+    {TopicCode::Population, TopicCode::Industry, 1, 1, 6, 20, 2},   // diplomat
+    {TopicCode::Population, TopicCode::Military, 1, 1, 6, 25, 60},  // schemer
+    {TopicCode::Industry, TopicCode::Population, 0, 1, 8, 5, 20},   // racer
 });
 
 /// How often, in percent, someone who is about to win is attacked by whoever can at each move.
-constexpr int kAlarm = 30;
+constexpr int kAlarm = 45;
 /// How often, in percent, a move is let pass: newcomers are to have a chance.
-constexpr int kHesitates = 6;
+constexpr int kHesitates = 16;
 
 using Move = std::optional<ClientRequest>;
 
