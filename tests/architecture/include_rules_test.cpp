@@ -92,7 +92,7 @@ std::vector<std::string> BrokenRules(const Tree& tree) {
       const std::string target = IsPractice(name) ? name : "src/" + name;
       if (of_system ? IsPlain(path) && !std::regex_match(name, standard_header)
                     : !tree.contains(target) || !MayInclude(path, target)) {
-        broken.push_back(path + " may not include " + name);
+        broken.emplace_back(path).append(" may not include ").append(name);
       }
     }
   }

@@ -15,7 +15,7 @@ using testing::IsEmpty;
 class ClientTest : public testing::Test {
  protected:
   ClientTest() {
-    client.main_window.on_show = [this] { events.push_back("main shown"); };
+    client.main_window.on_show = [this] { events.emplace_back("main shown"); };
     const std::pair<std::string, WindowLife*> windows[] = {
         {"login", &client.login_dialog.window()},
         {"news", &client.news.window()},
@@ -26,7 +26,7 @@ class ClientTest : public testing::Test {
       window->on_show = [this, name = name] { events.push_back(name + " shown"); };
       window->on_unload = [this, name = name] { events.push_back(name + " gone"); };
     }
-    platform.socket.on_drain = [this] { events.push_back("drained"); };
+    platform.socket.on_drain = [this] { events.emplace_back("drained"); };
   }
 
   std::vector<std::string> TakeEvents() { return std::exchange(events, {}); }
@@ -40,7 +40,7 @@ class ClientTest : public testing::Test {
     client.login_dialog.PasswordTyped("secret");
     client.login_dialog.LoginClicked();
     platform.socket.Accept();
-    platform.socket.Receive(std::string("[con]Alice\00112\0", 15));
+    platform.socket.Receive(std::string("[con]Alice\00112\0", 14));
     Sent();
     TakeEvents();
   }

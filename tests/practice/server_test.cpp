@@ -86,7 +86,7 @@ TEST_F(PracticeServerTest, MessagesAreWholeHoweverTheirBytesArriveUnlessTheyAreT
   EXPECT_THAT(Heard(anna), AllOf(Contains("[con]Anna|90"), Contains("[msg]cht|Anna: hi|False")));
   server.Received(anna, "re\0[ctc]c a\0[dis]\0[ctc]c never\0"s);
   EXPECT_THAT(Heard(anna), ElementsAre("[msg]cht|Anna: there|False", "[msg]cht|Anna: a|False"));
-  for (const std::size_t excess : {0, 1}) {
+  for (const std::size_t excess : {0U, 1U}) {
     const auto connection = LogIn("Anna");
     const std::string message(MessageStream::kLongestMessage + excess, 'x');
     server.Received(connection, "[ctc]c first\0"s + message + '\0');

@@ -175,7 +175,7 @@ class DeploymentFile : public IniFileTest {
     return ReadDeploymentFile(path);
   }
 
-  const DeploymentValues built_in;
+  const DeploymentValues built_in{};
 };
 
 TEST_F(DeploymentFile, GivesTheValuesOfItsGroupAndKeepsTheOthers) {

@@ -25,6 +25,7 @@ TEST(Contrast, IsThatOfTheGuidelines) {
 /// The last three are not ours to choose; their grounds are, and serve them as well as any.
 TEST(Legibility, EveryColourStandsOutFromEachOfItsGrounds) {
   std::vector<QColor> on_paper;
+  on_paper.reserve(std::size(kRoleColours) + 8);
   for (const Colour colour : kRoleColours) {
     on_paper.push_back(ToQColor(colour));
   }
@@ -32,6 +33,7 @@ TEST(Legibility, EveryColourStandsOutFromEachOfItsGrounds) {
     on_paper.push_back(ToQColor(OnlineColour({&category, 1})));
   }
   std::vector<QColor> on_board;
+  on_board.reserve(std::size(kTopics));
   for (const TopicRow& topic : kTopics) {
     on_board.push_back(ToQColor(topic.colour));
   }

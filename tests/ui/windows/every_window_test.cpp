@@ -300,7 +300,7 @@ TEST_F(EveryWindow, NewsAreShownFromTheirStartAndNotTypedInto) {
   QScrollBar& bar = *view.verticalScrollBar();
   frame.resize(400, 250);
   QTest::keyClick(&view, Qt::Key_Plus, Qt::ControlModifier);
-  for (const int lines : {20, 30}) {
+  for (const std::size_t lines : {20U, 30U}) {
     bar.triggerAction(QAbstractSlider::SliderToMaximum);
     Receive("[nws]" + std::string(lines, '\n'));
     QTest::keyClicks(&view, QStringLiteral("read only"));
