@@ -81,7 +81,8 @@ class PlainTextTest : public MainWindowTest {
     QApplication::processEvents();
   }
 
-  std::function<QString()> Property(std::string_view name, std::string property = "text") const {
+  std::function<QString()> Property(std::string_view name,
+                                    const std::string& property = "text") const {
     return [=, this, control = std::string(name)] {
       QString text = Get(control).property(property.c_str()).toString();
       // Of two marks of a mnemonic the second is shown, of one none.
