@@ -86,4 +86,4 @@ REFUSAL(
     OnlyLeaderDisbands,
     "Only %1, who leads the team, may disband it. To leave it, kick yourself in the list of teams.")
 REFUSAL(OnlyLeaderKicks, "Only %1, who leads the team, may kick others from it.")
-REFUSAL(NoTeamMember, "You can kick only members of your own team: choose the line of one.")
+REFUSAL(NoTeamMember, "You can kick only members of your team: choose the line of one.")

@@ -70,8 +70,8 @@ TEST_F(TournamentDeskTest, LeadersKickAndDisbandAndMembersLeave) {
   for (const auto player : {bobby, carol, david}) {
     Send(player, "[tjo]Foxes|pass|");
   }
-  ExpectRefusals({{anna, "[tkp]Bobby", "your own team"},
-                  {bobby, "[tkp]Team Foxes, led by Bobby", "your own team"},
+  ExpectRefusals({{anna, "[tkp]Bobby", "members of your team"},
+                  {bobby, "[tkp]Team Foxes, led by Bobby", "members of your team"},
                   {carol, "[tkp]David", "Only Bobby"},
                   {carol, "[tdb]", "Only Bobby"},
                   {anna, "[tdb]", "not in a team"}});

@@ -2,6 +2,7 @@
 
 #include <QSocketNotifier>
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <sys/resource.h>
 #include <sys/socket.h>
@@ -15,8 +16,10 @@ namespace {
 std::array<int, 2> sockets;
 
 extern "C" void WakeEventLoop(int /*signal*/) {
+  const int interrupted_error = errno;
   const char byte = 0;
   [[maybe_unused]] const auto written = ::write(sockets[0], &byte, 1);
+  errno = interrupted_error;
 }
 
 }  // namespace
