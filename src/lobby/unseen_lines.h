@@ -1,5 +1,5 @@
-/// Counts the lines that arrive out of view while Scroll Lock is on. Kept by ScrollPosition, shown
-/// by the view's widget.
+/// Counts the lines that arrive out of view while Scroll Lock is on, until they are seen or the
+/// next line arrives without it. Kept by ScrollPosition, shown by the view's widget.
 #pragma once
 
 #include <cstddef>
@@ -16,15 +16,16 @@ class UnseenLines {
   /// Start of the newest of them.
   std::size_t newest() const { return newest_; }
 
-  /// The lines have been seen, or Scroll Lock is off.
+  /// The lines have been seen.
   void Clear() { count_ = 0; }
 
   /// To be called with every change of the view.
   void TextChanged(const MessageView::Change& change, bool scroll_locked) {
-    if (change.what == MessageView::Change::What::Inserted && scroll_locked) {
+    using What = MessageView::Change::What;
+    if (change.what == What::Inserted && scroll_locked) {
       ++count_;
       newest_ = change.offset;
-    } else if (change.what == MessageView::Change::What::Cleared || !scroll_locked) {
+    } else if (change.what == What::Inserted || change.what == What::Cleared) {
       Clear();
     }
   }

@@ -109,7 +109,7 @@ TEST_F(ScrollPositionTest, ScrollLockHoldsWhatIsSeenAndCountsWhatIsNot) {
       {"all of it", [&] { position.ShowUnseen(); }, "line 27"},
       {"none left", [&] { position.ScrollTo(0), position.ShowUnseen(); }, "line 0"},
       {"unseen once more", [&] { write_at(view.size()); }, "line 0", 2},
-      {"unlocked", [&] { Lock(false); }, "line 0"},
+      {"unlocked", [&] { Lock(false); }, "line 0", 2},
       {"the next line", [&] { WriteLines(1); }, "rows"},
       {"locked and emptied", [&] { Lock(true), view.Clear(), WriteLines(9); }, "line 31", 5},
       {"emptied for good", [&] { view.Clear(), position.Settle(); }, ""},
