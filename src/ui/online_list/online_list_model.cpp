@@ -100,6 +100,10 @@ void SortBy(std::vector<std::size_t>& order, const std::vector<OnlineList::Entry
                  [](const auto& key) { return key.second; });
 }
 
+QString PlayerHint() {
+  return QStringLiteral("Right click or Shift+F10: attack, statistics, alliance");
+}
+
 }  // namespace
 
 OnlineListModel::OnlineListModel(const OnlineList& list, QObject* parent)
@@ -138,7 +142,10 @@ QVariant OnlineListModel::data(const QModelIndex& index, int role) const {
     case Qt::DecorationRole:
       return is_name ? (entry.marked ? marked_ : unmarked_) : QVariant();
     case Qt::ToolTipRole:
-      return PlainToolTip(ToQString(is_name ? entry.name : entry.level));
+      return PlainToolTip(ToQString(is_name ? entry.name : entry.level) + QLatin1Char('\n') +
+                          PlayerHint());
+    case Qt::AccessibleDescriptionRole:
+      return PlayerHint();
     case Qt::AccessibleTextRole:
       return is_name && entry.marked ? ToQString(entry.name) + QStringLiteral(", marked")
                                      : ToQString(is_name ? entry.name : entry.level);

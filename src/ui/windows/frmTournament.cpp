@@ -157,6 +157,8 @@ QPushButton* frmTournament::MakeCommand(const char* name, const QString& caption
 }
 
 void frmTournament::FillInfoPage() {
+  cmbTeam->lineEdit()->setPlaceholderText(QStringLiteral("A new name makes a new team"));
+  txtPassword->setPlaceholderText(QStringLiteral("The team's, or one for a new team"));
   txtPassword->setEchoMode(QLineEdit::Password);
   BindBox(cmbTeam->lineEdit(), &TournamentTexts::cmbTeam);
 
