@@ -200,6 +200,7 @@ void Help(const Context& context, Player& player, Text /*arguments*/) {
       context.players.Answer(player, usage + " - " + std::string(command.purpose));
     }
   }
+  context.players.Say(player, sentences::kHoldView);
 }
 
 /// Each word that has to follow stands for at least one.

@@ -71,7 +71,7 @@ REFUSAL(FewerPlayersThanTeams,
         "%2 players cannot make up %1 teams; allow at least as many players as teams.")
 REFUSAL(TooManyTeamsAlready, "There are more teams, or players in teams, than that already.")
 REFUSAL(TournamentOpenAlready, "There is a tournament already; end it first.")
-REFUSAL(NoTournament, "There is no tournament.")
+REFUSAL(NoTournament, "There is no tournament; \"Start Tournament\" opens one.")
 REFUSAL(TooFewTeams, "A tournament game needs at least two teams.")
 REFUSAL(GameSetAlready, "The next game is the tournament game already.")
 REFUSAL(EntryFeeTooHigh, "The entry fee is %1 points of Total Score, and you have %2.")
@@ -81,7 +81,8 @@ REFUSAL(WrongTeamPassword, "That team exists, and its password is a different on
 REFUSAL(InTeamAlready,
         "You are in the team %3. Leave it first: kick yourself in the list of teams.")
 REFUSAL(NoRoomForTeam, "There is no room for another team or player.")
-REFUSAL(NotInTeam, "You are not in a team. The tournament window lets you create or join one.")
+REFUSAL(NotInTeam,
+        "You are not in a team. The tournament window (Ctrl+T) lets you create or join one.")
 REFUSAL(
     OnlyLeaderDisbands,
     "Only %1, who leads the team, may disband it. To leave it, kick yourself in the list of teams.")

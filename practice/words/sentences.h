@@ -52,7 +52,7 @@ constexpr Sentence kFirstSteps = Announcement(
 constexpr Sentence kAdministratorWelcome = {
     MessageKind::Admin,
     "You are the administrator of this server: /announce speaks to everyone, and the tournament "
-    "window has an Admin page for you."};
+    "window (Ctrl+T) has an Admin page for you."};
 constexpr Sentence kFarewell = Announcement("The server is shutting down. Goodbye!");
 
 // Gathering for a game.
@@ -106,8 +106,7 @@ constexpr Sentence kNextGameIn = Answer("The next game begins in %1 at the earli
 constexpr Sentence kNextGameNeedsTwo = Answer("The next game begins when two players are ready.");
 
 // Lines and commands.
-constexpr Sentence kHelp =
-    Answer("Press Ctrl+K to hold these lines still. Commands, each typed with a slash in front:");
+constexpr Sentence kHelp = Answer("Commands, each typed with a slash in front:");
 constexpr Sentence kHoldView = Answer("Press Ctrl+K to hold these lines still.");
 constexpr Sentence kListenerAway = Answer("%1 is away and may not see it at once.");
 constexpr Sentence kRolls = Comment("%1 rolls %2 of %3");
@@ -132,7 +131,7 @@ constexpr std::string_view kKicked = "has kicked %1";
 constexpr std::string_view kTeamStays = "the tournament is over; your team stays together";
 constexpr Sentence kTournamentOpens = Announcement(
     "A tournament is open for %1 teams and %2 players, entry fee %3. Create or join "
-    "a team in the tournament window!");
+    "a team in the tournament window (Ctrl+T)!");
 constexpr Sentence kTournamentGameSet =
     Announcement("The next game will be the tournament game; only members of teams take part.");
 constexpr Sentence kSetForNextGame = Answer(
