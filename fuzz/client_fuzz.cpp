@@ -1,6 +1,8 @@
 /// Fuzz target: a whole client, fed any blocks between any clicks, ticks and socket events.
 #include <algorithm>
+#include <functional>
 #include <numeric>
+#include <type_traits>
 
 #include "fuzz/input.h"
 #include "fuzz/watched_client.h"
@@ -12,15 +14,18 @@ namespace {
 using std::chrono_literals::operator""ms;
 
 constexpr std::size_t kDeepestBox = 3;
+constexpr char kSettingLetter = 'K';  ///< before the start
+constexpr char kAnswerLetter = 'Y';   ///< in a message box; an odd number is a Yes
 
-/// What an event does. While a message box stands, the user reaches nothing else.
+/// Where an event happens. While a message box stands, the user reaches no window.
+enum class Place { Outside, InMain, InLogin, InStatistics, InNews, InTournament };
+using enum Place;
+
 struct Action {
   char letter;
+  Place place;
   void (*run)(WatchedClient& watched, Event event);
-  enum { ByUser, ByItself } source = ByUser;
 };
-
-bool IsShown(WindowLife& window) { return window.state() == WindowLife::State::Shown; }
 
 /// The item that has this name; for other texts any one, always the same.
 const MenuItem& ItemFor(std::string_view name) {
@@ -30,178 +35,149 @@ const MenuItem& ItemFor(std::string_view name) {
   return found != items.end() ? **found : *items[any];
 }
 
-void UseLoginDialog(WatchedClient& watched, Event event) {
-  LoginDialog& dialog = watched.client().login_dialog;
-  if (!IsShown(dialog.window())) {
-    return;
-  }
-  const std::size_t what = event.TakeNumber();
-  switch (what % 9) {
-    case 0:
-      return dialog.LoginClicked();
-    case 1:
-      return dialog.UserNameTyped(event.text);
-    case 2:
-      return dialog.PasswordTyped(event.text);
-    case 3:
-      return dialog.UserNameChosen(event.TakeNumber());
-    case 4:
-      return dialog.SaveClicked(event.TakeNumber() % 2 == 1);
-    case 5:
-      return dialog.RemoveUserClicked();
-    case 6:
-      return dialog.ClearClicked();
-    case 7:
-      return dialog.ServerTyped(event.text);
-    default:
-      return dialog.CancelClicked();
+/// Calls a method of a part of the client with what it takes of the event: nothing, the text, or a
+/// number.
+template <auto part, auto method>
+void Call(WatchedClient& watched, Event event) {
+  const auto call = std::bind_front(method, &(watched.client.*part));
+  if constexpr (std::is_invocable_v<decltype(call)>) {
+    call();
+  } else if constexpr (std::is_invocable_v<decltype(call), std::string_view>) {
+    call(event.text);
+  } else {
+    call(event.TakeNumber());
   }
 }
 
-/// Types name and password and logs in.
+/// Likewise, where the control shows already what the user does.
+template <auto part, auto method>
+void Enter(WatchedClient& watched, Event event) {
+  Call<part, method>(watched, event);
+  watched.UserTyped();
+}
+
+template <TournamentTab tab>
+void ChooseTab(WatchedClient& watched, Event /*event*/) {
+  watched.client.tournament.TabChosen(tab);
+}
+
+template <auto part>
+void Unload(WatchedClient& watched, Event /*event*/) {
+  (watched.client.*part).window().Unload();
+}
+
+void AnswerWeb(WatchedClient& watched, Event event) {
+  watched.platform.web.Answer(static_cast<int>(event.TakeNumber()));
+}
+
+void ClickItem(WatchedClient& watched, Event event) { ItemFor(event.text).click(watched.client); }
+
 void LogIn(WatchedClient& watched, Event event) {
-  LoginDialog& dialog = watched.client().login_dialog;
-  if (IsShown(dialog.window())) {
-    const std::size_t comma = event.text.find(',');
-    dialog.UserNameTyped(event.text.substr(0, comma));
-    dialog.PasswordTyped(comma == std::string_view::npos ? "secret" : event.text.substr(comma + 1));
-    dialog.LoginClicked();
-  }
-}
-
-void UseChatInput(WatchedClient& watched, Event event) {
-  ChatInput& chat = watched.client().chat_input;
-  switch (event.TakeNumber() % 5) {
-    case 0:
-      return chat.SendChatLine();
-    case 1:
-      return chat.TextEdited(event.text);
-    case 2:
-      return chat.HistoryUp();
-    case 3:
-      return chat.HistoryDown();
-    default:
-      return chat.HistoryChosen(event.TakeNumber());
-  }
+  LoginDialog& dialog = watched.client.login_dialog;
+  const std::size_t comma = event.text.find(',');
+  dialog.UserNameTyped(event.text.substr(0, comma));
+  dialog.PasswordTyped(comma == std::string_view::npos ? "secret" : event.text.substr(comma + 1));
+  dialog.LoginClicked();
 }
 
 void SayLine(WatchedClient& watched, Event event) {
-  watched.client().chat_input.TextEdited(event.text);
-  watched.client().chat_input.SendChatLine();
+  watched.client.chat_input.TextEdited(event.text);
+  watched.client.chat_input.SendChatLine();
 }
 
-void UseBoard(WatchedClient& watched, Event event) {
-  const std::size_t topic = event.TakeNumber() % 5 + 1;
-  const std::size_t level = event.TakeNumber() % 5 + 1;
-  watched.client().board_actions.BoxRightClicked(static_cast<TopicCode>(topic),
-                                                 static_cast<std::int16_t>(level));
-  ItemFor(event.text).click(watched.client());
+void ClickBox(WatchedClient& watched, Event event) {
+  const auto topic = static_cast<TopicCode>(event.TakeNumber() % 5 + 1);
+  const auto level = static_cast<std::int16_t>(event.TakeNumber() % 5 + 1);
+  watched.client.board_actions.BoxRightClicked(topic, level);
+  ItemFor(event.text).click(watched.client);
 }
 
-void UseOnlineList(WatchedClient& watched, Event event) {
-  OnlineList& list = watched.client().online_list;
+void ClickPlayer(WatchedClient& watched, Event event) {
+  OnlineList& list = watched.client.online_list;
   const std::size_t index = event.TakeNumber();
   list.Select(index < list.entries().size() ? std::optional(index) : std::nullopt);
-  if (watched.client().board_actions.PlayerRightClicked()) {
-    ItemFor(event.text).click(watched.client());
+  if (watched.client.board_actions.PlayerRightClicked()) {
+    ItemFor(event.text).click(watched.client);
   }
 }
 
-void UseMessageView(WatchedClient& watched, Event event) {
-  MessageView& view = watched.client().message_view;
-  const std::size_t what = event.TakeNumber();
+/// Places the selection anywhere in the message view, or a little behind its text.
+void SelectLines(WatchedClient& watched, Event event) {
+  MessageView& view = watched.client.message_view;
   const std::size_t from = event.TakeNumber() * (view.size() + 2) / 255;
-  const std::size_t to = event.TakeNumber() * (view.size() + 2) / 255;
-  switch (what % 4) {
-    case 0:
-      return view.Select(from, to);
-    case 1:
-      return view.MoveCaret(from, to % 2 == 1);
-    case 2:
-      return view.SelectAll();
-    default:
-      Check(view.SelectedText().size() <= view.selection().to - view.selection().from,
-            "a copy is no longer than the selection");
-  }
+  view.Select(from, event.TakeNumber() * (view.size() + 2) / 255);
+  Check(view.SelectedText().size() <= view.selection().to - view.selection().from,
+        "a copy is no longer than the selection");
 }
 
-void UseStatistics(WatchedClient& watched, Event event) {
-  Statistics& statistics = watched.client().statistics;
-  if (!IsShown(statistics.window())) {
-    return;
-  }
-  switch (event.TakeNumber() % 3) {
-    case 0:
-      statistics.UserInputTyped(event.text);
-      return watched.UserTyped();
-    case 1:
-      return statistics.SearchClicked();
-    default:
-      return statistics.window().Unload();
-  }
-}
-
-void UseTournament(WatchedClient& watched, Event event) {
+void TypeInTournament(WatchedClient& watched, Event event) {
   constexpr std::string TournamentTexts::*kBoxes[] = {
       &TournamentTexts::iEntryFee, &TournamentTexts::txtPurse,    &TournamentTexts::iMaxTeams,
       &TournamentTexts::cmbTeam,   &TournamentTexts::iMaxPlayers, &TournamentTexts::txtPassword,
       &TournamentTexts::EntryFee,  &TournamentTexts::MaxTeams,    &TournamentTexts::MaxPlayers};
-  constexpr void (Tournament::*kButtons[])() = {
-      &Tournament::CreateJoinClicked,    &Tournament::KickPlayerClicked,
-      &Tournament::DisbandTeamClicked,   &Tournament::StartTournamentClicked,
-      &Tournament::EndTournamentClicked, &Tournament::SetTournamentGameClicked};
-  Tournament& tournament = watched.client().tournament;
-  if (!IsShown(tournament.window())) {
-    return;
-  }
-  const std::size_t what = event.TakeNumber();
-  const std::size_t which = event.TakeNumber();
-  switch (what % 5) {
-    case 0:
-      tournament.Typed(kBoxes[which % std::size(kBoxes)], event.text);
-      return watched.UserTyped();
-    case 1:
-      return tournament.TabChosen(static_cast<TournamentTab>(which % 3));
-    case 2:
-      tournament.TeamSelected(which);
-      return watched.UserTyped();
-    case 3:
-      return (tournament.*kButtons[which % std::size(kButtons)])();
-    default:
-      return tournament.window().Unload();
-  }
+  const auto box = kBoxes[event.TakeNumber() % std::size(kBoxes)];
+  watched.client.tournament.Typed(box, event.text);
+  watched.UserTyped();
 }
 
-constexpr char kSettingLetter = 'K';  ///< before the start alone
-constexpr char kAnswerLetter = 'Y';   ///< in a message box alone
-
 constexpr Action kActions[] = {
-    {kSettingLetter, [](auto&, Event) {}},
-    {kAnswerLetter, [](auto&, Event) {}},
-    {'B', [](auto& watched, Event event) { watched.Receive(event.text); }, Action::ByItself},
-    {'A', [](auto& watched, Event) { watched.Accept(); }, Action::ByItself},
-    {'H', [](auto& watched, Event) { watched.Hangup(); }, Action::ByItself},
-    {'T', [](auto& watched, Event) { watched.Tick(1000ms); }, Action::ByItself},
-    {'X', [](auto& watched, Event) { watched.Close(); }, Action::ByItself},
-    {'W', [](auto& watched, Event event) { watched.AnswerWeb(int(event.TakeNumber())); },
-     Action::ByItself},
-    {'L', LogIn},
-    {'d', UseLoginDialog},
-    {'s', SayLine},
-    {'c', UseChatInput},
-    {'m', [](auto& watched, Event event) { ItemFor(event.text).click(watched.client()); }},
-    {'b', UseBoard},
-    {'o', UseOnlineList},
-    {'v', UseMessageView},
-    {'u', UseStatistics},
-    {'n', [](auto& watched, Event) { watched.client().news.window().Unload(); }},
-    {'t', UseTournament},
+    {'B', Outside, [](auto& watched, Event event) { watched.Receive(event.text); }},
+    {'A', Outside, [](auto& watched, Event) { watched.Accept(); }},
+    {'H', Outside, [](auto& watched, Event) { watched.Hangup(); }},
+    {'T', Outside, [](auto& watched, Event) { watched.platform.timers.Tick(1000ms); }},
+    {'X', Outside, [](auto& watched, Event) { watched.Close(); }},
+    {'W', Outside, AnswerWeb},
+
+    {'m', InMain, ClickItem},
+    {'b', InMain, ClickBox},
+    {'o', InMain, ClickPlayer},
+    {'s', InMain, SayLine},
+    {'e', InMain, Call<&Client::chat_input, &ChatInput::TextEdited>},
+    {'<', InMain, Call<&Client::chat_input, &ChatInput::HistoryUp>},
+    {'>', InMain, Call<&Client::chat_input, &ChatInput::HistoryDown>},
+    {'h', InMain, Call<&Client::chat_input, &ChatInput::HistoryChosen>},
+    {'v', InMain, SelectLines},
+
+    {'L', InLogin, LogIn},
+    {'S', InLogin, Call<&Client::login_dialog, &LoginDialog::ServerTyped>},
+    {'N', InLogin, Call<&Client::login_dialog, &LoginDialog::UserNameTyped>},
+    {'C', InLogin, Call<&Client::login_dialog, &LoginDialog::UserNameChosen>},
+    {'P', InLogin, Call<&Client::login_dialog, &LoginDialog::PasswordTyped>},
+    {'V', InLogin, Call<&Client::login_dialog, &LoginDialog::SaveClicked>},
+    {'R', InLogin, Call<&Client::login_dialog, &LoginDialog::RemoveUserClicked>},
+    {'E', InLogin, Call<&Client::login_dialog, &LoginDialog::ClearClicked>},
+    {'Q', InLogin, Call<&Client::login_dialog, &LoginDialog::CancelClicked>},
+
+    {'u', InStatistics, Enter<&Client::statistics, &Statistics::UserInputTyped>},
+    {'f', InStatistics, Call<&Client::statistics, &Statistics::SearchClicked>},
+    {'x', InStatistics, Unload<&Client::statistics>},
+    {'n', InNews, Unload<&Client::news>},
+
+    {'t', InTournament, TypeInTournament},
+    {'p', InTournament, Enter<&Client::tournament, &Tournament::TeamSelected>},
+    {'1', InTournament, ChooseTab<TournamentTab::Info>},
+    {'2', InTournament, ChooseTab<TournamentTab::Teams>},
+    {'3', InTournament, ChooseTab<TournamentTab::Admin>},
+    {'j', InTournament, Call<&Client::tournament, &Tournament::CreateJoinClicked>},
+    {'k', InTournament, Call<&Client::tournament, &Tournament::KickPlayerClicked>},
+    {'d', InTournament, Call<&Client::tournament, &Tournament::DisbandTeamClicked>},
+    {'4', InTournament, Call<&Client::tournament, &Tournament::StartTournamentClicked>},
+    {'5', InTournament, Call<&Client::tournament, &Tournament::EndTournamentClicked>},
+    {'6', InTournament, Call<&Client::tournament, &Tournament::SetTournamentGameClicked>},
+    {'q', InTournament, Unload<&Client::tournament>},
 };
+
+/// The row of this letter; for other letters any one, always the same.
+const Action& ActionFor(char letter) {
+  const auto* found = std::ranges::find(kActions, letter, &Action::letter);
+  const auto any = static_cast<unsigned char>(letter) % std::size(kActions);
+  return found != std::end(kActions) ? *found : kActions[any];
+}
 
 /// Plays the events against one run of the program after another, all with the same settings.
 class Session {
  public:
-  explicit Session(std::string_view input) : events_(input) {}
+  explicit Session(Events events) : events_(events) {}
 
   void Play() {
     while (!events_.AtEnd()) {
@@ -209,10 +185,10 @@ class Session {
       WatchedClient run(settings_, [this] { return LiveInBox(); });
       run_ = &run;
       while (!events_.AtEnd() && !run.IsClosed()) {
-        const Event event = events_.Next();
-        Act(RowFor<Action>(kActions, event.letter), event);
+        Act(events_.Next());
       }
       run.Close();
+      settings_ = run.platform.settings.entries;
     }
   }
 
@@ -223,45 +199,58 @@ class Session {
         "Logins > User/Password", "Logins > Last User", "Client Data > Time", "Menu > ScrollLock",
         "Menu > Auto Ready",      "Menu > Sounds",      "Settings > Login",
     };
-    for (Events ahead = events_; !ahead.AtEnd();) {
+    for (Events ahead = events_; !ahead.AtEnd(); events_ = ahead) {
       Event event = ahead.Next();
       if (event.letter != kSettingLetter) {
         return;
       }
-      events_ = ahead;
       const std::size_t which = event.TakeNumber();
-      settings_.entries[std::string(kNames[which % std::size(kNames)])] = event.text;
+      settings_[std::string(kNames[which % std::size(kNames)])] = event.text;
     }
   }
 
-  void Act(const Action& action, const Event& event) {
-    action.run(*run_, event);
-    if (!run_->IsClosed()) {
-      run_->CheckAll();
+  bool IsReachable(Place place) const {
+    Client& client = run_->client;
+    const WindowLife* windows[] = {nullptr,
+                                   nullptr,
+                                   &client.login_dialog.window(),
+                                   &client.statistics.window(),
+                                   &client.news.window(),
+                                   &client.tournament.window()};
+    const WindowLife* window = windows[static_cast<std::size_t>(place)];
+    return place == Outside ||
+           (boxes_open_ == 0 && (window == nullptr || window->state() == WindowLife::State::Shown));
+  }
+
+  void Act(Event event) {
+    const Action& action = ActionFor(event.letter);
+    if (IsReachable(action.place)) {
+      action.run(*run_, event);
+      if (!run_->IsClosed()) {
+        run_->CheckAll();
+      }
     }
   }
 
-  /// Other things go on while a message box waits for its answer, which an odd number makes a Yes.
+  /// Other things go on while a message box waits for its answer.
   bool LiveInBox() {
+    bool is_yes = false;
     if (++boxes_open_ <= kDeepestBox) {
       while (!events_.AtEnd() && !run_->IsClosed()) {
         Event event = events_.Next();
         if (event.letter == kAnswerLetter) {
-          --boxes_open_;
-          return event.TakeNumber() % 2 == 1;
+          is_yes = event.TakeNumber() % 2 == 1;
+          break;
         }
-        const Action& action = RowFor<Action>(kActions, event.letter);
-        if (action.source == Action::ByItself) {
-          Act(action, event);
-        }
+        Act(event);
       }
     }
     --boxes_open_;
-    return false;
+    return is_yes;
   }
 
   Events events_;
-  fakes::MemorySettings settings_;
+  std::map<std::string, std::string> settings_;
   WatchedClient* run_ = nullptr;
   std::size_t boxes_open_ = 0;
 };
@@ -270,6 +259,7 @@ class Session {
 }  // namespace korvanta::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  korvanta::fuzz::Session(korvanta::fuzz::AsText(data, size)).Play();
+  using namespace korvanta::fuzz;
+  Session(Events(data, size)).Play();
   return 0;
 }

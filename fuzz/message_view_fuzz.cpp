@@ -1,10 +1,9 @@
-/// Fuzz target: the message view, in chunks of the size that the input's first byte says.
-#include <memory>
-
+/// Fuzz target: the message view, in chunks of the size that the input's first letter says.
 #include "fuzz/message_view_oracle.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace korvanta::fuzz;
-  return Play(data, size,
-              [](std::size_t byte) { return std::make_unique<MessageViewOracle>(byte % 64 + 1); });
+  return Play(data, size, [](char letter) {
+    return MessageViewOracle(static_cast<unsigned char>(letter) % 64 + 1);
+  });
 }

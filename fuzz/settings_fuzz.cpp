@@ -142,8 +142,8 @@ void CheckEntriesAndLogins(std::string_view file, Events events) {
 /// The input's first event is the file, every later one an entry and a login.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace korvanta::fuzz;
-  Events events(AsText(data, size));
-  const std::string_view file = events.AtEnd() ? "" : events.Next().text;
+  Events events(data, size);
+  const std::string_view file = events.Next().text;
   CheckRuns(file);
   CheckEntriesAndLogins(file, events);
   return 0;

@@ -30,12 +30,18 @@ class FakeSocket : public ClientSocket {
  public:
   void Close() override {
     ++closes;
-    connected = false;
+    connected = is_attempting = false;
   }
   void Connect(const std::string& host, std::uint16_t port) override {
     attempts.emplace_back(host, port);
+    is_attempting = true;
   }
-  void Send(std::string_view text) override { sent.emplace_back(text); }
+  void Send(std::string_view text) override {
+    sent.emplace_back(text);
+    if (on_send) {
+      on_send(text);
+    }
+  }
   bool IsConnected() const override { return connected; }
   void Drain() override {
     if (on_drain) {
@@ -45,6 +51,7 @@ class FakeSocket : public ClientSocket {
 
   /// The attempt succeeds.
   void Accept() {
+    is_attempting = false;
     connected = true;
     on_connected();
   }
@@ -65,8 +72,10 @@ class FakeSocket : public ClientSocket {
     return all;
   }
 
+  bool is_attempting = false;
   bool connected = false;
   int closes = 0;
+  std::function<void(std::string_view text)> on_send;
   std::function<void()> on_drain;
   std::vector<std::pair<std::string, std::uint16_t>> attempts;
   std::vector<std::string> sent;
@@ -101,7 +110,7 @@ class FakeTimers : public TimerFactory {
   std::vector<std::pair<std::chrono::milliseconds, FakeTimer*>> made;
 };
 
-/// Settings in memory, with the order of all writes.
+/// Settings in memory.
 class MemorySettings : public SettingsStore {
  public:
   std::string Get(std::string_view section, std::string_view key,
@@ -110,8 +119,7 @@ class MemorySettings : public SettingsStore {
     return entry == entries.end() ? std::string(default_text) : entry->second;
   }
   void Save(std::string_view section, std::string_view key, std::string_view text) override {
-    writes.push_back(Name(section, key));
-    entries[writes.back()] = text;
+    entries[Name(section, key)] = text;
     if (on_save) {
       on_save();
     }
@@ -126,7 +134,6 @@ class MemorySettings : public SettingsStore {
   }
 
   std::map<std::string, std::string> entries;  ///< by "Section > Key"
-  std::vector<std::string> writes;
   std::function<void()> on_save;
   int commits = 0;
   std::string commit_error;
@@ -166,6 +173,9 @@ class FakeMessageBox : public MessageBox {
     constexpr const char* kIcons[] = {"", " (!)", " (x)"};
     shown.push_back(std::string(title) + ": " + std::string(text) +
                     kIcons[static_cast<std::size_t>(icon)]);
+    if (meanwhile) {
+      meanwhile();
+    }
   }
   bool Ask(std::string_view text, std::string_view title) override {
     asked.push_back(std::string(title) + ": " + std::string(text));
@@ -183,7 +193,7 @@ class FakeMessageBox : public MessageBox {
   std::vector<std::string> shown;
   std::vector<std::string> asked;
   std::vector<bool> answers;
-  std::function<void()> meanwhile;  ///< happens while a question stands open
+  std::function<void()> meanwhile;  ///< happens while a box stands open
 };
 
 class FakeInstance : public InstanceGuard {
