@@ -23,7 +23,6 @@ class GameClock final : public ClockReceiver {
   /// Stops counting; the text stays.
   void Stop();
 
-  bool IsCounting() const { return TickTimer_->IsEnabled(); }
   /// "Tick Time - " and minutes, a colon and two digits of seconds.
   const std::string& TickTime() const { return TickTime_; }
 

@@ -116,12 +116,10 @@ void Tournament::ShowTeamList(std::string_view payload) {
   const ChangeNotice notice(state_, on_changed);
   state_.lstTeams.clear();
   state_.selected_team.reset();
-  std::size_t position = 0;
   for (std::string_view record : Split(payload, kRecordSeparator)) {
     if (!record.empty()) {
-      state_.lstTeams.push_back({"S" + std::to_string(position), std::string(record)});
+      state_.lstTeams.emplace_back(record);
     }
-    ++position;
   }
 }
 
@@ -141,7 +139,7 @@ void Tournament::ShowMessage(std::string_view text) {
 }
 
 std::string_view Tournament::SelectedTeamText() const {
-  return state_.selected_team ? std::string_view(state_.lstTeams[*state_.selected_team].text)
+  return state_.selected_team ? std::string_view(state_.lstTeams[*state_.selected_team])
                               : std::string_view();
 }
 

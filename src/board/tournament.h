@@ -31,21 +31,13 @@ struct TournamentTexts {
   bool operator==(const TournamentTexts&) const = default;
 };
 
-/// One entry of lstTeams.
-struct TeamListEntry {
-  std::string key;  ///< "S" and the position of its record, counted from 0
-  std::string text;
-
-  bool operator==(const TeamListEntry&) const = default;
-};
-
 enum class TournamentTab { Info, Teams, Admin };
 
 /// What the window shows.
 struct TournamentState {
   TournamentTexts texts;
   std::vector<std::string> team_names;  ///< the drop-down list of cmbTeam
-  std::vector<TeamListEntry> lstTeams;
+  std::vector<std::string> lstTeams;
   std::optional<std::size_t> selected_team;  ///< an index into lstTeams
   TournamentTab chosen_tab = TournamentTab::Info;
   bool has_admin_tab = false;  ///< decided when the window is created

@@ -42,16 +42,14 @@ void OnlineList::ShowOnlineList(std::string_view payload) {
 }
 
 void OnlineList::Rebuild() {
-  std::size_t position = 0;
   for (std::string_view record : Split(payload_, kRecordSeparator)) {
     if (!record.empty()) {
       FieldReader fields(record);
-      Entry& entry = entries_.emplace_back(Entry{position, fields.Next(), kBlack, {}});
+      Entry& entry = entries_.emplace_back(Entry{fields.Next(), kBlack, {}});
       entry.colour = OnlineColour(fields.Next());
       entry.level = fields.Next();
       entry.marked = ReadNumber(fields.Next()) == 1;
     }
-    ++position;
   }
 }
 

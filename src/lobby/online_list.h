@@ -16,13 +16,10 @@ namespace korvanta {
 class OnlineList final : public OnlineListReceiver {
  public:
   struct Entry {
-    std::size_t position;   ///< of its record in the message, from 0, empty records included
     std::string_view name;  ///< the views are valid until the next rebuild
     Colour colour;          ///< of the name
     std::string_view level;
     bool marked = false;
-
-    std::string Key() const { return "O" + std::to_string(position); }
   };
 
   OnlineList() = default;

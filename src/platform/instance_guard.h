@@ -11,7 +11,7 @@ class InstanceGuard {
   virtual ~InstanceGuard() = default;
 
   /// Whether the same user is running another instance of this executable, by its file name. If
-  /// not, this instance counts as running until the guard is destroyed.
+  /// not, this instance counts as running until the guard is destroyed. Called once.
   virtual bool IsAnotherRunning() = 0;
 };
 

@@ -17,8 +17,7 @@ InstanceLock::InstanceLock(const QString& program_name) : lock_(LockFileFor(prog
 }
 
 bool InstanceLock::IsAnotherRunning() {
-  if (lock_.isLocked() || lock_.tryLock(kStartUpTime) ||
-      lock_.error() != QLockFile::LockFailedError) {
+  if (lock_.tryLock(kStartUpTime) || lock_.error() != QLockFile::LockFailedError) {
     return false;
   }
   // The file is removed only if no process holds the system lock.

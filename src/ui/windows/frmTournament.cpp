@@ -213,8 +213,8 @@ void frmTournament::Refresh() {
   cmbTeam->ShowChoices(state.team_names);
 
   QStringList teams;
-  for (const TeamListEntry& entry : state.lstTeams) {
-    teams.append(ToQString(entry.text));
+  for (const std::string& team : state.lstTeams) {
+    teams.append(ToQString(team));
   }
   lstTeams->ShowRows(teams, state.selected_team);
 
