@@ -7,8 +7,7 @@
 namespace korvanta {
 namespace {
 
-class ChatInputTest : public testing::Test, protected fakes::LoggedInPlayer {
- protected:
+struct ChatInputTest : testing::Test, fakes::LoggedInPlayer {
   /// Types and sends; returns what left.
   std::string Send(std::string_view typed) {
     input.TextEdited(typed);

@@ -1,17 +1,62 @@
+/// The whole program on a display with a user at it, against a scripted server.
 #include <QDir>
 #include <QFileInfo>
+#include <csignal>
+#include <gtest/gtest.h>
+#include <memory>
 
-#include "tests/process/process_test.h"
+#include "harness/player.h"
+#include "harness/scripted_server.h"
 
-namespace korvanta::process {
+namespace korvanta::harness {
 namespace {
+
+using namespace std::string_view_literals;
+
+/// One copy of the program at a time; a picture of the screen when the test fails.
+struct ProgramTest : testing::Test {
+  void TearDown() override {
+    if (HasFailure()) {
+      const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
+      const QString picture =
+          QString(KORVANTA_FAILURE_FOLDER "/%1.%2.png").arg(test.test_suite_name(), test.name());
+      user_.PhotographScreen(picture);
+      std::cout << "The screen as it was: " << picture.toStdString() << "\n";
+    }
+  }
+
+  /// Starts the program and waits for its windows.
+  void Start() {
+    program_.reset();
+    program_ = std::make_unique<Program>(installation_, display_);
+    player_ = std::make_unique<Player>(user_, *program_);
+    player_->WaitForStart();
+  }
+
+  /// Starts the program and logs in as Marlow.
+  void StartLoggedIn() {
+    const int known = server_.clients();
+    Start();
+    player_->Login("Marlow", "secret1");
+    server_.LetIn(known);
+    player_->WaitForState("Connected");
+  }
+
+  const Window& main_window() const { return player_->main_window(); }
+  Window WaitFor(const QString& title) const { return user_.WaitForWindow(program_->pid(), title); }
+
+  VirtualDisplay display_;
+  User user_{display_};
+  ScriptedServer server_;
+  Installation installation_{server_.address()};
+  std::unique_ptr<Program> program_;
+  std::unique_ptr<Player> player_;
+};
 
 /// In parts of the main window's width and height.
 constexpr QPointF kFirstPlayer{0.76, 0.652};
 
-class ProgramStory : public StoryTest {};
-
-TEST_F(ProgramStory, LogsInChatsPlaysAndLeavesWithEveryWindow) {
+TEST_F(ProgramTest, LogsInChatsPlaysAndLeavesWithEveryWindow) {
   Start();
   EXPECT_EQ(main_window().title, "Korvanta - v1.6 - Disconnected");
   user_.Activate(player_->login_dialog());
@@ -30,6 +75,7 @@ TEST_F(ProgramStory, LogsInChatsPlaysAndLeavesWithEveryWindow) {
   player_->Say("hello");
   server_.Expect("[ctc]c hello\0"sv);
   user_.Press({"ctrl+e"});  // likewise the chat line
+  EXPECT_THROW(server_.Expect("[jox]"), HarnessError) << "no other bytes will do";
   server_.Expect("[jon]\0"sv);
 
   // From the chat line back to the board, to the Golden Knowledge and away again.
@@ -72,29 +118,89 @@ TEST_F(ProgramStory, LogsInChatsPlaysAndLeavesWithEveryWindow) {
             "[Settings]\nLogin=False\n");
 }
 
-TEST_F(ProgramStory, ASecondCopyIsRefused) {
+TEST_F(ProgramTest, ASecondCopyIsRefusedAndWhatCannotBeSavedIsReportedAtTheEnd) {
+  QDir().mkpath(installation_.settings_file() + "/folder");
   StartLoggedIn();
   Program second(installation_, display_);
-  const Window box = user_.WaitForWindow(second.pid(), "Korvanta");
+  user_.Activate(user_.WaitForWindow(second.pid(), "Korvanta"));
   EXPECT_EQ(user_.Windows(second.pid()).size(), 1);
-  user_.Activate(box);
   user_.Press({"Return"});
   EXPECT_EQ(second.WaitForExit(), 0);
   EXPECT_EQ(server_.clients(), 1);
-  EXPECT_EQ(player_->Leave(), 0);
-}
 
-TEST_F(ProgramStory, WithoutAPlaceToSaveThePlayerIsToldAtTheEnd) {
-  QDir().mkpath(installation_.settings_file() + "/folder");
-  StartLoggedIn();
+  user_.Activate(main_window());
   user_.Press({"F12"});
   server_.Expect("[dis]\0"sv);
-  const Window box = WaitFor("Korvanta");
-  user_.Activate(box);
+  user_.Activate(WaitFor("Korvanta"));
   user_.Press({"Return"});
   EXPECT_EQ(program_->WaitForExit(), 0);
   EXPECT_EQ(program_->Output().toStdString(), "");
 }
 
+/// Ends that come at the worst moment.
+struct AbruptEnd : ProgramTest {
+  static constexpr const char* kSettings = "[Menu]\nScrollLock=False\n";
+
+  void ShowSplash() {
+    program_ = std::make_unique<Program>(installation_, display_);
+    main_ = user_.WaitForWindow(program_->pid(), "Korvanta");
+  }
+  void Flood() {
+    StartLoggedIn();
+    main_ = main_window();
+    const std::string_view lines =
+        "[msg]cht\001Aster: hail\001False\0[nws]news\0[tif]1\0012\0013\0014\0"sv;
+    for (int i = 0; i < 50'000; ++i) {
+      server_.Send(lines);
+    }
+  }
+  void ShowMessageBox() {
+    Start();
+    user_.Activate(player_->login_dialog());
+    user_.Press({"Return"});
+    main_ = WaitFor("Invalid Character Length");
+  }
+
+  Window main_;
+};
+
+TEST_F(AbruptEnd, IsAnEndWhateverGoesOn) {
+  const auto signal = [this] { ::kill(static_cast<pid_t>(program_->pid()), SIGTERM); };
+  const auto frame = [this] { player_->Choose("alt+F4"); };
+  const auto display = [this] {
+    RunTool("xdotool", {"windowkill", main_.id}, display_.environment());
+  };
+  const struct {
+    const char* name;
+    std::function<void()> begin;
+    std::function<void()> end;
+    int exit_status;
+    bool saves;
+  } cases[] = {
+      {"splash, signal", [this] { ShowSplash(); }, signal, 0, false},
+      {"splash, display gone", [this] { ShowSplash(); }, display, 1, false},
+      {"flood, frame", [this] { Flood(); }, frame, 0, true},
+      {"flood, signal", [this] { Flood(); }, signal, 0, true},
+      {"flood, display gone", [this] { Flood(); }, display, 1, false},
+      {"message box, signal", [this] { ShowMessageBox(); }, signal, 0, true},
+      {"message box, display gone", [this] { ShowMessageBox(); }, display, 1, false},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    installation_.WriteSettings(kSettings);
+    c.begin();
+    const qint64 pid = program_->pid();
+    c.end();
+    EXPECT_EQ(program_->WaitForExit(), c.exit_status);
+    // Leaks do not count: when the display goes, the toolkit ends the program where it stands.
+    const QByteArray output = program_->Output();
+    EXPECT_FALSE(output.contains("ERROR: AddressSanitizer") || output.contains("runtime error:"))
+        << output.constData();
+    EXPECT_EQ(installation_.Settings() != kSettings, c.saves);
+    EXPECT_EQ(QFileInfo(installation_.settings_file()).dir().entryList(QDir::Files).size(), 1);
+    EXPECT_EQ(user_.Windows(pid).size(), 0);
+  }
+}
+
 }  // namespace
-}  // namespace korvanta::process
+}  // namespace korvanta::harness

@@ -10,8 +10,7 @@ namespace korvanta {
 namespace {
 
 /// Saved logins are written as "name/password", joined by blanks.
-class LoginDialogTest : public testing::Test, protected fakes::OfflinePlayer {
- protected:
+struct LoginDialogTest : testing::Test, fakes::OfflinePlayer {
   std::string Saved() const {
     std::string text;
     for (const SavedLogin& login : std::as_const(saved).Logins()) {
