@@ -116,6 +116,34 @@ TEST_F(ClientTest, ClosingUnconnectedSendsNothingAndSaysWhatCouldNotBeSaved) {
               ElementsAre("Korvanta: The settings could not be saved. (!)"));
 }
 
+TEST_F(ClientTest, EachFailureOfTheHomepageHasItsOwnWordsUntilTheMainWindowCloses) {
+  const std::string page = "http://korvanta.example/Korvanta/";
+  const std::string not_found = "Korvanta: The '" + page + "' File or Path was Not Found. (!)";
+  const std::string other =
+      "Korvanta: An error occurred attempting to open '" + page + "' (ShellExecute code ";
+  const std::vector<std::pair<int, std::string>> cases = {
+      {31,
+       "Korvanta: No Association Found for HTTP Addresses. A Web Browser Should be Installed or "
+       "Reinstalled. (!)"},
+      {2, not_found},
+      {3, not_found},
+      {0, other + "0). (x)"},
+      {32, other + "32). (x)"}};
+  std::vector<std::string> texts;
+  for (const auto& [code, text] : cases) {
+    texts.push_back(text);
+    Click("mnuHomepage");
+    platform.web.Answer(code);
+    EXPECT_EQ(platform.message_box.shown, texts);
+  }
+  Click("mnuHomepage");
+  platform.web.Answer(33);
+  Click("mnuHomepage");
+  client.CloseMainWindow();
+  platform.web.Answer(2);
+  EXPECT_EQ(platform.message_box.shown, texts);
+}
+
 TEST_F(ClientTest, AReplyCreatesItsWindowUnseenAndTheNextCreationStartsEmpty) {
   const auto shown = [this] {
     return std::tuple(client.news.rbNews(), client.statistics.state(), client.tournament.state());

@@ -8,6 +8,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <numeric>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -26,8 +27,7 @@ inline std::string Readable(std::string messages) {
 }
 
 /// A socket whose peer is the test.
-class FakeSocket : public ClientSocket {
- public:
+struct FakeSocket : ClientSocket {
   void Close() override {
     ++closes;
     connected = is_attempting = false;
@@ -65,11 +65,8 @@ class FakeSocket : public ClientSocket {
   std::vector<std::string> TakeSent() { return std::exchange(sent, {}); }
   /// The same in one text.
   std::string TakeReadable() {
-    std::string all;
-    for (const std::string& message : TakeSent()) {
-      all += Readable(message);
-    }
-    return all;
+    const auto messages = TakeSent();
+    return Readable(std::accumulate(messages.begin(), messages.end(), std::string()));
   }
 
   bool is_attempting = false;
@@ -81,8 +78,7 @@ class FakeSocket : public ClientSocket {
   std::vector<std::string> sent;
 };
 
-class FakeTimer : public Timer {
- public:
+struct FakeTimer : Timer {
   void SetEnabled(bool on) override { enabled = on; }
   bool IsEnabled() const override { return enabled; }
 
@@ -90,8 +86,7 @@ class FakeTimer : public Timer {
 };
 
 /// Keeps a view of every timer made, in order; the owner must outlive the use of it.
-class FakeTimers : public TimerFactory {
- public:
+struct FakeTimers : TimerFactory {
   std::unique_ptr<Timer> MakeTimer(std::chrono::milliseconds interval) override {
     auto timer = std::make_unique<FakeTimer>();
     made.emplace_back(interval, timer.get());
@@ -111,8 +106,7 @@ class FakeTimers : public TimerFactory {
 };
 
 /// Settings in memory.
-class MemorySettings : public SettingsStore {
- public:
+struct MemorySettings : SettingsStore {
   std::string Get(std::string_view section, std::string_view key,
                   std::string_view default_text) override {
     const auto entry = entries.find(Name(section, key));
@@ -139,16 +133,14 @@ class MemorySettings : public SettingsStore {
   std::string commit_error;
 };
 
-class RecordingSounds : public SoundPlayer {
- public:
+struct RecordingSounds : SoundPlayer {
   void Play(std::string_view file) override { played.emplace_back(file); }
 
   std::vector<std::string> played;
 };
 
 /// A desktop that takes addresses and says what became of them when the test says so.
-class FakeWeb : public WebOpener {
- public:
+struct FakeWeb : WebOpener {
   void Open(std::string_view address, std::function<void(int code)> done) override {
     opened.emplace_back(address);
     pending.push_back(std::move(done));
@@ -167,8 +159,7 @@ class FakeWeb : public WebOpener {
 
 /// Records each box as "title: text", with " (!)" or " (x)" behind it for the icons of an
 /// exclamation and of a critical error; questions get the next scripted answer.
-class FakeMessageBox : public MessageBox {
- public:
+struct FakeMessageBox : MessageBox {
   void Show(std::string_view text, std::string_view title, MessageIcon icon) override {
     constexpr const char* kIcons[] = {"", " (!)", " (x)"};
     shown.push_back(std::string(title) + ": " + std::string(text) +
@@ -196,8 +187,7 @@ class FakeMessageBox : public MessageBox {
   std::function<void()> meanwhile;  ///< happens while a box stands open
 };
 
-class FakeInstance : public InstanceGuard {
- public:
+struct FakeInstance : InstanceGuard {
   bool IsAnotherRunning() override { return another_runs; }
 
   bool another_runs = false;

@@ -57,24 +57,6 @@ TEST_F(MessageViewTest, EachKindOfLineHasItsColours) {
   }
 }
 
-TEST_F(MessageViewTest, NotifiesOfEachChangeAndOfNothingElse) {
-  std::string log;
-  view.on_changed = [&log](const MessageView::Change& change) {
-    log += "icsl"[static_cast<int>(change.what)] + std::to_string(change.offset) + "+" +
-           std::to_string(change.length) + " ";
-  };
-  view.Clear();
-  view.Select(0, 5);
-  view.AppendMessage("A: b", MessageKind::Chat);
-  options.mnuScrollLock = true;
-  view.Select(3, 1);
-  view.Select(3, 1);
-  view.AppendMessage("x", MessageKind::Status);
-  view.Clear();
-  view.ScrollLockToggled();
-  EXPECT_EQ(log, "i0+6 s0+0 i3+3 c0+0 l0+0 ");
-}
-
 TEST_F(MessageViewTest, WordsAreFoundInsideLines) {
   // Offsets:          0         10          20
   view.AppendMessage("Aster: don't  caf\xe9!", MessageKind::Status);

@@ -19,9 +19,6 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-const std::string kLostHost = "10.0.0.1";
-const std::string kStayingHost = "127.0.0.1";
-
 /// Moves the process into a network of its own. Empty, or why that cannot be.
 std::string EnterNetwork() {
   const auto user = std::to_string(::getuid());
@@ -67,9 +64,9 @@ TEST(LostLink, EndsTheConnectionAfterAMinuteWhetherOrNotSomethingWasSaid) {
   }
   Ip("link set lo up");
   Ip("address add 10.0.0.1/32 dev lo");
-  Line silent(kLostHost);
-  Line speaking(kLostHost);
-  const Line staying(kStayingHost);
+  Line silent("10.0.0.1");
+  Line speaking("10.0.0.1");
+  const Line staying("127.0.0.1");
 
   Ip("address delete 10.0.0.1/32 dev lo");  // no packet finds its way from now on
   const Clock::time_point lost = Clock::now();

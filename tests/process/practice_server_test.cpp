@@ -82,14 +82,13 @@ TEST(PracticeServer, MischiefComesOverConnectionsByDice) {
   EXPECT_EQ(accepted.size(), 2U);
 }
 
-TEST(PracticeServer, WhatKeepsItFromStartingIsToldInALineEach) {
+TEST(PracticeServer, WhatKeepsItFromStartingIsReportedInALineEach) {
   const PracticeServer running;
-  struct Case {
+  const struct {
     QStringList options;
-    const char* told;
+    const char* reason;
     int lines = 1;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {{"--address", running.address()}, "cannot listen on 127."},
       {{"--address", "192.0.2.1"}, "--allow-remote"},
       {{"--address", "nowhere"}, "'nowhere' is not an IP address"},
@@ -105,11 +104,11 @@ TEST(PracticeServer, WhatKeepsItFromStartingIsToldInALineEach) {
       {{"--sound"}, "sound"},
       {{"--port", "x", "--players", "-1", "--pace", "fast"}, "'fast' is not a pace", 3},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     const ToolResult result = RunTool(PracticeServerProgram(), c.options, BareEnvironment());
     EXPECT_EQ(result.status, 2);
     EXPECT_EQ(result.errors.count('\n'), c.lines) << result.errors.constData();
-    EXPECT_THAT(result.errors.toStdString(), testing::HasSubstr(c.told));
+    EXPECT_THAT(result.errors.toStdString(), testing::HasSubstr(c.reason));
   }
 }
 

@@ -1,6 +1,7 @@
 /// The table of messages, and what the client does with each that it receives.
 #include "protocol/dispatcher.h"
 
+#include <fstream>
 #include <gmock/gmock.h>
 #include <tuple>
 
@@ -158,6 +159,14 @@ TEST_F(DispatcherTest, KindCodesAndSoundNumbersAreExact) {
   EXPECT_THAT(platform.sounds.played,
               ElementsAre("sounds/gamestart.wav", "sounds/tick.wav", "sounds/attacked.wav",
                           "sounds/research.wav", "sounds/wingame.wav"));
+  Receive({"[sou]3"});
+  for (const std::string& name : platform.sounds.played) {
+    std::ifstream file(KORVANTA_ASSETS "/" + name, std::ios::binary);
+    std::string header(22, ' ');
+    file.read(header.data(), 22);
+    EXPECT_EQ(header.substr(0, 4) + header.substr(8, 8), "RIFFWAVEfmt ") << name;
+    EXPECT_EQ(header.substr(20), std::string("\1\0", 2)) << name << " is no PCM";
+  }
 }
 
 TEST_F(DispatcherTest, OptionsDecideOnNoticesSoundsTheFilterAndJoining) {

@@ -17,8 +17,6 @@ struct Session {
   SavedLogins saved_logins;
   Settings settings{options, saved_logins};
   fakes::MemorySettings store;
-
-  void Load() { modFiles::LoadSettings(settings, store); }
 };
 
 TEST(Settings, AFirstStartYieldsDefaultsAndTheFirstExitWritesAllEntries) {
@@ -26,7 +24,7 @@ TEST(Settings, AFirstStartYieldsDefaultsAndTheFirstExitWritesAllEntries) {
   first.options = {true, false, true, false, false, true};
   first.settings.LoginSetting = true;
   first.settings.TimeSetting = 99;
-  first.Load();
+  modFiles::LoadSettings(first.settings, first.store);
   EXPECT_EQ(modFiles::SaveSettings(first.settings, first.store), "");
   EXPECT_EQ(first.store.commits, 1);
   const std::map<std::string, std::string> defaults = {
@@ -51,7 +49,7 @@ TEST(Settings, EveryEntryComesBackInItsOwnPlace) {
     session.store.entries["Logins > Last User"] = "J\xfcrgen;,\x01";
     session.store.entries["Logins > User/Password"] = "\xc9\xc7\xc5\xcb,\xc9;";
     const auto stored = session.store.entries;
-    session.Load();
+    modFiles::LoadSettings(session.settings, session.store);
     const Options& o = session.options;
     const bool values[] = {
         o.mnuScrollLock, o.mnuFilter, o.mnuLogins, o.mSounds, session.settings.LoginSetting,
@@ -79,7 +77,7 @@ TEST(Settings, ValuesAreReadLenientlyAndFallBackToTheirDefault) {
     for (const char* key : {"Menu > ScrollLock", "Menu > Sounds", "Client Data > Time"}) {
       session.store.entries[key] = c.text;
     }
-    session.Load();
+    modFiles::LoadSettings(session.settings, session.store);
     EXPECT_EQ(session.options.mnuScrollLock, c.scroll_lock) << c.text;
     EXPECT_EQ(session.options.mSounds, c.sounds) << c.text;
     EXPECT_EQ(session.settings.TimeSetting, c.time) << c.text;
