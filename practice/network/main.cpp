@@ -20,6 +20,7 @@
 #include "practice/network/network_server.h"
 #include "protocol/connection.h"
 #include "protocol/wire_format.h"
+#include "system/end_requests.h"
 
 namespace korvanta::practice {
 namespace {
@@ -217,18 +218,8 @@ int Run(const CommandLine& command) {
       Print(line);
     }
   });
-  // The first request lets the farewell reach the players, a second one ends the program at once.
   QObject context;
-  const bool can_end = OnEndRequest(context, [&, is_ending = false]() mutable {
-    if (std::exchange(is_ending, true)) {
-      QCoreApplication::quit();
-    } else {
-      server.End([] { QCoreApplication::quit(); });
-    }
-  });
-  if (!can_end) {
-    return Fail(QStringLiteral("cannot catch the signals that end it"));
-  }
+  OnEndRequest(context, [&] { server.End([] { QCoreApplication::quit(); }); });
   const QString address = command.address.toString();
   if (const QString why = server.Listen(command.address, command.port); !why.isEmpty()) {
     return Fail(

@@ -11,9 +11,9 @@
 #include <utility>
 
 #include "client/client.h"
+#include "system/end_requests.h"
 #include "ui/desktop/deployment_file.h"
 #include "ui/desktop/desktop_web_opener.h"
-#include "ui/desktop/end_requests.h"
 #include "ui/desktop/ini_settings_store.h"
 #include "ui/desktop/instance_lock.h"
 #include "ui/desktop/qt_client_socket.h"

@@ -1,4 +1,4 @@
-#include "ui/desktop/end_requests.h"
+#include "system/end_requests.h"
 
 #include <QSocketNotifier>
 #include <array>
