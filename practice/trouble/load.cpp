@@ -65,10 +65,8 @@ Load::Load(Transport& next, const LoadOptions& options)
 void Load::Send(ConnectionId connection, std::string_view messages) {
   bool is_login = false;
   std::string with_crowd;
+  messages.remove_suffix(1);
   for (std::string_view message : Split(messages, kMessageTerminator)) {
-    if (message.empty()) {
-      continue;  // behind the last
-    }
     is_login |= message.starts_with(TagOf(ServerMessage::LoginAccepted));
     if (message.starts_with(kListTag)) {
       with_crowd.append(kListTag).append(crowd_);

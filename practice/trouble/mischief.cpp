@@ -29,8 +29,7 @@ void Mischief::Connected(ConnectionId connection) {
     return;
   }
   Line& line = lines_[connection];
-  const MischiefKind* kind = Roll(of_connections_);
-  line.fate = kind == nullptr ? Fate::None : kind->fate;
+  line.fate = Roll(of_connections_).fate;
   if (line.fate == Fate::ResetAccept) {
     line.end = End::Reset;
     network_.Reset(connection);
@@ -43,10 +42,9 @@ void Mischief::Send(ConnectionId connection, std::string_view messages) {
     network_.Send(connection, messages);
     return;
   }
+  messages.remove_suffix(1);
   for (std::string_view message : Split(messages, kMessageTerminator)) {
-    if (!message.empty()) {
-      SendMessage(connection, found->second, message);
-    }
+    SendMessage(connection, found->second, message);
   }
 }
 
@@ -85,12 +83,11 @@ void Mischief::SendMessage(ConnectionId connection, Line& line, std::string_view
     return;
   }
   const std::string passed_by = std::exchange(line.held, {});
-  const MischiefKind* kind = Roll(of_messages_);
-  const std::string bytes =
-      kind == nullptr ? std::string(message) + kMessageTerminator : Changed(message, *kind, dice_);
-  if (kind != nullptr && kind->fate == Fate::Cut) {
+  const MischiefKind& kind = Roll(of_messages_);
+  const std::string bytes = Changed(message, kind, dice_);
+  if (kind.fate == Fate::Cut) {
     DeliverCut(connection, line, bytes);
-  } else if (kind != nullptr && kind->fate == Fate::Shuffle && passed_by.empty()) {
+  } else if (kind.fate == Fate::Shuffle && passed_by.empty()) {
     line.held = bytes;
   } else {
     Deliver(connection, line, bytes);
@@ -104,7 +101,6 @@ bool Mischief::MeetsFate(ConnectionId connection, Line& line, std::string_view m
     case Fate::Silence:
       return true;
     case Fate::ResetHandshake:
-      network_.Reset(connection);
       last.clear();
       break;
     case Fate::ResetMessage:
@@ -125,21 +121,16 @@ bool Mischief::MeetsFate(ConnectionId connection, Line& line, std::string_view m
 }
 
 void Mischief::Deliver(ConnectionId connection, Line& line, std::string_view bytes) {
-  if (bytes.empty()) {
-    return;
-  }
-  if (line.later.empty()) {
-    network_.Send(connection, bytes);
-  } else {
+  if (!line.later.empty()) {
     line.later.back() += bytes;
+  } else if (!bytes.empty()) {
+    network_.Send(connection, bytes);
   }
 }
 
 void Mischief::DeliverCut(ConnectionId connection, Line& line, std::string_view bytes) {
-  for (std::size_t pieces = 2 + dice_.Below(3); pieces > 1 && bytes.size() > 1; --pieces) {
-    if (line.later.size() >= kMostPieces) {
-      break;
-    }
+  for (std::size_t cuts = 1 + dice_.Below(3);
+       cuts > 0 && bytes.size() > 1 && line.later.size() < kMostPieces; --cuts) {
     const std::size_t at = 1 + dice_.Below(bytes.size() - 1);
     Deliver(connection, line, bytes.substr(0, at));
     bytes.remove_prefix(at);
@@ -148,12 +139,13 @@ void Mischief::DeliverCut(ConnectionId connection, Line& line, std::string_view 
   Deliver(connection, line, bytes);
 }
 
-const MischiefKind* Mischief::Roll(const std::vector<const MischiefKind*>& kinds) {
+const MischiefKind& Mischief::Roll(const std::vector<const MischiefKind*>& kinds) {
+  static constexpr MischiefKind kNone = {};
   if (kinds.empty()) {
-    return nullptr;
+    return kNone;
   }
-  const MischiefKind* kind = dice_.Pick(kinds);
-  return dice_.OneIn(kind->one_in) ? kind : nullptr;
+  const MischiefKind& kind = *dice_.Pick(kinds);
+  return dice_.OneIn(kind.one_in) ? kind : kNone;
 }
 
 }  // namespace korvanta::practice

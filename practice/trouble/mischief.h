@@ -39,8 +39,9 @@ struct MischiefMessage;
 struct MischiefKind {
   std::string_view name;  ///< on the command line
   std::string_view purpose;
-  std::size_t one_in;  ///< it comes over one message, or connection, in so many
-  void (*change)(MischiefMessage& message, Dice& dice);  ///< null when no bytes change
+  std::size_t one_in = 1;  ///< it comes over one message, or connection, in so many
+  /// Null when no bytes change.
+  void (*change)(MischiefMessage& message, Dice& dice) = nullptr;
   Fate fate = Fate::None;
 };
 
@@ -89,8 +90,8 @@ class Mischief : public Transport {
   void DeliverCut(ConnectionId connection, Line& line, std::string_view bytes);
   /// Whether that was the last message for the connection.
   bool MeetsFate(ConnectionId connection, Line& line, std::string_view message);
-  /// One of the kinds, or null, by the dice.
-  const MischiefKind* Roll(const std::vector<const MischiefKind*>& kinds);
+  /// One of the kinds, or one that does nothing, by the dice.
+  const MischiefKind& Roll(const std::vector<const MischiefKind*>& kinds);
 
   ResettableTransport& network_;
   std::vector<const MischiefKind*> of_messages_;

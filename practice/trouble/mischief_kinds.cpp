@@ -62,14 +62,13 @@ constexpr auto kFillers = Texts("x", "word ", "line\r\n", "<b>", "a:b ", "\t", "
 constexpr std::size_t kGiant = std::size_t{256} * 1024;
 constexpr std::size_t kMostGiant = std::size_t{2048} * 1024;
 
-enum class Holds { Texts, Numbers };
+constexpr auto kTexts = {FieldRole::Text};
+constexpr auto kNumbers = {FieldRole::Number, FieldRole::Integer, FieldRole::Numbers};
 
-std::vector<Field*> FieldsThat(Holds what, MischiefMessage& message) {
+std::vector<Field*> FieldsOf(std::initializer_list<FieldRole> roles, MischiefMessage& message) {
   std::vector<Field*> chosen;
   for (Field& field : message.fields) {
-    const bool is_number = field.role == FieldRole::Number || field.role == FieldRole::Integer ||
-                           field.role == FieldRole::Numbers;
-    if (what == Holds::Numbers ? is_number : field.role == FieldRole::Text) {
+    if (std::ranges::count(roles, field.role) > 0) {
       chosen.push_back(&field);
     }
   }
@@ -90,7 +89,7 @@ void DropFields(MischiefMessage& message, Dice& dice) {
 }
 
 void ChangeNumbers(MischiefMessage& message, Dice& dice) {
-  const std::vector<Field*> numbers = FieldsThat(Holds::Numbers, message);
+  const std::vector<Field*> numbers = FieldsOf(kNumbers, message);
   if (numbers.empty()) {
     return;
   }
@@ -114,7 +113,7 @@ void ChangeTag(MischiefMessage& message, Dice& dice) {
 }
 
 void AddAllBytes(MischiefMessage& message, Dice& dice) {
-  for (Field* field : FieldsThat(Holds::Texts, message)) {
+  for (Field* field : FieldsOf(kTexts, message)) {
     std::string bytes(256, '\0');
     std::iota(bytes.begin(), bytes.end(), '\0');
     if (!dice.OneIn(4)) {
@@ -134,7 +133,6 @@ void MakeGiant(MischiefMessage& message, Dice& dice) {
   const std::size_t size = kGiant + dice.Below(kMostGiant - kGiant);
   const std::string_view filler = dice.Pick(kFillers);
   std::string giant;
-  giant.reserve(size + filler.size());
   while (giant.size() < size) {
     giant += filler;
   }
@@ -142,7 +140,7 @@ void MakeGiant(MischiefMessage& message, Dice& dice) {
 }
 
 void AddMarkup(MischiefMessage& message, Dice& dice) {
-  for (Field* field : FieldsThat(Holds::Texts, message)) {
+  for (Field* field : FieldsOf(kTexts, message)) {
     InsertAnywhere(field->text, dice.Pick(kMarkup), dice);
     InsertAnywhere(field->text, dice.Pick(kMarkup), dice);
   }
@@ -181,10 +179,11 @@ constexpr auto kTable = [] {
 std::span<const MischiefKind, kMischiefKinds> MischiefTable() { return kTable; }
 
 std::string Changed(std::string_view message, const MischiefKind& kind, Dice& dice) {
-  MischiefMessage apart = TakenApart(message);
-  if (kind.change != nullptr) {
-    kind.change(apart, dice);
+  if (kind.change == nullptr) {
+    return std::string(message) + kMessageTerminator;
   }
+  MischiefMessage apart = TakenApart(message);
+  kind.change(apart, dice);
   std::string once = apart.tag;
   for (const Field& field : apart.fields) {
     if (&field != &apart.fields.front()) {
