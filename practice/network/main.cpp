@@ -25,6 +25,8 @@
 namespace korvanta::practice {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 struct CommandLine {
   QHostAddress address{QHostAddress::LocalHost};
   quint16 port = kServerPort;
@@ -40,10 +42,6 @@ constexpr int kUsageError = 2;
 int Fail(const QString& what) {
   std::fprintf(stderr, "korvanta-practice-server: %s\n", qUtf8Printable(what));
   return kUsageError;
-}
-
-QString Latin1(std::string_view text) {
-  return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 /// Takes the value of an option over; false when it makes no sense.
@@ -107,7 +105,7 @@ std::vector<Option> OptionsInto(CommandLine& read) {
        "takes.",
        "'%1' is not a rate; a flood is 1 to 100000 lines a second, or 'max'",
        [&](const QString& value) {
-         load.is_unbounded = value == QStringLiteral("max");
+         load.is_unbounded = value == u"max"_s;
          return load.is_unbounded || Within(1, 100000, load.lines_per_second)(value);
        }},
       {"crowd", "number", "Put this many invented players into each online list.",
@@ -131,9 +129,10 @@ std::vector<Option> OptionsInto(CommandLine& read) {
 std::uint64_t RandomSeed() { return std::random_device{}(); }
 
 QString MischiefHelp() {
-  QString help = QStringLiteral("Kinds of mischief:\n");
+  QString help = u"Kinds of mischief:\n"_s;
   for (const MischiefKind& kind : MischiefTable()) {
-    help += QStringLiteral("  %1%2\n").arg(Latin1(kind.name), -17).arg(Latin1(kind.purpose));
+    help +=
+        u"  %1%2\n"_s.arg(QLatin1StringView(kind.name), -17).arg(QLatin1StringView(kind.purpose));
   }
   return help;
 }
@@ -147,12 +146,9 @@ QString MischiefHelp() {
 /// when it has any. Shows help or version and ends the program when that is asked for.
 std::optional<CommandLine> ReadCommandLine(const QStringList& arguments) {
   QCommandLineParser parser;
-  parser.setApplicationDescription(
-      QStringLiteral("A server to try Korvanta with, alone or with others."));
-  const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
-                                QStringLiteral("Show this help and end."));
-  const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
-                                   QStringLiteral("Show the version and end."));
+  parser.setApplicationDescription(u"A server to try Korvanta with, alone or with others."_s);
+  const QCommandLineOption help({u"h"_s, u"help"_s}, u"Show this help and end."_s);
+  const QCommandLineOption version({u"v"_s, u"version"_s}, u"Show the version and end."_s);
   parser.addOptions({help, version});
   CommandLine read;
   const std::vector<Option> options = OptionsInto(read);
@@ -166,19 +162,18 @@ std::optional<CommandLine> ReadCommandLine(const QStringList& arguments) {
     return std::nullopt;
   }
   if (parser.isSet(help)) {
-    ShowAndEnd(parser.helpText() + QLatin1Char('\n') + MischiefHelp());
+    ShowAndEnd(parser.helpText() + u'\n' + MischiefHelp());
   }
   if (parser.isSet(version)) {
-    ShowAndEnd(QCoreApplication::applicationName() + QLatin1Char(' ') +
-               QCoreApplication::applicationVersion() + QLatin1Char('\n'));
+    parser.showVersion();
   }
-  const QString mischief = QStringLiteral("mischief");
-  if (parser.value(mischief) == QStringLiteral("help")) {
+  const QString mischief = u"mischief"_s;
+  if (parser.value(mischief) == u"help"_s) {
     ShowAndEnd(MischiefHelp());
   }
   QStringList faults;
   for (const QString& argument : parser.positionalArguments()) {
-    faults += QStringLiteral("unexpected argument '%1'").arg(argument);
+    faults += u"unexpected argument '%1'"_s.arg(argument);
   }
 
   for (const Option& option : options) {
@@ -188,18 +183,18 @@ std::optional<CommandLine> ReadCommandLine(const QStringList& arguments) {
     }
   }
   if (!read.allow_remote && !read.address.isNull() &&
-      !read.address.isInSubnet(QHostAddress(QStringLiteral("127.0.0.0")), 8)) {
-    faults += QStringLiteral("%1 is outside 127.0.0.0/8; add --allow-remote if you mean it")
-                  .arg(read.address.toString());
+      !read.address.isInSubnet(QHostAddress(u"127.0.0.0"_s), 8)) {
+    faults += u"%1 is outside 127.0.0.0/8; add --allow-remote if you mean it"_s.arg(
+        read.address.toString());
   }
-  if (!parser.isSet(QStringLiteral("seed"))) {
+  if (!parser.isSet(u"seed"_s)) {
     read.server.rules.seed = RandomSeed();
-    read.random_seeds += QStringLiteral("Seed %1").arg(read.server.rules.seed);
+    read.random_seeds += u"Seed %1"_s.arg(read.server.rules.seed);
   }
   read.server.load.seed = read.server.rules.seed;
-  if (parser.isSet(mischief) && !parser.isSet(QStringLiteral("mischief-seed"))) {
+  if (parser.isSet(mischief) && !parser.isSet(u"mischief-seed"_s)) {
     read.server.mischief.seed = RandomSeed();
-    read.random_seeds += QStringLiteral("Mischief seed %1").arg(read.server.mischief.seed);
+    read.random_seeds += u"Mischief seed %1"_s.arg(read.server.mischief.seed);
   }
   std::for_each(faults.begin(), faults.end(), Fail);
   return faults.isEmpty() ? std::optional(std::move(read)) : std::nullopt;
@@ -212,23 +207,21 @@ void Print(std::string_view line) {
 
 int Run(const CommandLine& command) {
   RaiseConnectionLimit();
-
   NetworkServer server(command.server, [&](std::string_view line) {
     if (!command.quiet) {
       Print(line);
     }
   });
   QObject context;
-  OnEndRequest(context, [&] { server.End([] { QCoreApplication::quit(); }); });
+  OnEndRequest(context, [&] { server.End(QCoreApplication::quit); });
   const QString address = command.address.toString();
   if (const QString why = server.Listen(command.address, command.port); !why.isEmpty()) {
-    return Fail(
-        QStringLiteral("cannot listen on %1:%2: %3").arg(address).arg(command.port).arg(why));
+    return Fail(u"cannot listen on %1:%2: %3"_s.arg(address).arg(command.port).arg(why));
   }
   for (const QString& line : command.random_seeds) {
     Print(line.toStdString());
   }
-  Print(QStringLiteral("Listening on %1:%2").arg(address).arg(server.port()).toStdString());
+  Print(u"Listening on %1:%2"_s.arg(address).arg(server.port()).toStdString());
   return QCoreApplication::exec();
 }
 
@@ -238,8 +231,7 @@ int Run(const CommandLine& command) {
 int main(int argc, char** argv) {
   QCoreApplication application(argc, argv);
   QCoreApplication::setApplicationName(QStringLiteral("korvanta-practice-server"));
-  QCoreApplication::setApplicationVersion(
-      QString::fromLatin1(korvanta::kVersionText.data(), korvanta::kVersionText.size()));
+  QCoreApplication::setApplicationVersion(QLatin1StringView(korvanta::kVersionText));
   const auto command = korvanta::practice::ReadCommandLine(QCoreApplication::arguments());
   return command ? korvanta::practice::Run(*command) : korvanta::practice::kUsageError;
 }

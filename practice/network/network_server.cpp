@@ -36,7 +36,6 @@ NetworkServer::NetworkServer(const Options& options,
     rules_.Tick(now);
     load_.Tick(now);
     mischief_.Tick();
-    Flush();
   });
 }
 
@@ -63,7 +62,6 @@ void NetworkServer::End(std::function<void()> ended) {
   for (const auto& [id, connection] : connections_) {
     Close(id);
   }
-  Flush();
   if (connections_.empty()) {
     ended();
     return;
@@ -83,17 +81,15 @@ void NetworkServer::Send(ConnectionId id, std::string_view messages) {
     return;
   }
   if (connection->outbox.isEmpty()) {
-    unflushed_.push_back(id);
+    FlushSoon(id);
   }
-  if (connection->socket->bytesToWrite() + connection->outbox.size() <= kMaxBacklog) {
-    connection->outbox.append(messages.data(), static_cast<qsizetype>(messages.size()));
-  }  // else it is cut off when the event is over
+  connection->outbox.append(messages.data(), static_cast<qsizetype>(messages.size()));
 }
 
 void NetworkServer::Close(ConnectionId id) {
   if (Connection* connection = Find(id)) {
     connection->is_closing = true;
-    unflushed_.push_back(id);
+    FlushSoon(id);
     QTcpSocket* socket = connection->socket;
     QTimer::singleShot(kClosingTime, socket, [socket] { socket->abort(); });
   }
@@ -102,7 +98,7 @@ void NetworkServer::Close(ConnectionId id) {
 void NetworkServer::Reset(ConnectionId id) {
   if (Connection* connection = Find(id)) {
     connection->is_reset = true;
-    unflushed_.push_back(id);
+    FlushSoon(id);
   }
 }
 
@@ -118,14 +114,12 @@ void NetworkServer::TakeConnections() {
     mischief_.Connected(id);
     rules_.Connected(id);
   }
-  Flush();
 }
 
 void NetworkServer::Read(ConnectionId id) {
   if (Connection* connection = Find(id)) {
     const QByteArray bytes = connection->socket->readAll();
     rules_.Received(id, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
-    Flush();
   }
 }
 
@@ -137,7 +131,6 @@ void NetworkServer::Written(ConnectionId id) {
   FinishClosing(*connection);
   if (connection->socket->bytesToWrite() < kLowBacklog) {
     load_.Refill(id);
-    Flush();
   }
 }
 
@@ -154,40 +147,36 @@ void NetworkServer::Forget(ConnectionId id) {
   if (!gone.is_closing) {
     rules_.Vanished(id);
   }
-  Flush();
   if (ended_ && connections_.empty()) {
     ended_();
   }
 }
 
 /// Clients may take what arrives in two parts for two blocks, so what the server answers to one
-/// event goes out whole.
-void NetworkServer::Flush() {
-  if (is_flushing_) {
-    return;  // a connection that was cut off; the loop below goes on with what that led to
+/// event goes out whole, when the event is over.
+void NetworkServer::FlushSoon(ConnectionId id) {
+  QMetaObject::invokeMethod(
+      &listener_, [this, id] { Flush(id); }, Qt::QueuedConnection);
+}
+
+void NetworkServer::Flush(ConnectionId id) {
+  Connection* connection = Find(id);
+  if (connection == nullptr) {
+    return;
   }
-  is_flushing_ = true;
-  while (!unflushed_.empty()) {
-    const auto found = connections_.find(unflushed_.back());
-    unflushed_.pop_back();
-    if (found == connections_.end()) {
-      continue;
-    }
-    Connection& connection = found->second;
-    if (connection.is_reset) {
-      ResetWhenClosed(connection.socket->socketDescriptor());
-    }
-    if (connection.is_reset ||
-        connection.socket->bytesToWrite() + connection.outbox.size() > kMaxBacklog) {
-      connection.socket->abort();
-      continue;
-    }
-    if (!connection.outbox.isEmpty()) {
-      connection.socket->write(std::exchange(connection.outbox, {}));
-    }
-    FinishClosing(connection);
+  QTcpSocket& socket = *connection->socket;
+  const bool is_too_slow = socket.bytesToWrite() + connection->outbox.size() > kMaxBacklog;
+  if (connection->is_reset) {
+    ResetWhenClosed(socket.socketDescriptor());
   }
-  is_flushing_ = false;
+  if (connection->is_reset || is_too_slow) {
+    socket.abort();
+    return;
+  }
+  if (!connection->outbox.isEmpty()) {
+    socket.write(std::exchange(connection->outbox, {}));
+  }
+  FinishClosing(*connection);
 }
 
 /// Ends only the server's half. The client's half is read and discarded until it hangs up: closing

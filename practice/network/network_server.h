@@ -12,7 +12,6 @@
 #include <functional>
 #include <string_view>
 #include <unordered_map>
-#include <vector>
 
 #include "practice/server.h"
 #include "practice/trouble/load.h"
@@ -48,7 +47,7 @@ class NetworkServer : private ResettableTransport {
  private:
   struct Connection {
     QTcpSocket* socket;
-    QByteArray outbox;        // sent in one write when the server is done with an event
+    QByteArray outbox;        // sent in one write when the event is over
     bool is_closing = false;  // already forgotten by the server; its last bytes are being sent
     bool is_reset = false;    // to be ended at once
   };
@@ -63,15 +62,14 @@ class NetworkServer : private ResettableTransport {
   void Read(ConnectionId id);
   void Written(ConnectionId id);
   void Forget(ConnectionId id);
-  void Flush();
+  void FlushSoon(ConnectionId id);
+  void Flush(ConnectionId id);
   void FinishClosing(const Connection& connection);
 
   QElapsedTimer running_since_;
   QTimer tick_;
   QTcpServer listener_;
   std::unordered_map<ConnectionId, Connection> connections_;
-  std::vector<ConnectionId> unflushed_;
-  bool is_flushing_ = false;
   ConnectionId last_id_ = 0;
   std::function<void()> ended_;
   // What the server sends goes through these two on its way to a socket.
