@@ -30,21 +30,11 @@ std::string Counted(std::int64_t count, std::string_view noun) {
 }
 
 std::string LineOf(const Sentence& sentence, const std::vector<std::string>& values) {
-  const std::string text = Filled(sentence.text, values);
-  switch (sentence.kind) {
-    case MessageKind::Admin:
-      return ChatLine(sentence.kind, "Server", text);
-    case MessageKind::Announcement:
-      return ChatLine(sentence.kind, "Korvanta", text);
-    case MessageKind::Plain:
-      return ChatLine(sentence.kind, "*", text);
-    default:
-      return ChatLine(sentence.kind, text);
-  }
+  return ChatLine(sentence.kind, std::string(sentence.speaker) + Filled(sentence.text, values));
 }
 
 Sentence SentenceFor(Refusal refusal) {
-  return {MessageKind::Admin, kRefusals[static_cast<std::size_t>(refusal)]};
+  return sentences::Admin(kRefusals[static_cast<std::size_t>(refusal)]);
 }
 
 }  // namespace korvanta::practice

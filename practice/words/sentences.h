@@ -17,10 +17,10 @@ enum class Refusal : std::uint8_t {
 #undef REFUSAL
 };
 
-/// A sentence with "%1" to "%9" where its values belong, and the kind of line that it is.
 struct Sentence {
   MessageKind kind;
-  std::string_view text;
+  std::string_view speaker;  ///< in front of the text, with the colon behind it
+  std::string_view text;     ///< with "%1" to "%9" where its values belong
 };
 
 /// The text with its values in their places.
@@ -29,18 +29,21 @@ std::string Filled(std::string_view text, const std::vector<std::string>& values
 /// "1 point", "2 points".
 std::string Counted(std::int64_t count, std::string_view noun);
 
-/// A whole message: the sentence as a line of its kind, behind who says it.
+/// A whole message: the sentence as a line of its kind.
 std::string LineOf(const Sentence& sentence, const std::vector<std::string>& values = {});
 /// What the player is told who asked for it.
 Sentence SentenceFor(Refusal refusal);
 
 namespace sentences {
 
-constexpr Sentence Answer(std::string_view text) { return {MessageKind::Status, text}; }
-constexpr Sentence Announcement(std::string_view text) { return {MessageKind::Announcement, text}; }
-constexpr Sentence Comment(std::string_view text) { return {MessageKind::Plain, text}; }
+constexpr Sentence Admin(std::string_view text) { return {MessageKind::Admin, "Server: ", text}; }
+constexpr Sentence Answer(std::string_view text) { return {MessageKind::Status, "", text}; }
+constexpr Sentence Announcement(std::string_view text) {
+  return {MessageKind::Announcement, "Korvanta: ", text};
+}
+constexpr Sentence Comment(std::string_view text) { return {MessageKind::Plain, "*: ", text}; }
 /// To the one player whom it concerns, in a colour that stands out from the comments.
-constexpr Sentence Alert(std::string_view text) { return {MessageKind::Tell, text}; }
+constexpr Sentence Alert(std::string_view text) { return {MessageKind::Tell, "", text}; }
 
 // Around the login.
 constexpr Sentence kWelcome = Announcement(
@@ -49,10 +52,9 @@ constexpr Sentence kWelcome = Announcement(
 constexpr Sentence kFirstSteps = Announcement(
     "Type a line and press Enter to talk. /help lists the commands, /news explains the game; "
     "Ctrl+K holds the lines still while you read.");
-constexpr Sentence kAdministratorWelcome = {
-    MessageKind::Admin,
+constexpr Sentence kAdministratorWelcome = Admin(
     "You are the administrator of this server: /announce speaks to everyone, and the tournament "
-    "window (Ctrl+T) has an Admin page for you."};
+    "window (Ctrl+T) has an Admin page for you.");
 constexpr Sentence kFarewell = Announcement("The server is shutting down. Goodbye!");
 
 // Gathering for a game.
