@@ -56,11 +56,14 @@ Accounts::Admission Accounts::Admit(std::string_view name, std::string_view pass
                           : !is_new && known->second.password != password ? Refusal::WrongPassword
                           : is_new && accounts_.size() >= kMostAccounts ? Refusal::NoRoomForAccount
                                                                         : Refusal::None;
-  if (refusal != Refusal::None || !is_new) {
-    return {refusal, refusal == Refusal::None ? &known->second : nullptr};
+  if (refusal != Refusal::None) {
+    return {refusal};
   }
-  const bool is_first = !std::exchange(has_administrator_, true);
-  return {Refusal::None, &Add(name, password, is_first ? kAdministratorId : NextUserId())};
+  Account& account = is_new ? Add(name, password) : known->second;
+  if (is_new && !std::exchange(has_administrator_, true)) {
+    account.user_id = kAdministratorId;
+  }
+  return {Refusal::None, &account};
 }
 
 const Account* Accounts::Find(std::string_view name) const {
@@ -68,14 +71,13 @@ const Account* Accounts::Find(std::string_view name) const {
   return known == accounts_.end() ? nullptr : &known->second;
 }
 
-Account& Accounts::Add(std::string_view name, std::string_view password, std::int16_t user_id) {
-  const Account account = {std::string(name), std::string(password), accounts_.size() + 1, user_id};
+Account& Accounts::Add(std::string_view name, std::string_view password) {
+  const std::size_t number = accounts_.size() + 1;
+  const std::size_t user_id =
+      std::min<std::size_t>(number - (has_administrator_ ? 1 : 0), kAdministratorId - 1);
+  const Account account = {std::string(name), std::string(password), number,
+                           static_cast<std::int16_t>(user_id)};
   return accounts_.emplace(NameKey(name), account).first->second;
-}
-
-std::int16_t Accounts::NextUserId() {
-  last_user_id_ = std::min<std::int16_t>(last_user_id_ + 1, kAdministratorId - 1);
-  return last_user_id_;
 }
 
 }  // namespace korvanta::practice

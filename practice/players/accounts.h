@@ -56,7 +56,7 @@ class Accounts {
   Admission Admit(std::string_view name, std::string_view password);
 
   /// An account for a simulated player, whose name must be a user name that is not taken.
-  Account& AddSimulated(std::string_view name) { return Add(name, {}, NextUserId()); }
+  Account& AddSimulated(std::string_view name) { return Add(name, {}); }
 
   /// By name in any letter case; null when there is none.
   const Account* Find(std::string_view name) const;
@@ -64,12 +64,10 @@ class Accounts {
   const std::map<std::string, Account>& all() const { return accounts_; }
 
  private:
-  Account& Add(std::string_view name, std::string_view password, std::int16_t user_id);
-  std::int16_t NextUserId();
+  Account& Add(std::string_view name, std::string_view password);
 
   std::map<std::string, Account> accounts_;  // by NameKey
   bool has_administrator_ = false;
-  std::int16_t last_user_id_ = 0;
 };
 
 }  // namespace korvanta::practice
