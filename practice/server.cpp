@@ -1,5 +1,6 @@
 #include "practice/server.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 #include <utility>
@@ -8,42 +9,43 @@
 namespace korvanta::practice {
 namespace {
 
+/// How long a connection may stay without a login.
+constexpr std::chrono::seconds kLoginTime{30};
 constexpr std::chrono::milliseconds kGameStep{100};
 /// At a time; after a long sleep of the machine the rest follows.
 constexpr int kMostSteps = 10'000;
 
 }  // namespace
 
-Server::Server(Transport& transport, const ServerOptions& options,
-               std::function<void(std::string_view line)> journal)
+Server::Server(Transport& transport, const ServerOptions& options, Journal journal)
     : transport_(transport),
-      journal_(journal ? std::move(journal) : [](std::string_view) {}),
-      dice_(options.seed),
-      players_(transport),
-      arena_(players_, tournament_, dice_, options.pace, journal_),
-      lobby_(players_, accounts_, tournament_, arena_, dice_),
-      simulation_(accounts_, lobby_, arena_, tournament_, ~options.seed, options.players),
+      journal_(std::move(journal)),
+      world_(transport, options.seed, options.pace, journal_),
+      simulation_(world_, lobby_, ~options.seed, options.players),
       pace_(options.pace) {}
 
 void Server::Connected(ConnectionId connection) {
-  sessions_.try_emplace(connection, Session{{}, now_});
+  sessions_.try_emplace(connection, Session{{}, world_.now});
 }
 
 void Server::Received(ConnectionId connection, std::string_view bytes) {
   auto session = sessions_.find(connection);
-  if (session == sessions_.end()) {
-    return;
+  if (session != sessions_.end()) {
+    session->second.unread += bytes;
   }
-  session->second.stream.Append(bytes);
-  while (const auto message = session->second.stream.Next()) {
-    Handle(connection, session->second, *message);
-    session = sessions_.find(connection);
-    if (session == sessions_.end()) {
+  // Each message may end the session.
+  for (; session != sessions_.end(); session = sessions_.find(connection)) {
+    std::string& unread = session->second.unread;
+    const std::size_t end = unread.find(kMessageTerminator);
+    if (std::min(end, unread.size()) > kLongestMessage) {
+      return End(connection, Refusal::MessageTooLong);
+    }
+    if (end == std::string::npos) {
       return;
     }
-  }
-  if (session->second.stream.IsBroken()) {
-    End(connection, Refusal::MessageTooLong);
+    const std::string message = unread.substr(0, end);
+    unread.erase(0, end + 1);
+    Handle(connection, session->second, message);
   }
 }
 
@@ -54,26 +56,23 @@ void Server::Vanished(ConnectionId connection) {
 }
 
 void Server::Tick(std::chrono::milliseconds now) {
-  now_ = now;
+  world_.now = now;
   // The game goes on in steps of one length, so that it does not depend on how often this is
   // called.
   const auto game_now =
       std::chrono::milliseconds(std::llround(static_cast<double>(now.count()) * pace_));
   for (int step = 0; step < kMostSteps && game_now_ + kGameStep <= game_now; ++step) {
     game_now_ += kGameStep;
-    arena_.Step(game_now_);
+    world_.arena.Step(game_now_);
     simulation_.Step(game_now_);
   }
-  std::vector<ConnectionId> too_late;
-  for (const auto& [connection, session] : sessions_) {
+  for (auto next = sessions_.begin(); next != sessions_.end();) {
+    const auto& [connection, session] = *next++;
     if (session.player == nullptr && now - session.connected_at >= kLoginTime) {
-      too_late.push_back(connection);
+      End(connection, Refusal::LoginTooLate);
     }
   }
-  for (ConnectionId connection : too_late) {
-    End(connection, Refusal::LoginTooLate);
-  }
-  lobby_.Tick(now);
+  lobby_.SendOnlineList();
 }
 
 void Server::Handle(ConnectionId connection, Session& session, std::string_view message) {
@@ -83,7 +82,7 @@ void Server::Handle(ConnectionId connection, Session& session, std::string_view 
       LogIn(connection, session, *request);
     }
   } else if (!request) {
-    players_.Refuse(*session.player, Refusal::UnknownMessage);
+    world_.players.Refuse(*session.player, Refusal::UnknownMessage);
   } else if (request->kind == ClientMessage::Disconnect) {
     End(connection, Refusal::None);
   } else {
@@ -95,11 +94,11 @@ void Server::LogIn(ConnectionId connection, Session& session, const ClientReques
   if (!request.is_complete) {
     return End(connection, Refusal::IncompleteLogin);
   }
-  const auto [refusal, account] = accounts_.Admit(request.fields[1], request.fields[2]);
+  const auto [refusal, account] = world_.accounts.Admit(request.fields[1], request.fields[2]);
   if (account == nullptr) {
     return End(connection, refusal);
   }
-  if (players_.Find(account->name) != nullptr) {
+  if (world_.players.Find(account->name) != nullptr) {
     return End(connection, Refusal::LoggedInElsewhere, {account->name});
   }
   session.player = &lobby_.Enter(connection, *account);

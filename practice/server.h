@@ -4,18 +4,14 @@
 
 #include <chrono>
 #include <cstdint>
-#include <functional>
 #include <map>
+#include <string>
 #include <string_view>
 
-#include "practice/base/dice.h"
-#include "practice/game/arena.h"
+#include "practice/game/world.h"
 #include "practice/lobby/lobby.h"
-#include "practice/players/players.h"
 #include "practice/simulation/simulation.h"
-#include "practice/tournament/tournament.h"
 #include "practice/wire/client_requests.h"
-#include "practice/wire/transport.h"
 
 namespace korvanta::practice {
 
@@ -27,13 +23,11 @@ struct ServerOptions {
 
 class Server {
  public:
-  /// How long a connection may stay without a login.
-  static constexpr std::chrono::seconds kLoginTime{30};
+  /// Characters of the longest message taken, its terminator not counted.
+  static constexpr std::size_t kLongestMessage = std::size_t{64} * 1024;
 
-  /// The transport must outlive the server. `journal` gets one line about each login,
-  /// logout and game.
-  Server(Transport& transport, const ServerOptions& options,
-         std::function<void(std::string_view line)> journal = {});
+  /// The transport must outlive the server.
+  Server(Transport& transport, const ServerOptions& options, Journal journal = IgnoreLine);
 
   void Connected(ConnectionId connection);
   /// Bytes as they come, cut anywhere.
@@ -46,11 +40,11 @@ class Server {
   void Tick(std::chrono::milliseconds now);
 
   /// Announces the end of the server to everyone who is logged in.
-  void SayFarewell() { players_.SayToAll(sentences::kFarewell); }
+  void SayFarewell() { world_.players.SayToAll(sentences::kFarewell); }
 
  private:
   struct Session {
-    MessageStream stream;
+    std::string unread;
     std::chrono::milliseconds connected_at;
     Player* player = nullptr;  // null before the login
   };
@@ -61,17 +55,12 @@ class Server {
   void LogOut(const Session& session);
 
   Transport& transport_;
-  std::function<void(std::string_view line)> journal_;
-  Dice dice_;
-  Accounts accounts_;
-  Players players_;
-  Tournament tournament_;
-  Arena arena_;
-  Lobby lobby_;
+  Journal journal_;
+  World world_;
+  Lobby lobby_{world_};
   Simulation simulation_;
   std::map<ConnectionId, Session> sessions_;
   double pace_;
-  std::chrono::milliseconds now_{0};
   std::chrono::milliseconds game_now_{0};
 };
 

@@ -13,14 +13,13 @@
 namespace korvanta::practice {
 namespace {
 
-using Context = CommandContext;
 using Text = std::string_view;
 
 constexpr std::size_t kLongestLine = 300;
 /// Names that "/who" writes out.
 constexpr std::size_t kMostNames = 40;
 /// Players that "/best" shows.
-constexpr std::ptrdiff_t kMostBest = 10;
+constexpr std::size_t kMostBest = 10;
 constexpr int kUsualSides = 6;
 constexpr int kMostSides = 1000;
 
@@ -33,13 +32,13 @@ std::string Duration(std::chrono::milliseconds time) {
   return std::to_string(seconds / 3600) + two_digits(seconds / 60 % 60) + two_digits(seconds % 60);
 }
 
-void Say(const Context& context, Player& player, Text words) {
-  context.players.SendToAll(ChatLine(MessageKind::Chat, player.name(), words));
-  context.on_chat(player, nullptr, words);
+void Say(World& world, Player& player, Text words) {
+  world.players.SendToAll(ChatLine(MessageKind::Chat, player.name(), words));
+  world.on_chat(player, nullptr, words);
 }
 
-void TellPlayer(const Context& context, const Player& player, Text name, Text words) {
-  Players& players = context.players;
+void TellPlayer(World& world, const Player& player, Text name, Text words) {
+  Players& players = world.players;
   Player* listener = players.Find(name);
   if (listener == nullptr || listener == &player) {
     players.Refuse(player, listener == nullptr ? Refusal::NoOneOnline : Refusal::TellingYourself,
@@ -49,56 +48,56 @@ void TellPlayer(const Context& context, const Player& player, Text name, Text wo
   players.Send(*listener, ChatLine(MessageKind::Tell, player.name() + " tells you", words));
   players.Send(player, ChatLine(MessageKind::Tell, "You tell " + listener->name(), words));
   listener->last_speaker = player.name();
-  context.on_chat(player, listener, words);
+  world.on_chat(player, listener, words);
   if (listener->is_away) {
     players.Say(player, sentences::kListenerAway, listener->name());
   }
 }
 
-void Tell(const Context& context, Player& player, Text text) {
+void Tell(World& world, Player& player, Text text) {
   const auto [name, words] = FirstWord(text);
-  TellPlayer(context, player, name, words);
+  TellPlayer(world, player, name, words);
 }
 
-void Reply(const Context& context, Player& player, Text words) {
+void Reply(World& world, Player& player, Text words) {
   if (player.last_speaker.empty()) {
-    context.players.Refuse(player, Refusal::NoOneToReplyTo);
+    world.players.Refuse(player, Refusal::NoOneToReplyTo);
   } else {
-    TellPlayer(context, player, player.last_speaker, words);
+    TellPlayer(world, player, player.last_speaker, words);
   }
 }
 
-void Act(const Context& context, Player& player, Text words) {
-  context.players.SendToAll(
+void Act(World& world, Player& player, Text words) {
+  world.players.SendToAll(
       ChatLine(MessageKind::Plain, "*", player.name() + " " + std::string(words)));
 }
 
-void Announce(const Context& context, Player& player, Text words) {
-  context.players.SendToAll(ChatLine(MessageKind::Announcement, player.name(), words));
+void Announce(World& world, Player& player, Text words) {
+  world.players.SendToAll(ChatLine(MessageKind::Announcement, player.name(), words));
 }
 
-void Roll(const Context& context, Player& player, Text text) {
+void Roll(World& world, Player& player, Text text) {
   const auto sides = text.empty() ? kUsualSides : NumberWithin(text, 2, kMostSides);
   if (!sides) {
-    context.players.Refuse(player, Refusal::BadDie, kMostSides);
+    world.players.Refuse(player, Refusal::BadDie, kMostSides);
     return;
   }
-  const std::size_t result = 1 + context.dice.Below(static_cast<std::size_t>(*sides));
-  context.players.SayToAll(sentences::kRolls, player.name(), result, *sides);
+  const std::size_t result = 1 + world.dice.Below(static_cast<std::size_t>(*sides));
+  world.players.SayToAll(sentences::kRolls, player.name(), result, *sides);
 }
 
-void ToggleAway(const Context& context, Player& player, Text /*arguments*/) {
+void ToggleAway(World& world, Player& player, Text /*arguments*/) {
   player.is_away = !player.is_away;
   const bool steps_back =
-      player.is_away && player.is_ready && context.arena.SeatOf(*player.account) == nullptr;
+      player.is_away && player.is_ready && world.arena.SeatOf(*player.account) == nullptr;
   player.is_ready &= !steps_back;
-  context.players.Say(player, steps_back       ? sentences::kAwayAndOut
-                              : player.is_away ? sentences::kAway
-                                               : sentences::kBack);
+  world.players.Say(player, steps_back       ? sentences::kAwayAndOut
+                            : player.is_away ? sentences::kAway
+                                             : sentences::kBack);
 }
 
-void ShowWho(const Context& context, Player& player, Text /*arguments*/) {
-  const auto& all = context.players.all();
+void ShowWho(World& world, Player& player, Text /*arguments*/) {
+  const auto& all = world.players.all();
   std::vector<std::string> names;
   for (const auto& [key, other] : all) {
     if (names.size() == kMostNames) {
@@ -108,71 +107,69 @@ void ShowWho(const Context& context, Player& player, Text /*arguments*/) {
     names.push_back(other.name() + (other.account->IsAdministrator() ? " (administrator)" : "") +
                     (other.is_away ? " (away)" : ""));
   }
-  context.players.Answer(player, std::to_string(all.size()) + " online: " + Joined(names, ", "));
+  world.players.Answer(player, std::to_string(all.size()) + " online: " + Joined(names, ", "));
 }
 
-void ShowFigures(const Context& context, Player& player, Text name) {
-  const Account* account = name.empty() ? player.account : context.accounts.Find(name);
+void ShowFigures(World& world, Player& player, Text name) {
+  const Account* account = name.empty() ? player.account : world.accounts.Find(name);
   if (account == nullptr) {
-    context.players.Refuse(player, Refusal::UnknownPlayer, name.substr(0, kLongestName));
+    world.players.Refuse(player, Refusal::UnknownPlayer, name.substr(0, kLongestName));
     return;
   }
   const Figures& figures = account->figures;
-  context.players.Say(player, sentences::kFigures, account->name, figures.PlayerLevel(),
-                      figures.score, figures.wins, figures.games_played);
+  world.players.Say(player, sentences::kFigures, account->name, figures.PlayerLevel(),
+                    figures.score, figures.wins, figures.games_played);
 }
 
-void ShowBest(const Context& context, Player& player, Text /*arguments*/) {
+void ShowBest(World& world, Player& player, Text /*arguments*/) {
   std::vector<const Account*> best;
-  for (const auto& [key, account] : context.accounts.all()) {
+  for (const auto& [key, account] : world.accounts.all()) {
     best.push_back(&account);
   }
-  const auto shown = best.begin() + std::min(kMostBest, std::ssize(best));
-  std::ranges::partial_sort(best, shown, std::greater(),
-                            [](const Account* account) { return account->figures.score; });
-  best.erase(shown, best.end());
-  context.players.Say(player, sentences::kBest);
+  std::ranges::sort(best, std::greater(), [](const Account* one) { return one->figures.score; });
+  best.resize(std::min(kMostBest, best.size()));
+  world.players.Say(player, sentences::kBest);
   for (const Account* account : best) {
-    context.players.Answer(player,
-                           "  " + account->name + ": " + std::to_string(account->figures.score));
+    world.players.Answer(player,
+                         "  " + account->name + ": " + std::to_string(account->figures.score));
   }
 }
 
-void ShowNews(const Context& context, Player& player, Text /*arguments*/) {
-  context.players.Say(player, sentences::kHoldView);
+void ShowNews(World& world, Player& player, Text /*arguments*/) {
+  world.players.Say(player, sentences::kHoldView);
   for (Text line : Split(kNewsText, '\n')) {
-    context.players.Answer(player, line.substr(0, line.find('\r')));
+    world.players.Answer(player, line.substr(0, line.find('\r')));
   }
 }
 
-void ShowTime(const Context& context, Player& player, Text /*arguments*/) {
-  context.players.Say(player, sentences::kTime, Duration(context.now),
-                      Duration(context.now - player.online_since));
+void ShowTime(World& world, Player& player, Text /*arguments*/) {
+  world.players.Say(player, sentences::kTime, Duration(world.now),
+                    Duration(world.now - player.online_since));
 }
 
-void Help(const Context& context, Player& player, Text arguments);
+void Help(World& world, Player& player, Text arguments);
 
 struct Command {
   Text name;
   Text arguments;  ///< what has to follow; in brackets when it may be left out
   Text purpose;
-  void (*run)(const Context& context, Player& player, Text arguments);
+  void (*run)(World& world, Player& player, Text arguments);
   bool for_administrators = false;
 };
 
 constexpr auto kCommands = std::to_array<Command>({
     {"help", "", "shows this list", Help},
     {"game", "", "shows how the game stands",
-     [](auto& context, auto& player, Text) { context.moves.Describe(player); }},
+     [](auto& world, auto& player, Text) { world.moves.Describe(player); }},
     {"break", "", "ends your alliance in the game",
-     [](auto& context, auto& player, Text) { context.moves.BreakAlliance(player); }},
+     [](auto& world, auto& player, Text) { world.moves.BreakAlliance(player); }},
     {"leave", "", "takes you out of the game, or out of the next one",
-     [](auto& context, auto& player, Text) { context.arena.Leave(player); }},
+     [](auto& world, auto& player, Text) { world.arena.Leave(player); }},
     {"who", "", "shows who is online", ShowWho},
     {"tell", "name text", "speaks to one player alone", Tell},
     {"reply", "text", "answers the player who last spoke to you alone", Reply},
     {"team", "text", "speaks to your team alone",
-     [](auto& context, auto& player, Text words) { context.tournament_desk.Say(player, words); }},
+     [](auto& world, auto& player, Text words) { world.tournament.Say(player, words); }},
     {"me", "text", "shows what you do, as in /me waves", Act},
     {"roll", "[sides]", "rolls a die, with 6 sides unless you say how many", Roll},
     {"away", "", "shows that you are away; typed again, that you are back", ToggleAway},
@@ -183,24 +180,24 @@ constexpr auto kCommands = std::to_array<Command>({
     {"c", "text", "speaks to everyone, while Auto Chat is off", Say},
     {"announce", "text", "announces something to everyone", Announce, true},
     {"start", "", "begins the next game as soon as two players are ready",
-     [](auto& context, auto& player, Text) { context.arena.Start(player); }, true},
+     [](auto& world, auto& player, Text) { world.arena.Start(player); }, true},
 });
 
 bool MayUse(const Player& player, const Command& command) {
   return !command.for_administrators || player.account->IsAdministrator();
 }
 
-void Help(const Context& context, Player& player, Text /*arguments*/) {
-  context.players.Say(player, sentences::kHelp);
+void Help(World& world, Player& player, Text /*arguments*/) {
+  world.players.Say(player, sentences::kHelp);
   for (const Command& command : kCommands) {
     if (MayUse(player, command)) {
       const std::string usage = "  /" + std::string(command.name) +
                                 (command.arguments.empty() ? "" : " ") +
                                 std::string(command.arguments);
-      context.players.Answer(player, usage + " - " + std::string(command.purpose));
+      world.players.Answer(player, usage + " - " + std::string(command.purpose));
     }
   }
-  context.players.Say(player, sentences::kHoldView);
+  world.players.Say(player, sentences::kHoldView);
 }
 
 /// Each word that has to follow stands for at least one.
@@ -212,8 +209,8 @@ bool HasArguments(const Command& command, Text arguments) {
 
 }  // namespace
 
-void RunCommand(const CommandContext& context, Player& player, std::string_view typed) {
-  Players& players = context.players;
+void RunCommand(World& world, Player& player, std::string_view typed) {
+  Players& players = world.players;
   std::string_view line = TrimSpaces(typed);
   if (line.size() > kLongestLine) {
     players.Refuse(player, Refusal::LineTooLong, kLongestLine);
@@ -232,7 +229,7 @@ void RunCommand(const CommandContext& context, Player& player, std::string_view 
   } else if (!HasArguments(*command, arguments)) {
     players.Refuse(player, Refusal::CommandNeedsMore, name, command->arguments);
   } else {
-    command->run(context, player, arguments);
+    command->run(world, player, arguments);
   }
 }
 

@@ -16,7 +16,7 @@ constexpr std::chrono::seconds kTick{15};
 constexpr std::chrono::seconds kGathering{15};
 constexpr std::chrono::seconds kRest{20};
 
-constexpr std::size_t kFewestContenders = 2;
+constexpr std::ptrdiff_t kFewestContenders = 2;
 /// A win without opponents counts when they have played at least this long.
 constexpr int kFewestTicks = 5;
 /// Names that one line shows.
@@ -51,8 +51,7 @@ std::string BoardOf(const Contender& contender) {
 
 }  // namespace
 
-Arena::Arena(Players& players, Tournament& tournament, Dice& dice, double pace,
-             std::function<void(std::string_view line)> journal)
+Arena::Arena(Players& players, Tournament& tournament, Dice& dice, double pace, Journal journal)
     : players_(players),
       tournament_(tournament),
       dice_(dice),
@@ -90,11 +89,10 @@ void Arena::Enter(Player& player) {
   }
   const bool clock_ran = deadline_.has_value();
   GatherIfEnough();
-  const auto time = TimeLeft();
-  const std::string when = Filled(game_  ? sentences::kWhenThisIsOver
-                                  : time ? sentences::kWhenClockRuns
-                                         : sentences::kWhenAnotherIsReady,
-                                  {time.value_or("")});
+  const std::string when = Filled(game_       ? sentences::kWhenThisIsOver
+                                  : deadline_ ? sentences::kWhenClockRuns
+                                              : sentences::kWhenAnotherIsReady,
+                                  {TimeLeft()});
   players_.Say(player, was_ready ? sentences::kReadyAlready : sentences::kReady, when);
   if (phase_ == Phase::Gathering && clock_ran) {
     players_.Send(player, Clock());
@@ -154,10 +152,9 @@ bool Arena::IsMeantForNextGame(const Player& player) const {
 }
 
 bool Arena::EnoughAreReady() const {
-  const auto& all = players_.all();
-  const auto ready = std::count_if(all.begin(), all.end(),
-                                   [](const auto& entry) { return entry.second.is_ready; });
-  return static_cast<std::size_t>(ready) >= kFewestContenders;
+  return std::ranges::count_if(players_.all(), [](const auto& entry) {
+           return entry.second.is_ready;
+         }) >= kFewestContenders;
 }
 
 /// A gathering starts its clock when there are enough for a game.
@@ -181,7 +178,7 @@ std::vector<Player*> Arena::Entrants() {
       teams.insert(team);
     }
   }
-  return is_for_teams_ && teams.size() < kFewestContenders ? std::vector<Player*>() : entrants;
+  return is_for_teams_ && std::ssize(teams) < kFewestContenders ? std::vector<Player*>() : entrants;
 }
 
 void Arena::Begin() {
@@ -192,7 +189,7 @@ void Arena::Begin() {
     is_for_teams_ = false;
     entrants = Entrants();
   }
-  if (entrants.size() < kFewestContenders) {
+  if (std::ssize(entrants) < kFewestContenders) {
     deadline_.reset();
     players_.SayToAll(sentences::kTooFewPlayers);
     return;
@@ -323,9 +320,9 @@ std::string Arena::Clock() const {
   return Message<ServerMessage::GameClock>(Seconds(*deadline_ - now_));
 }
 
-std::optional<std::string> Arena::TimeLeft() const {
+std::string Arena::TimeLeft() const {
   if (!deadline_) {
-    return std::nullopt;
+    return {};
   }
   const milliseconds more = phase_ == Phase::Resting ? kGathering : milliseconds(0);
   return Counted(Seconds(*deadline_ - now_ + more), "second");

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <chrono>
-#include <functional>
 #include <optional>
 #include <set>
 #include <string>
@@ -20,10 +19,8 @@ class Arena {
  public:
   enum class Phase { Gathering, Playing, Resting };
 
-  /// All must outlive the arena. `pace` is how many times faster than real time the game runs;
-  /// `journal` gets one line about each game that begins and ends.
-  Arena(Players& players, Tournament& tournament, Dice& dice, double pace,
-        std::function<void(std::string_view line)> journal);
+  /// All must outlive the arena. `pace` is how many times faster than real time the game runs.
+  Arena(Players& players, Tournament& tournament, Dice& dice, double pace, Journal journal);
 
   /// The game's time goes on; it never falls.
   void Step(std::chrono::milliseconds now);
@@ -51,9 +48,9 @@ class Arena {
   /// The account's place in it; null without one.
   Contender* SeatOf(const Account& account) { return game_ ? game_->Find(account) : nullptr; }
 
-  /// In words and real time: until the next tick, or until the next game at the earliest. Nothing
+  /// In words and real time: until the next tick, or until the next game at the earliest. Empty
   /// while too few have gathered.
-  std::optional<std::string> TimeLeft() const;
+  std::string TimeLeft() const;
 
   /// To the contender's player, who may be offline.
   void Send(const Contender& contender, std::string_view messages);
@@ -80,7 +77,7 @@ class Arena {
   Tournament& tournament_;
   Dice& dice_;
   double pace_;
-  std::function<void(std::string_view line)> journal_;
+  Journal journal_;
   Phase phase_ = Phase::Gathering;
   std::optional<Game> game_;       // while it is being played
   std::set<const Account*> left_;  // of their own will, so that they stay out of this game

@@ -34,11 +34,6 @@ constexpr std::array<TopicText, 5> kTopicTexts = {{
     {"Golden Knowledge", "It wins the game, and needs two topics at level 4."},
 }};
 
-auto PlaceOf(const Account& account, std::list<Contender>& contenders) {
-  return std::find_if(contenders.begin(), contenders.end(),
-                      [&](const Contender& contender) { return contender.account == &account; });
-}
-
 /// All points that the contender has and has spent on what it has.
 int Worth(const Contender& contender) {
   int worth = contender.points;
@@ -80,14 +75,15 @@ void Game::Leave(Contender& contender, bool may_return) {
       other.proposed_to = nullptr;
     }
   }
-  absent_.splice(absent_.end(), contenders_, PlaceOf(*contender.account, contenders_));
+  const auto place = std::ranges::find(contenders_, contender.account, &Contender::account);
+  absent_.splice(absent_.end(), contenders_, place);
   if (!may_return) {
     absent_.pop_back();
   }
 }
 
 Contender* Game::Return(const Account& account) {
-  const auto place = PlaceOf(account, absent_);
+  const auto place = std::ranges::find(absent_, &account, &Contender::account);
   if (place == absent_.end()) {
     return nullptr;
   }
@@ -96,14 +92,11 @@ Contender* Game::Return(const Account& account) {
 }
 
 Contender* Game::Find(const Account& account) {
-  const auto place = PlaceOf(account, contenders_);
+  const auto place = std::ranges::find(contenders_, &account, &Contender::account);
   return place == contenders_.end() ? nullptr : &*place;
 }
 
-bool Game::IsOpen() const {
-  return std::none_of(contenders_.begin(), contenders_.end(),
-                      [](const Contender& contender) { return contender.IsNearWinning(); });
-}
+bool Game::IsOpen() const { return std::ranges::none_of(contenders_, &Contender::IsNearWinning); }
 
 void Game::Tick() {
   for (Contender& contender : contenders_) {

@@ -140,7 +140,7 @@ void Moves::Explain(const Player& player, std::string_view topic_code) {
 }
 
 void Moves::Describe(const Player& player) {
-  const std::string time = arena_.TimeLeft().value_or("");
+  const std::string time = arena_.TimeLeft();
   if (arena_.game() == nullptr) {
     players_.Say(player, time.empty() ? sentences::kNextGameNeedsTwo : sentences::kNextGameIn,
                  time);

@@ -6,6 +6,7 @@
 
 #include "base/trim.h"
 #include "practice/base/player_text.h"
+#include "practice/commands/commands.h"
 #include "practice/wire/server_messages.h"
 #include "practice/words/news_text.h"
 
@@ -36,97 +37,87 @@ NameColour ColourOf(const Player& player, const Contender* contender, bool is_in
 
 }  // namespace
 
-Lobby::Lobby(Players& players, const Accounts& accounts, Tournament& tournament, Arena& arena,
-             Dice& dice)
-    : players_(players),
-      accounts_(accounts),
-      tournament_(tournament),
-      arena_(arena),
-      tournament_desk_(players, accounts, tournament),
-      moves_(players, arena),
-      commands_{players, accounts, tournament_desk_, arena, moves_, dice} {}
-
 Player& Lobby::Enter(ConnectionId connection, Account& account) {
-  Player& player = players_.Add(connection, account, commands_.now);
-  players_.SendToAll(Message<ServerMessage::LoginNotice>(account.name + " logged in"), &player);
+  Player& player = world_.players.Add(connection, account, world_.now);
+  world_.players.SendToAll(Message<ServerMessage::LoginNotice>(account.name + " logged in"),
+                           &player);
   if (player.IsSimulated()) {
     return player;
   }
-  players_.Send(player, Message<ServerMessage::LoginAccepted>(account.name, account.user_id));
-  players_.Say(player, sentences::kWelcome, account.name);
-  players_.Say(player, sentences::kFirstSteps);
+  world_.players.Send(player, Message<ServerMessage::LoginAccepted>(account.name, account.user_id));
+  world_.players.Say(player, sentences::kWelcome, account.name);
+  world_.players.Say(player, sentences::kFirstSteps);
   if (account.IsAdministrator()) {
-    players_.Say(player, sentences::kAdministratorWelcome);
+    world_.players.Say(player, sentences::kAdministratorWelcome);
   }
-  arena_.Welcome(player);
-  players_.Send(player, OnlineList());
+  world_.arena.Welcome(player);
+  world_.players.Send(player, OnlineList());
   return player;
 }
 
 void Lobby::Leave(const Player& player) {
   const Account& account = *player.account;
-  players_.Remove(player);
-  players_.SendToAll(Message<ServerMessage::LoginNotice>(account.name + " logged out"));
-  arena_.Forget(account);
+  world_.players.Remove(player);
+  world_.players.SendToAll(Message<ServerMessage::LoginNotice>(account.name + " logged out"));
+  world_.arena.Forget(account);
 }
 
 void Lobby::Handle(Player& player, const ClientRequest& request) {
   if (!request.is_complete) {
-    players_.Refuse(player, Refusal::IncompleteMessage);
+    world_.players.Refuse(player, Refusal::IncompleteMessage);
     return;
   }
   const auto& fields = request.fields;
   switch (request.kind) {
     case ClientMessage::Login:
-      players_.Refuse(player, Refusal::LoggedInAlready);
+      world_.players.Refuse(player, Refusal::LoggedInAlready);
       return;
     case ClientMessage::Disconnect:
     case ClientMessage::KeepAlive:
       return;
     case ClientMessage::ChatLine:
-      return RunCommand(commands_, player, fields[0]);
+      return RunCommand(world_, player, fields[0]);
     case ClientMessage::FormAlliance:
-      return moves_.Ally(player, fields[0]);
+      return world_.moves.Ally(player, fields[0]);
     case ClientMessage::AttackPlayer:
-      return moves_.Attack(player, fields[0]);
+      return world_.moves.Attack(player, fields[0]);
     case ClientMessage::LookUpStatistics:
       return SendStatistics(player, fields[0]);
     case ClientMessage::EnterGame:
-      return arena_.Enter(player);
+      return world_.arena.Enter(player);
     case ClientMessage::TopicInformation:
-      return moves_.Explain(player, fields[0]);
+      return world_.moves.Explain(player, fields[0]);
     case ClientMessage::ResearchTopic:
-      return moves_.Research(player, fields[0], fields[1]);
+      return world_.moves.Research(player, fields[0], fields[1]);
     case ClientMessage::RequestNews:
-      return players_.Send(player, Message<ServerMessage::News>(kNewsText));
+      return world_.players.Send(player, Message<ServerMessage::News>(kNewsText));
     case ClientMessage::RequestTournamentInfo:
-      return tournament_desk_.SendInfo(player);
+      return world_.tournament.SendInfo(player);
     case ClientMessage::RequestTeamList:
-      return tournament_desk_.SendTeamList(player);
+      return world_.tournament.SendTeamList(player);
     case ClientMessage::StartTournament:
-      return tournament_desk_.Start(player, fields[0], fields[1], fields[2]);
+      return world_.tournament.Open(player, fields[0], fields[1], fields[2]);
     case ClientMessage::SetTournamentGame:
-      return tournament_desk_.SetGame(player);
+      return world_.tournament.SetGame(player);
     case ClientMessage::EndTournament:
-      return tournament_desk_.End(player);
+      return world_.tournament.End(player);
     case ClientMessage::JoinTeam:
-      return tournament_desk_.Join(player, fields[0], fields[1]);
+      return world_.tournament.Join(player, fields[0], fields[1]);
     case ClientMessage::DisbandTeam:
-      return tournament_desk_.Disband(player);
+      return world_.tournament.Disband(player);
     case ClientMessage::KickPlayer:
-      return tournament_desk_.Kick(player, fields[0]);
+      return world_.tournament.Kick(player, fields[0]);
   }
 }
 
-void Lobby::Tick(std::chrono::milliseconds now) {
-  commands_.now = now;
-  if (now < list_due_ || players_.people() == 0) {
+void Lobby::SendOnlineList() {
+  if (world_.now < list_due_ || world_.players.people() == 0) {
     return;
   }
-  const auto entries = players_.all().size() * players_.people();
-  list_due_ = now + kOnlineListPause + kPausePerThousandEntries * entries / 1000;
+  const auto entries = world_.players.all().size() * world_.players.people();
+  list_due_ = world_.now + kOnlineListPause + kPausePerThousandEntries * entries / 1000;
   if (std::string list = OnlineList(); list != sent_list_) {
-    players_.SendToAll(list);
+    world_.players.SendToAll(list);
     sent_list_ = std::move(list);
   }
 }
@@ -135,41 +126,41 @@ void Lobby::SendStatistics(const Player& player, std::string_view name) {
   Account nobody;  // whose zeros the window shows for a name that nobody has
   nobody.name = TrimSpaces(name).substr(0, kLongestName);
   std::erase(nobody.name, '[');  // a client tests the payload for tags, too
-  const Account* known = accounts_.Find(TrimSpaces(name));
+  const Account* known = world_.accounts.Find(TrimSpaces(name));
   const Account& account = known == nullptr ? nobody : *known;
-  const Contender* contender = arena_.SeatOf(account);
+  const Contender* contender = world_.arena.SeatOf(account);
   const std::string ally = known == nullptr ? "Unknown player"
                            : contender == nullptr || contender->ally == nullptr
                                ? "None"
                                : contender->ally->name();
   const Figures& figures = account.figures;
-  players_.Send(player,
-                Message<ServerMessage::Statistics>(
-                    account.name, ally, account.number, figures.wins, figures.games_played,
-                    figures.research, figures.research_lost, figures.research_destroyed,
-                    figures.alliance_screw_overs, figures.score, figures.blocks,
-                    figures.alliance_wins, Joined(figures.AwardCodes(), {&kRecordSeparator, 1})));
+  world_.players.Send(
+      player, Message<ServerMessage::Statistics>(
+                  account.name, ally, account.number, figures.wins, figures.games_played,
+                  figures.research, figures.research_lost, figures.research_destroyed,
+                  figures.alliance_screw_overs, figures.score, figures.blocks,
+                  figures.alliance_wins, Joined(figures.AwardCodes(), {&kRecordSeparator, 1})));
   if (known == nullptr) {
-    players_.Refuse(player, Refusal::UnknownPlayer, name.substr(0, kLongestName));
+    world_.players.Refuse(player, Refusal::UnknownPlayer, name.substr(0, kLongestName));
   }
 }
 
 std::string Lobby::OnlineList() {
   // Looked up once for all, since thousands of players may be in one game.
   std::map<const Account*, const Contender*> contenders;
-  if (const Game* game = arena_.game()) {
+  if (const Game* game = world_.arena.game()) {
     for (const Contender& contender : game->contenders()) {
       contenders.emplace(contender.account, &contender);
     }
   }
   std::set<std::string> team_members;
-  for (const Team& team : tournament_.teams()) {
+  for (const Team& team : world_.tournament.teams()) {
     for (const std::string& member : team.members) {
       team_members.insert(NameKey(member));
     }
   }
   std::vector<std::string> records;
-  for (const auto& [key, player] : players_.all()) {
+  for (const auto& [key, player] : world_.players.all()) {
     const auto contender = contenders.find(player.account);
     const NameColour colour =
         ColourOf(player, contender == contenders.end() ? nullptr : contender->second,

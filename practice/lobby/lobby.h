@@ -5,21 +5,16 @@
 #include <chrono>
 #include <string>
 #include <string_view>
-#include <utility>
 
-#include "practice/commands/commands.h"
-#include "practice/game/moves.h"
-#include "practice/players/players.h"
-#include "practice/tournament/tournament.h"
+#include "practice/game/world.h"
 #include "practice/wire/client_requests.h"
 
 namespace korvanta::practice {
 
 class Lobby {
  public:
-  /// All must outlive the lobby.
-  Lobby(Players& players, const Accounts& accounts, Tournament& tournament, Arena& arena,
-        Dice& dice);
+  /// The world must outlive the lobby.
+  explicit Lobby(World& world) : world_(world) {}
 
   /// The account must not be online. The player stays where it is until Leave().
   Player& Enter(ConnectionId connection, Account& account);
@@ -30,26 +25,17 @@ class Lobby {
   /// are not for the lobby.
   void Handle(Player& player, const ClientRequest& request);
 
-  /// Time goes on; `now` is counted from the start of the server and never falls. To be called when
-  /// everything else of that moment is done. Sends the online list to everyone when it is not the
-  /// one that was sent last: at most every 100 ms, and less often the more players there are, since
-  /// what it costs to send it to everyone grows with the square of the players.
-  void Tick(std::chrono::milliseconds now);
-
-  void SetChatListener(ChatListener listener) { commands_.on_chat = std::move(listener); }
+  /// Sends the online list to everyone when it is not the one that was sent last: at most every
+  /// 100 ms, and less often the more players there are, since what it costs to send it to everyone
+  /// grows with the square of the players. To be called as time goes on.
+  void SendOnlineList();
 
  private:
   void SendStatistics(const Player& player, std::string_view name);
   /// Who is online, and how everyone stands.
   std::string OnlineList();
 
-  Players& players_;
-  const Accounts& accounts_;
-  const Tournament& tournament_;
-  Arena& arena_;
-  TournamentDesk tournament_desk_;
-  Moves moves_;
-  CommandContext commands_;
+  World& world_;
   std::string sent_list_;
   std::chrono::milliseconds list_due_{0};
 };

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -13,6 +14,10 @@
 #include "practice/words/sentences.h"
 
 namespace korvanta::practice {
+
+/// Gets one line about each login, logout and game.
+using Journal = std::function<void(std::string_view line)>;
+inline void IgnoreLine(std::string_view /*line*/) {}
 
 struct Player {
   ConnectionId connection;  ///< kNoConnection for a simulated player

@@ -25,15 +25,14 @@ constexpr auto kTeamPassword = "\tsimulated";
 
 }  // namespace
 
-Simulation::Simulation(Accounts& accounts, Lobby& lobby, Arena& arena, Tournament& tournament,
-                       std::uint64_t seed, int count)
-    : lobby_(lobby), arena_(arena), tournament_(tournament), dice_(seed) {
-  lobby.SetChatListener([this](const Player& speaker, const Player* listener, auto words) {
+Simulation::Simulation(World& world, Lobby& lobby, std::uint64_t seed, int count)
+    : world_(world), lobby_(lobby), dice_(seed) {
+  world_.on_chat = [this](const Player& speaker, const Player* listener, auto words) {
     Hear(speaker, listener, words);
-  });
+  };
   const std::size_t first = dice_.Below(100);
   for (std::size_t number = 0; number < static_cast<std::size_t>(count); ++number) {
-    characters_.push_back({&accounts.AddSimulated(SimulatedName(number)), first + number});
+    characters_.push_back({&world_.accounts.AddSimulated(SimulatedName(number)), first + number});
   }
   for (Character& character : characters_) {
     character.player = &lobby_.Enter(kNoConnection, *character.account);
@@ -87,14 +86,14 @@ void Simulation::ComeOrGo() {
 
 /// While a tournament is open, simulated players fill a few teams.
 void Simulation::FormTeam() {
-  const Character* character = tournament_.IsOpen() ? AnyOnline() : nullptr;
+  const Character* character = world_.tournament.IsOpen() ? AnyOnline() : nullptr;
   if (character == nullptr || IsInTeam(*character)) {
     return;
   }
   for (std::size_t number = 0; number < kMostSimulatedTeams; ++number) {
     const std::string name = SimulatedTeamName(number);
-    const auto team = std::ranges::find(tournament_.teams(), name, &Team::name);
-    if (team == tournament_.teams().end() ||
+    const auto team = std::ranges::find(world_.tournament.teams(), name, &Team::name);
+    if (team == world_.tournament.teams().end() ||
         (team->members.size() < kTeamSize && team->password == kTeamPassword)) {
       lobby_.Handle(*character->player, {ClientMessage::JoinTeam, {name, kTeamPassword}});
       return;
@@ -104,19 +103,19 @@ void Simulation::FormTeam() {
 
 void Simulation::Act(Character& character) {
   Player& player = *character.player;
-  if (const Contender* self = arena_.SeatOf(*player.account)) {
-    if (const auto move = NextMove(*arena_.game(), *self, character.number, dice_)) {
+  if (const Contender* self = world_.arena.SeatOf(*player.account)) {
+    if (const auto move = NextMove(*world_.arena.game(), *self, character.number, dice_)) {
       lobby_.Handle(player, *move);
     }
     return;
   }
-  if (arena_.phase() != Arena::Phase::Gathering || player.is_ready) {
+  if (world_.arena.phase() != Arena::Phase::Gathering || player.is_ready) {
     return;
   }
   const auto ready = std::count_if(
       characters_.begin(), characters_.end(),
       [](const Character& other) { return other.player != nullptr && other.player->is_ready; });
-  if (ready < kMostSimulatedSeats || (tournament_.IsGameSet() && IsInTeam(character))) {
+  if (ready < kMostSimulatedSeats || (world_.tournament.IsGameSet() && IsInTeam(character))) {
     lobby_.Handle(player, {ClientMessage::EnterGame, {}});
   }
 }
@@ -127,12 +126,12 @@ void Simulation::MakeSmallTalk() {
   if (speaker == nullptr) {
     return;
   }
-  const Game* game = arena_.game();
-  const bool plays = arena_.SeatOf(*speaker->account) != nullptr;
-  const Occasion occasion = arena_.phase() == Arena::Phase::Resting ? Occasion::Ending
-                            : !plays                                ? Occasion::Lobby
-                            : !game->IsOpen()                       ? Occasion::Closing
-                                                                    : Occasion::Playing;
+  const Game* game = world_.arena.game();
+  const bool plays = world_.arena.SeatOf(*speaker->account) != nullptr;
+  const Occasion occasion = world_.arena.phase() == Arena::Phase::Resting ? Occasion::Ending
+                            : !plays                                      ? Occasion::Lobby
+                            : !game->IsOpen()                             ? Occasion::Closing
+                                                                          : Occasion::Playing;
   const Character* other = AnyOnline();
   std::string_view name = other == speaker ? std::string_view() : other->account->name;
   int most = -1;
@@ -205,7 +204,7 @@ Simulation::Character* Simulation::AnyOnline() {
 }
 
 bool Simulation::IsInTeam(const Character& character) const {
-  return tournament_.TeamOf(character.account->name) != nullptr;
+  return world_.tournament.TeamOf(character.account->name) != nullptr;
 }
 
 bool Simulation::IsDue(milliseconds& next, milliseconds least, milliseconds most) {

@@ -15,10 +15,9 @@ namespace korvanta::practice {
 
 class Simulation {
  public:
-  /// All must outlive the simulation. It rolls dice of its own, so that what it does stays the same
-  /// when people roll theirs.
-  Simulation(Accounts& accounts, Lobby& lobby, Arena& arena, Tournament& tournament,
-             std::uint64_t seed, int count);
+  /// Both must outlive the simulation. It rolls dice of its own, so that what it does stays the
+  /// same when people roll theirs.
+  Simulation(World& world, Lobby& lobby, std::uint64_t seed, int count);
 
   /// The game's time goes on; it never falls.
   void Step(std::chrono::milliseconds now);
@@ -53,9 +52,8 @@ class Simulation {
   bool IsDue(std::chrono::milliseconds& next, std::chrono::milliseconds least,
              std::chrono::milliseconds most);
 
+  World& world_;
   Lobby& lobby_;
-  Arena& arena_;
-  Tournament& tournament_;
   Dice dice_;
   std::vector<Character> characters_;
   std::vector<Line> waiting_;

@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "practice/players/players.h"
-#include "practice/words/sentences.h"
 
 namespace korvanta::practice {
 
@@ -22,7 +21,8 @@ struct Team {
 };
 
 /// Names of players and teams count as the same in any letter case. A team that is handed out is
-/// valid until the next change.
+/// valid until the next change. Whoever asks for something is answered, if only by the reason why
+/// nothing was done.
 class Tournament {
  public:
   struct Terms {
@@ -33,77 +33,55 @@ class Tournament {
     int max_players = 10'000;
   };
 
-  /// Opens it within limits that texts give; one that is not a whole number is refused.
-  Refusal Open(std::string_view entry_fee, std::string_view max_teams,
-               std::string_view max_players);
-  /// Makes the next game one for teams alone.
-  Refusal SetGame();
-  /// Ends it; the teams stay.
-  Refusal End();
-  /// The game that was set has begun.
-  void GameBegins() { is_game_set_ = false; }
+  /// Both must outlive the tournament.
+  Tournament(Players& players, const Accounts& accounts) : players_(players), accounts_(accounts) {}
 
   bool IsOpen() const { return is_open_; }
   /// The next game is for teams alone.
   bool IsGameSet() const { return is_game_set_; }
+  /// The game that was set has begun.
+  void GameBegins() { is_game_set_ = false; }
   const Terms& terms() const { return terms_; }
-
-  /// Joins the team of that name, or makes it with the player as its leader. Spaces at the ends of
-  /// the name do not count; it has 1 to 20 characters, none of them a colon.
-  Refusal Join(std::string_view player, std::string_view team_name, std::string_view password);
-  /// Takes the player out of the team; the next member leads when the leader goes, and the team
-  /// ends with its last member. A player without a team is left alone.
-  void Remove(std::string_view player);
-  /// Ends the team that the player is in, whoever leads it.
-  void Disband(std::string_view player);
-
-  /// The team that the player is in; null without one.
-  const Team* TeamOf(std::string_view player) const;
   /// In the order in which they were made.
   const std::vector<Team>& teams() const { return teams_; }
-  /// Members of all teams.
-  std::ptrdiff_t CountPlayers() const;
-
- private:
-  bool is_open_ = false;
-  bool is_game_set_ = false;
-  Terms terms_;
-  std::vector<Team> teams_;
-};
-
-/// The tournament window and the talk of teams. Whoever asks is answered, if only by the reason why
-/// nothing was done.
-class TournamentDesk {
- public:
-  /// All must outlive the desk.
-  TournamentDesk(Players& players, const Accounts& accounts, Tournament& tournament)
-      : players_(players), accounts_(accounts), tournament_(tournament) {}
+  /// The team that the player is in; null without one.
+  const Team* TeamOf(std::string_view player) const;
 
   void SendInfo(const Player& player);
   void SendTeamList(const Player& player);
 
   // For administrators.
-  void Start(const Player& player, std::string_view entry_fee, std::string_view max_teams,
-             std::string_view max_players);
+  /// Opens it within limits that texts give; one that is not a whole number is refused.
+  void Open(const Player& player, std::string_view entry_fee, std::string_view max_teams,
+            std::string_view max_players);
+  /// Makes the next game one for teams alone.
   void SetGame(const Player& player);
+  /// Ends it; the teams stay.
   void End(const Player& player);
 
-  void Join(const Player& player, std::string_view team, std::string_view password);
-  /// Only the leader may.
+  /// Joins the team of that name, or makes it with the player as its leader. Spaces at the ends of
+  /// the name do not count; it has 1 to 20 characters, none of them a colon.
+  void Join(const Player& player, std::string_view team_name, std::string_view password);
+  /// Ends the player's team. Only its leader may.
   void Disband(const Player& player);
-  /// The leader may kick any member, and each member itself.
+  /// Takes a member out of the player's team: the leader may kick any, and each member itself. The
+  /// next member leads when the leader goes, and the team ends with its last member.
   void Kick(const Player& player, std::string_view name);
   /// What a member says to the team.
   void Say(const Player& player, std::string_view words);
 
  private:
-  bool MayManage(const Player& player);
+  /// Members of all teams.
+  std::ptrdiff_t CountPlayers() const;
   void SendBoth(const Player& player);
-  void SayToTeam(const Team& team, std::string_view speaker, std::string_view words);
+  void SayToTeam(const Team& team, const Player& speaker, std::string_view words);
 
   Players& players_;
   const Accounts& accounts_;
-  Tournament& tournament_;
+  bool is_open_ = false;
+  bool is_game_set_ = false;
+  Terms terms_;
+  std::vector<Team> teams_;
 };
 
 }  // namespace korvanta::practice

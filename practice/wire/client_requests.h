@@ -1,8 +1,6 @@
-/// Reading of what clients send: bytes are put together to messages, and messages taken apart into
-/// fields.
+/// Reading of what clients send: messages are taken apart into fields.
 #pragma once
 
-#include <algorithm>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,33 +10,6 @@
 #include "protocol/message_table.h"
 
 namespace korvanta::practice {
-
-/// Puts together whole messages from the bytes that arrive from one client, however they are cut.
-class MessageStream {
- public:
-  /// Characters of the longest message taken, its terminator not counted.
-  static constexpr std::size_t kLongestMessage = std::size_t{64} * 1024;
-
-  void Append(std::string_view bytes) { bytes_ += bytes; }
-  /// The next whole message without its terminator; nothing when more bytes are needed, or when the
-  /// stream is broken.
-  std::optional<std::string> Next() {
-    const std::size_t end = bytes_.find(kMessageTerminator);
-    is_broken_ = std::min(end, bytes_.size()) > kLongestMessage;
-    if (is_broken_ || end == std::string::npos) {
-      return std::nullopt;
-    }
-    std::string message = bytes_.substr(0, end);
-    bytes_.erase(0, end + 1);
-    return message;
-  }
-  /// The next message is longer than the longest one taken, and nothing more can be read.
-  bool IsBroken() const { return is_broken_; }
-
- private:
-  std::string bytes_;
-  bool is_broken_ = false;
-};
 
 struct ClientRequest {
   ClientMessage kind;

@@ -88,7 +88,7 @@ TEST_F(PracticeServerTest, MessagesAreWholeHoweverTheirBytesArriveUnlessTheyAreT
   EXPECT_THAT(Heard(anna), ElementsAre("[msg]cht|Anna: there|False", "[msg]cht|Anna: a|False"));
   for (const std::size_t excess : {0U, 1U}) {
     const auto connection = LogIn("Anna");
-    const std::string message(MessageStream::kLongestMessage + excess, 'x');
+    const std::string message(Server::kLongestMessage + excess, 'x');
     server.Received(connection, "[ctc]c first\0"s + message + '\0');
     EXPECT_THAT(Heard(connection),
                 ElementsAre("[msg]cht|Anna: first|False",
