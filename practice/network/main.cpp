@@ -6,11 +6,13 @@
 #include <QString>
 #include <QStringList>
 #include <algorithm>
+#include <charconv>
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
 #include <optional>
 #include <random>
+#include <string>
 #include <string_view>
 #include <type_traits>
 #include <utility>
@@ -32,9 +34,9 @@ struct CommandLine {
   quint16 port = kServerPort;
   bool allow_remote = false;
   bool quiet = false;
-  NetworkServer::Options server;
-  /// Lines that name the seeds that nobody chose, so that a run can be repeated.
-  QStringList random_seeds;
+  ServerOptions rules;
+  LoadOptions load;
+  MischiefOptions mischief;
 };
 
 constexpr int kUsageError = 2;
@@ -56,33 +58,24 @@ struct Option {
 };
 
 /// NaN is within nothing.
-Take Within(double lowest, double highest, auto& into) {
-  return [=, &into](const QString& text) {
-    bool is_number = false;
-    const double number = std::is_integral_v<std::remove_reference_t<decltype(into)>>
-                              ? text.toInt(&is_number)
-                              : text.toDouble(&is_number);
-    into = static_cast<std::remove_reference_t<decltype(into)>>(is_number ? number : lowest);
-    return is_number && number >= lowest && number <= highest;
+template <typename Number>
+Take Within(std::type_identity_t<Number> lowest, std::type_identity_t<Number> highest,
+            Number& into) {
+  return [=, &into](const QString& value) {
+    const std::string text = value.toStdString();
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), into);
+    const bool is_number = error == std::errc() && end == text.data() + text.size();
+    return is_number && into >= lowest && into <= highest;
   };
 }
 
-Take Seed(std::uint64_t& into) {
-  return [&into](const QString& text) {
-    bool is_number = false;
-    into = text.toULongLong(&is_number);
-    return is_number;
-  };
-}
+Take Seed(std::uint64_t& into) { return Within(0, UINT64_MAX, into); }
 
 Take Switch(bool& into) {
   return [&into](const QString& /*text*/) { return into = true; };
 }
 
 std::vector<Option> OptionsInto(CommandLine& read) {
-  ServerOptions& rules = read.server.rules;
-  LoadOptions& load = read.server.load;
-  MischiefOptions& mischief = read.server.mischief;
   return {
       {"address", "address", "Listen on this IP address; the default is 127.0.0.1.",
        "'%1' is not an IP address",
@@ -94,39 +87,49 @@ std::vector<Option> OptionsInto(CommandLine& read) {
        "'%1' is not a port; ports are 0 to 65535", Within(0, 65535, read.port)},
       {"players", "number", "Simulate this many players; the default is 6.",
        "'%1' is not a number of players; 0 to 50000 can be simulated",
-       Within(0, 50000, rules.players)},
+       Within(0, 50000, read.rules.players)},
       {"pace", "factor", "Run the game's clock this many times faster than usual.",
-       "'%1' is not a pace; paces are 0.1 to 1000", Within(0.1, 1000, rules.pace)},
+       "'%1' is not a pace; paces are 0.1 to 1000", Within(0.1, 1000, read.rules.pace)},
       {"seed", "number",
        "Seed the dice with this whole number: the same seed plays the same evening.",
-       "'%1' is not a seed; seeds are whole numbers from 0", Seed(rules.seed)},
+       "'%1' is not a seed; seeds are whole numbers from 0", Seed(read.rules.seed)},
       {"flood", "rate",
        "Send everyone this many lines of chat a second; 'max' sends as much as each connection "
        "takes.",
        "'%1' is not a rate; a flood is 1 to 100000 lines a second, or 'max'",
        [&](const QString& value) {
-         load.is_unbounded = value == u"max"_s;
-         return load.is_unbounded || Within(1, 100000, load.lines_per_second)(value);
+         read.load.is_unbounded = value == u"max"_s;
+         return read.load.is_unbounded || Within(1, 100000, read.load.lines_per_second)(value);
        }},
       {"crowd", "number", "Put this many invented players into each online list.",
-       "'%1' is not a crowd; 0 to 100000 players can be invented", Within(0, 100000, load.crowd)},
+       "'%1' is not a crowd; 0 to 100000 players can be invented",
+       Within(0, 100000, read.load.crowd)},
       {"mischief", "kinds",
        "Behave badly: a comma-separated list of kinds of mischief, 'all' for any of them by "
        "chance, or 'help' for the list.",
        "'%1' names an unknown kind of mischief; --mischief help lists them",
        [&](const QString& value) {
          const auto kinds = ReadMischiefKinds(value.toStdString());
-         mischief.kinds = kinds.value_or(MischiefKinds());
+         read.mischief.kinds = kinds.value_or(MischiefKinds());
          return kinds.has_value();
        }},
       {"mischief-seed", "number", "Seed the dice of the mischief with this whole number.",
-       "'%1' is not a seed; seeds are whole numbers from 0", Seed(mischief.seed)},
+       "'%1' is not a seed; seeds are whole numbers from 0", Seed(read.mischief.seed)},
       {"quiet", nullptr, "Do not print logins and logouts.", "", Switch(read.quiet)},
   };
 }
 
-/// Of 32 bits, which are quickly typed again.
-std::uint64_t RandomSeed() { return std::random_device{}(); }
+void Print(const QString& line) {
+  std::puts(qUtf8Printable(line));
+  std::fflush(stdout);
+}
+
+/// Chooses and prints one, so that the run can be repeated.
+std::uint64_t RandomSeed(const QString& line) {
+  const std::uint64_t seed = std::random_device{}();  // of 32 bits, which are quickly typed again
+  Print(line.arg(seed));
+  return seed;
+}
 
 QString MischiefHelp() {
   QString help = u"Kinds of mischief:\n"_s;
@@ -187,29 +190,24 @@ std::optional<CommandLine> ReadCommandLine(const QStringList& arguments) {
     faults += u"%1 is outside 127.0.0.0/8; add --allow-remote if you mean it"_s.arg(
         read.address.toString());
   }
-  if (!parser.isSet(u"seed"_s)) {
-    read.server.rules.seed = RandomSeed();
-    read.random_seeds += u"Seed %1"_s.arg(read.server.rules.seed);
-  }
-  read.server.load.seed = read.server.rules.seed;
-  if (parser.isSet(mischief) && !parser.isSet(u"mischief-seed"_s)) {
-    read.server.mischief.seed = RandomSeed();
-    read.random_seeds += u"Mischief seed %1"_s.arg(read.server.mischief.seed);
-  }
   std::for_each(faults.begin(), faults.end(), Fail);
-  return faults.isEmpty() ? std::optional(std::move(read)) : std::nullopt;
-}
-
-void Print(std::string_view line) {
-  std::printf("%.*s\n", static_cast<int>(line.size()), line.data());
-  std::fflush(stdout);
+  if (!faults.isEmpty()) {
+    return std::nullopt;
+  }
+  if (!parser.isSet(u"seed"_s)) {
+    read.rules.seed = RandomSeed(u"Seed %1"_s);
+  }
+  if (parser.isSet(mischief) && !parser.isSet(u"mischief-seed"_s)) {
+    read.mischief.seed = RandomSeed(u"Mischief seed %1"_s);
+  }
+  return read;
 }
 
 int Run(const CommandLine& command) {
   RaiseConnectionLimit();
-  NetworkServer server(command.server, [&](std::string_view line) {
+  NetworkServer server(command.rules, command.load, command.mischief, [&](std::string_view line) {
     if (!command.quiet) {
-      Print(line);
+      Print(QString::fromUtf8(line));
     }
   });
   QObject context;
@@ -218,10 +216,7 @@ int Run(const CommandLine& command) {
   if (const QString why = server.Listen(command.address, command.port); !why.isEmpty()) {
     return Fail(u"cannot listen on %1:%2: %3"_s.arg(address).arg(command.port).arg(why));
   }
-  for (const QString& line : command.random_seeds) {
-    Print(line.toStdString());
-  }
-  Print(u"Listening on %1:%2"_s.arg(address).arg(server.port()).toStdString());
+  Print(u"Listening on %1:%2"_s.arg(address).arg(server.port()));
   return QCoreApplication::exec();
 }
 

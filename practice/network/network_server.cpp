@@ -16,6 +16,8 @@ constexpr auto kTick = 100ms;
 constexpr auto kClosingTime = 5s;
 /// How long the players may take to hang up when the server ends.
 constexpr auto kFarewellTime = 2s;
+/// Bytes that may wait for a slow reader; one that falls behind further is cut off.
+constexpr qint64 kMaxBacklog = qint64{4} * 1024 * 1024;
 /// A connection with fewer bytes waiting has room for more of a flood.
 constexpr qint64 kLowBacklog = qint64{64} * 1024;
 constexpr int kListenBacklog = 1024;
@@ -24,11 +26,11 @@ constexpr qint64 kReadBuffer = qint64{8} * 1024;
 
 }  // namespace
 
-NetworkServer::NetworkServer(const Options& options,
-                             std::function<void(std::string_view line)> journal)
-    : mischief_(*this, options.mischief),
-      load_(mischief_, options.load),
-      rules_(load_, options.rules, std::move(journal)) {
+NetworkServer::NetworkServer(const ServerOptions& rules, const LoadOptions& load,
+                             const MischiefOptions& mischief, Journal journal)
+    : mischief_(*this, mischief),
+      load_(mischief_, load, rules.seed),
+      rules_(load_, rules, std::move(journal)) {
   QObject::connect(&listener_, &QTcpServer::newConnection, &listener_,
                    [this] { TakeConnections(); });
   QObject::connect(&tick_, &QTimer::timeout, &tick_, [this] {
@@ -62,12 +64,8 @@ void NetworkServer::End(std::function<void()> ended) {
   for (const auto& [id, connection] : connections_) {
     Close(id);
   }
-  if (connections_.empty()) {
-    ended();
-    return;
-  }
   ended_ = std::move(ended);
-  QTimer::singleShot(kFarewellTime, &tick_, ended_);
+  QTimer::singleShot(connections_.empty() ? 0s : kFarewellTime, &tick_, ended_);
 }
 
 NetworkServer::Connection* NetworkServer::Find(ConnectionId id) {
@@ -108,7 +106,10 @@ void NetworkServer::TakeConnections() {
     socket->setReadBufferSize(kReadBuffer);
     socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     connections_.emplace(id, Connection{socket, {}});
-    QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, id] { Read(id); });
+    QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, id, socket] {
+      const QByteArray bytes = socket->readAll();
+      rules_.Received(id, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    });
     QObject::connect(socket, &QTcpSocket::bytesWritten, socket, [this, id] { Written(id); });
     QObject::connect(socket, &QTcpSocket::disconnected, socket, [this, id] { Forget(id); });
     mischief_.Connected(id);
@@ -116,31 +117,16 @@ void NetworkServer::TakeConnections() {
   }
 }
 
-void NetworkServer::Read(ConnectionId id) {
-  if (Connection* connection = Find(id)) {
-    const QByteArray bytes = connection->socket->readAll();
-    rules_.Received(id, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
-  }
-}
-
 void NetworkServer::Written(ConnectionId id) {
-  Connection* connection = Find(id);
-  if (connection == nullptr) {
-    return;
-  }
-  FinishClosing(*connection);
-  if (connection->socket->bytesToWrite() < kLowBacklog) {
+  Flush(id);
+  const Connection* connection = Find(id);
+  if (connection != nullptr && connection->socket->bytesToWrite() < kLowBacklog) {
     load_.Refill(id);
   }
 }
 
 void NetworkServer::Forget(ConnectionId id) {
-  const auto found = connections_.find(id);
-  if (found == connections_.end()) {
-    return;
-  }
-  const Connection gone = std::move(found->second);
-  connections_.erase(found);
+  const Connection gone = connections_.extract(id).mapped();
   gone.socket->deleteLater();
   mischief_.Vanished(id);
   load_.Vanished(id);
@@ -176,16 +162,11 @@ void NetworkServer::Flush(ConnectionId id) {
   if (!connection->outbox.isEmpty()) {
     socket.write(std::exchange(connection->outbox, {}));
   }
-  FinishClosing(*connection);
-}
-
-/// Ends only the server's half. The client's half is read and discarded until it hangs up: closing
-/// a socket with unread bytes would reset the connection and could destroy what is still on its
-/// way.
-void NetworkServer::FinishClosing(const Connection& connection) {
-  if (connection.is_closing && connection.outbox.isEmpty() &&
-      connection.socket->bytesToWrite() == 0) {
-    EndStream(connection.socket->socketDescriptor());
+  // Ends only the server's half. The client's half is read and discarded until it hangs up: closing
+  // a socket with unread bytes would reset the connection and could destroy what is still on its
+  // way.
+  if (connection->is_closing && socket.bytesToWrite() == 0) {
+    EndStream(socket.socketDescriptor());
   }
 }
 

@@ -22,16 +22,8 @@ namespace korvanta::practice {
 
 class NetworkServer : private ResettableTransport {
  public:
-  /// Bytes that may wait for a slow reader; one that falls behind further is cut off.
-  static constexpr qint64 kMaxBacklog = qint64{4} * 1024 * 1024;
-
-  struct Options {
-    ServerOptions rules;
-    LoadOptions load;
-    MischiefOptions mischief;
-  };
-
-  NetworkServer(const Options& options, std::function<void(std::string_view line)> journal);
+  NetworkServer(const ServerOptions& rules, const LoadOptions& load,
+                const MischiefOptions& mischief, Journal journal);
   /// Ends all connections at once.
   ~NetworkServer() override;
 
@@ -59,12 +51,10 @@ class NetworkServer : private ResettableTransport {
   void Reset(ConnectionId id) override;
 
   void TakeConnections();
-  void Read(ConnectionId id);
   void Written(ConnectionId id);
   void Forget(ConnectionId id);
   void FlushSoon(ConnectionId id);
   void Flush(ConnectionId id);
-  void FinishClosing(const Connection& connection);
 
   QElapsedTimer running_since_;
   QTimer tick_;

@@ -56,11 +56,8 @@ std::string CrowdRecords(int players, std::uint64_t seed) {
   return records;
 }
 
-Load::Load(Transport& next, const LoadOptions& options)
-    : next_(next),
-      options_(options),
-      crowd_(CrowdRecords(options.crowd, options.seed)),
-      dice_(options.seed) {}
+Load::Load(Transport& next, const LoadOptions& options, std::uint64_t seed)
+    : next_(next), options_(options), crowd_(CrowdRecords(options.crowd, seed)), dice_(seed) {}
 
 void Load::Send(ConnectionId connection, std::string_view messages) {
   bool is_login = false;
@@ -79,11 +76,6 @@ void Load::Send(ConnectionId connection, std::string_view messages) {
     logged_in_.insert(connection);
     Refill(connection);
   }
-}
-
-void Load::Close(ConnectionId connection) {
-  logged_in_.erase(connection);
-  next_.Close(connection);
 }
 
 void Load::Tick(std::chrono::milliseconds now) {

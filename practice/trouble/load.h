@@ -15,7 +15,6 @@
 namespace korvanta::practice {
 
 struct LoadOptions {
-  std::uint64_t seed = 0;     ///< of the invented names and lines
   int crowd = 0;              ///< invented players in each online list
   int lines_per_second = 0;   ///< of chat, to everyone who is logged in
   bool is_unbounded = false;  ///< chat has no rate: each connection gets as much as it takes
@@ -27,10 +26,11 @@ std::string CrowdRecords(int players, std::uint64_t seed);
 
 class Load : public Transport {
  public:
-  Load(Transport& next, const LoadOptions& options);
+  /// The next transport must outlive it. The seed is that of the invented names and lines.
+  Load(Transport& next, const LoadOptions& options, std::uint64_t seed);
 
   void Send(ConnectionId connection, std::string_view messages) override;
-  void Close(ConnectionId connection) override;
+  void Close(ConnectionId connection) override { next_.Close(connection); }
   void Vanished(ConnectionId connection) { logged_in_.erase(connection); }
 
   /// Time goes on, as in Server::Tick().

@@ -16,11 +16,8 @@ constexpr std::size_t kLongestPause = 5;
 
 Mischief::Mischief(ResettableTransport& network, const MischiefOptions& options)
     : network_(network), dice_(options.seed) {
-  for (std::size_t place = 0; place < kMischiefKinds; ++place) {
-    if (options.kinds.test(place)) {
-      const MischiefKind& kind = MischiefTable()[place];
-      (kind.fate >= Fate::Silence ? of_connections_ : of_messages_).push_back(&kind);
-    }
+  for (const MischiefKind* kind : options.kinds) {
+    (kind->fate >= Fate::Silence ? of_connections_ : of_messages_).push_back(kind);
   }
 }
 

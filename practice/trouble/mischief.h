@@ -3,12 +3,12 @@
 /// give the same bytes.
 #pragma once
 
-#include <bitset>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <map>
 #include <optional>
+#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -45,10 +45,9 @@ struct MischiefKind {
   Fate fate = Fate::None;
 };
 
-inline constexpr std::size_t kMischiefKinds = 16;
-std::span<const MischiefKind, kMischiefKinds> MischiefTable();
-/// By place in the table.
-using MischiefKinds = std::bitset<kMischiefKinds>;
+std::span<const MischiefKind> MischiefTable();
+/// Some of those in the table, in its order.
+using MischiefKinds = std::set<const MischiefKind*>;
 
 /// The bytes to send for a message that comes without its terminator.
 std::string Changed(std::string_view message, const MischiefKind& kind, Dice& dice);

@@ -176,7 +176,7 @@ constexpr auto kTable = [] {
 
 }  // namespace
 
-std::span<const MischiefKind, kMischiefKinds> MischiefTable() { return kTable; }
+std::span<const MischiefKind> MischiefTable() { return kTable; }
 
 std::string Changed(std::string_view message, const MischiefKind& kind, Dice& dice) {
   if (kind.change == nullptr) {
@@ -200,14 +200,16 @@ std::string Changed(std::string_view message, const MischiefKind& kind, Dice& di
 std::optional<MischiefKinds> ReadMischiefKinds(std::string_view names) {
   MischiefKinds kinds;
   if (names == "all") {
-    return kinds.set();
+    std::ranges::transform(kTable, std::inserter(kinds, kinds.end()),
+                           [](auto& kind) { return &kind; });
+    return kinds;
   }
   for (std::string_view name : Split(names, ',')) {
     const auto* kind = std::ranges::find(kTable, name, &MischiefKind::name);
     if (kind == kTable.end()) {
       return std::nullopt;
     }
-    kinds.set(static_cast<std::size_t>(kind - kTable.begin()));
+    kinds.insert(&*kind);
   }
   return names.empty() ? std::nullopt : std::optional(kinds);
 }
