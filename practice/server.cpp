@@ -50,8 +50,12 @@ void Server::Received(ConnectionId connection, std::string_view bytes) {
 }
 
 void Server::Vanished(ConnectionId connection) {
-  if (auto session = sessions_.extract(connection)) {
-    LogOut(session.mapped());
+  const auto session = sessions_.extract(connection);
+  if (session && session.mapped().player != nullptr) {
+    const Player& player = *session.mapped().player;
+    const std::string name = player.name();
+    lobby_.Leave(player);
+    journal_(name + " logged out");
   }
 }
 
@@ -110,17 +114,8 @@ void Server::End(ConnectionId connection, Refusal reason, const std::vector<std:
   if (reason != Refusal::None) {
     transport_.Send(connection, LineOf(SentenceFor(reason), values));
   }
-  const auto session = sessions_.extract(connection);
-  LogOut(session.mapped());
+  Vanished(connection);
   transport_.Close(connection);
-}
-
-void Server::LogOut(const Session& session) {
-  if (session.player != nullptr) {
-    const std::string name = session.player->name();
-    lobby_.Leave(*session.player);
-    journal_(name + " logged out");
-  }
 }
 
 }  // namespace korvanta::practice

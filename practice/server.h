@@ -52,7 +52,6 @@ class Server {
   void Handle(ConnectionId connection, Session& session, std::string_view message);
   void LogIn(ConnectionId connection, Session& session, const ClientRequest& request);
   void End(ConnectionId connection, Refusal reason, const std::vector<std::string>& values = {});
-  void LogOut(const Session& session);
 
   Transport& transport_;
   Journal journal_;

@@ -8,6 +8,7 @@
 
 #include "base/trim.h"
 #include "practice/base/player_text.h"
+#include "practice/game/moves.h"
 #include "practice/words/news_text.h"
 
 namespace korvanta::practice {
@@ -37,7 +38,8 @@ void Say(World& world, Player& player, Text words) {
   world.on_chat(player, nullptr, words);
 }
 
-void TellPlayer(World& world, const Player& player, Text name, Text words) {
+void Tell(World& world, Player& player, Text text) {
+  const auto [name, words] = FirstWord(text);
   Players& players = world.players;
   Player* listener = players.Find(name);
   if (listener == nullptr || listener == &player) {
@@ -54,22 +56,16 @@ void TellPlayer(World& world, const Player& player, Text name, Text words) {
   }
 }
 
-void Tell(World& world, Player& player, Text text) {
-  const auto [name, words] = FirstWord(text);
-  TellPlayer(world, player, name, words);
-}
-
 void Reply(World& world, Player& player, Text words) {
   if (player.last_speaker.empty()) {
     world.players.Refuse(player, Refusal::NoOneToReplyTo);
   } else {
-    TellPlayer(world, player, player.last_speaker, words);
+    Tell(world, player, player.last_speaker + " " + std::string(words));
   }
 }
 
 void Act(World& world, Player& player, Text words) {
-  world.players.SendToAll(
-      ChatLine(MessageKind::Plain, "*", player.name() + " " + std::string(words)));
+  world.players.SayToAll(sentences::kActs, player.name(), words);
 }
 
 void Announce(World& world, Player& player, Text words) {
@@ -160,9 +156,9 @@ struct Command {
 constexpr auto kCommands = std::to_array<Command>({
     {"help", "", "shows this list", Help},
     {"game", "", "shows how the game stands",
-     [](auto& world, auto& player, Text) { world.moves.Describe(player); }},
+     [](auto& world, auto& player, Text) { DescribeGame(world, player); }},
     {"break", "", "ends your alliance in the game",
-     [](auto& world, auto& player, Text) { world.moves.BreakAlliance(player); }},
+     [](auto& world, auto& player, Text) { BreakAlliance(world, player); }},
     {"leave", "", "takes you out of the game, or out of the next one",
      [](auto& world, auto& player, Text) { world.arena.Leave(player); }},
     {"who", "", "shows who is online", ShowWho},
@@ -219,8 +215,7 @@ void RunCommand(World& world, Player& player, std::string_view typed) {
   line.remove_prefix(line.starts_with('/') ? 1 : 0);
   const auto [word, arguments] = FirstWord(line);
   const std::string name = NameKey(word);
-  const auto command = std::find_if(kCommands.begin(), kCommands.end(),
-                                    [&](const Command& known) { return known.name == name; });
+  const auto* command = std::ranges::find(kCommands, Text(name), &Command::name);
   if (command == kCommands.end()) {
     players.Refuse(player, name.empty() ? Refusal::NoCommand : Refusal::UnknownCommand,
                    word.substr(0, kLongestName));

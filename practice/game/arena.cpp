@@ -30,8 +30,7 @@ constexpr int kScoreForAllianceWin = 200;
 template <typename People>
 std::string Names(const People& people) {
   std::vector<std::string> names(people.size());
-  std::transform(people.begin(), people.end(), names.begin(),
-                 [](const auto* one) { return one->name(); });
+  std::ranges::transform(people, names.begin(), [](const auto* one) { return one->name(); });
   if (names.size() > kMostNamed + 1) {
     names[kMostNamed] = std::to_string(names.size() - kMostNamed) + " more";
     names.resize(kMostNamed + 1);
@@ -148,7 +147,7 @@ void Arena::Forget(const Account& account) {
 
 bool Arena::IsMeantForNextGame(const Player& player) const {
   return left_.contains(player.account) ||
-         (tournament_.IsGameSet() && tournament_.TeamOf(player.name()) != nullptr);
+         (tournament_.IsGameSet() && tournament_.TeamOf(*player.account) != nullptr);
 }
 
 bool Arena::EnoughAreReady() const {
@@ -171,7 +170,7 @@ std::vector<Player*> Arena::Entrants() {
   std::vector<Player*> entrants;
   std::set<const Team*> teams;
   for (auto& [key, player] : players_.all()) {
-    const Team* team = is_for_teams_ ? tournament_.TeamOf(player.name()) : nullptr;
+    const Team* team = is_for_teams_ ? tournament_.TeamOf(*player.account) : nullptr;
     const bool can_pay = player.account->figures.score >= tournament_.terms().entry_fee;
     if (player.is_ready && (!is_for_teams_ || (team != nullptr && can_pay))) {
       entrants.push_back(&player);
@@ -210,7 +209,7 @@ void Arena::Begin() {
     std::string team;
     if (is_for_teams_) {
       tournament_.GameBegins();
-      team = tournament_.TeamOf(player->name())->name;
+      team = tournament_.TeamOf(*player->account)->name;
       player->account->figures.score -= tournament_.terms().entry_fee;
       purse_ += tournament_.terms().entry_fee;
     }
@@ -237,7 +236,8 @@ void Arena::Tick() {
                                       std::to_string(game_->ticks())) +
       Clock() + Message<ServerMessage::Sound>(Sound::Tick);
   for (const Contender& contender : game_->contenders()) {
-    Send(contender, news + Message<ServerMessage::ResearchPoints>(contender.points));
+    players_.Send(*contender.account,
+                  news + Message<ServerMessage::ResearchPoints>(contender.points));
   }
 }
 
@@ -246,7 +246,7 @@ void Arena::Tick() {
 void Arena::End(const std::vector<Contender*>& winners, const Contender* finder) {
   const bool alone = winners.size() == 1;
   for (Contender* winner : winners) {
-    Send(*winner, Message<ServerMessage::Sound>(Sound::Win));
+    players_.Send(*winner->account, Message<ServerMessage::Sound>(Sound::Win));
     Figures& figures = winner->account->figures;
     figures.score += purse_ / static_cast<std::int64_t>(winners.size());
     if (finder != nullptr || game_->ticks() >= kFewestTicks) {
@@ -266,7 +266,7 @@ void Arena::End(const std::vector<Contender*>& winners, const Contender* finder)
   phase_ = Phase::Resting;
   deadline_ = now_ + kRest;
   for (const Contender& contender : game_->contenders()) {
-    Send(contender, Message<ServerMessage::GamePause>(Seconds(kRest)));
+    players_.Send(*contender.account, Message<ServerMessage::GamePause>(Seconds(kRest)));
     if (Player* player = players_.Find(contender.name())) {
       player->is_ready = tournament_.IsGameSet() && IsMeantForNextGame(*player);
     }
@@ -294,18 +294,12 @@ void Arena::Remove(Contender& contender, const Sentence& departure, bool may_ret
   }
 }
 
-void Arena::Send(const Contender& contender, std::string_view messages) {
-  if (const Player* player = players_.Find(contender.name())) {
-    players_.Send(*player, messages);
-  }
-}
-
 void Arena::Comment(const Sentence& sentence, const std::vector<std::string>& values,
                     const Contender* except) {
   const std::string line = LineOf(sentence, values);
   for (const Contender& contender : game_->contenders()) {
     if (&contender != except) {
-      Send(contender, line);
+      players_.Send(*contender.account, line);
     }
   }
 }

@@ -1,5 +1,5 @@
 /// The games of one run, one after another: players gather, play, and rest while the winner is
-/// cheered. It seats players and lets the game's time pass; Moves carries out what they do.
+/// cheered. It seats players and lets the game's time pass; moves.h carries out what they do.
 #pragma once
 
 #include <chrono>
@@ -52,8 +52,6 @@ class Arena {
   /// while too few have gathered.
   std::string TimeLeft() const;
 
-  /// To the contender's player, who may be offline.
-  void Send(const Contender& contender, std::string_view messages);
   /// A line about the game to everyone in it, but not to `except`.
   void Comment(const Sentence& sentence, const std::vector<std::string>& values,
                const Contender* except = nullptr);

@@ -1,5 +1,5 @@
 /// The rules of one game: who takes part, what research and attacks cost and do, and who wins.
-/// It says nothing to anybody: the arena runs it, and the moves of players go to it through Moves.
+/// It says nothing to anybody: the arena runs it, and moves.h answers the players.
 #pragma once
 
 #include <algorithm>

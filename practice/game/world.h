@@ -6,7 +6,7 @@
 #include <functional>
 #include <string_view>
 
-#include "practice/game/moves.h"
+#include "practice/game/arena.h"
 
 namespace korvanta::practice {
 
@@ -20,7 +20,6 @@ struct World {
   Dice dice;
   Tournament tournament{players, accounts};
   Arena arena;
-  Moves moves{players, arena};
   /// Called with what is said to everyone, or to one player; `listener` is null for everyone.
   std::function<void(const Player& speaker, const Player* listener, std::string_view words)>
       on_chat = [](const Player&, const Player*, std::string_view) {};

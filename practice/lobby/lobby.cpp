@@ -7,6 +7,7 @@
 #include "base/trim.h"
 #include "practice/base/player_text.h"
 #include "practice/commands/commands.h"
+#include "practice/game/moves.h"
 #include "practice/wire/server_messages.h"
 #include "practice/words/news_text.h"
 
@@ -78,17 +79,17 @@ void Lobby::Handle(Player& player, const ClientRequest& request) {
     case ClientMessage::ChatLine:
       return RunCommand(world_, player, fields[0]);
     case ClientMessage::FormAlliance:
-      return world_.moves.Ally(player, fields[0]);
+      return Ally(world_, player, fields[0]);
     case ClientMessage::AttackPlayer:
-      return world_.moves.Attack(player, fields[0]);
+      return Attack(world_, player, fields[0]);
     case ClientMessage::LookUpStatistics:
       return SendStatistics(player, fields[0]);
     case ClientMessage::EnterGame:
       return world_.arena.Enter(player);
     case ClientMessage::TopicInformation:
-      return world_.moves.Explain(player, fields[0]);
+      return ExplainTopic(world_, player, fields[0]);
     case ClientMessage::ResearchTopic:
-      return world_.moves.Research(player, fields[0], fields[1]);
+      return Research(world_, player, fields[0], fields[1]);
     case ClientMessage::RequestNews:
       return world_.players.Send(player, Message<ServerMessage::News>(kNewsText));
     case ClientMessage::RequestTournamentInfo:
@@ -153,18 +154,16 @@ std::string Lobby::OnlineList() {
       contenders.emplace(contender.account, &contender);
     }
   }
-  std::set<std::string> team_members;
+  std::set<const Account*> team_members;
   for (const Team& team : world_.tournament.teams()) {
-    for (const std::string& member : team.members) {
-      team_members.insert(NameKey(member));
-    }
+    team_members.insert(team.members.begin(), team.members.end());
   }
   std::vector<std::string> records;
   for (const auto& [key, player] : world_.players.all()) {
     const auto contender = contenders.find(player.account);
     const NameColour colour =
         ColourOf(player, contender == contenders.end() ? nullptr : contender->second,
-                 team_members.contains(key));
+                 team_members.contains(player.account));
     records.push_back(
         Record(player.name(), colour, player.account->figures.PlayerLevel(), player.is_ready));
   }

@@ -68,6 +68,12 @@ class Players {
       transport_.Send(player.connection, messages);
     }
   }
+  /// To the account's player, who may be offline.
+  void Send(const Account& account, std::string_view messages) {
+    if (const Player* player = Find(account.name)) {
+      Send(*player, messages);
+    }
+  }
   void SendToAll(std::string_view messages, const Player* except = nullptr) {
     for (const auto& [connection, player] : people_) {
       if (player != except) {

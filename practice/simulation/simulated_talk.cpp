@@ -1,7 +1,6 @@
 #include "practice/simulation/simulated_talk.h"
 
 #include <algorithm>
-#include <array>
 #include <tuple>
 #include <vector>
 

@@ -75,28 +75,27 @@ void Simulation::ComeOrGo() {
     character.player = &lobby_.Enter(kNoConnection, *character.account);
     return;
   }
-  const auto online = std::count_if(characters_.begin(), characters_.end(),
-                                    [](const Character& other) { return other.player != nullptr; });
+  const auto online = std::ranges::count_if(
+      characters_, [](const Character& other) { return other.player != nullptr; });
   const auto least = std::ssize(characters_) * kLeastOnline / 100;
   if (online > std::max<std::ptrdiff_t>(least, 2) && !character.player->is_ready &&
-      !IsInTeam(character)) {
+      world_.tournament.TeamOf(*character.account) == nullptr) {
     lobby_.Leave(*std::exchange(character.player, nullptr));
   }
 }
 
 /// While a tournament is open, simulated players fill a few teams.
 void Simulation::FormTeam() {
-  const Character* character = world_.tournament.IsOpen() ? AnyOnline() : nullptr;
-  if (character == nullptr || IsInTeam(*character)) {
+  if (!world_.tournament.IsOpen()) {
     return;
   }
+  const std::vector<Team>& teams = world_.tournament.teams();
+  Player& player = *AnyOnline().player;
   for (std::size_t number = 0; number < kMostSimulatedTeams; ++number) {
     const std::string name = SimulatedTeamName(number);
-    const auto team = std::ranges::find(world_.tournament.teams(), name, &Team::name);
-    if (team == world_.tournament.teams().end() ||
-        (team->members.size() < kTeamSize && team->password == kTeamPassword)) {
-      lobby_.Handle(*character->player, {ClientMessage::JoinTeam, {name, kTeamPassword}});
-      return;
+    const auto team = std::ranges::find(teams, name, &Team::name);
+    if (team == teams.end() || team->members.size() < kTeamSize) {  // who is in a team is refused
+      lobby_.Handle(player, {ClientMessage::JoinTeam, {name, kTeamPassword}});
     }
   }
 }
@@ -112,42 +111,38 @@ void Simulation::Act(Character& character) {
   if (world_.arena.phase() != Arena::Phase::Gathering || player.is_ready) {
     return;
   }
-  const auto ready = std::count_if(
-      characters_.begin(), characters_.end(),
-      [](const Character& other) { return other.player != nullptr && other.player->is_ready; });
-  if (ready < kMostSimulatedSeats || (world_.tournament.IsGameSet() && IsInTeam(character))) {
+  const auto ready = std::ranges::count_if(characters_, [](const Character& other) {
+    return other.player != nullptr && other.player->is_ready;
+  });
+  if (ready < kMostSimulatedSeats ||
+      (world_.tournament.IsGameSet() && world_.tournament.TeamOf(*character.account) != nullptr)) {
     lobby_.Handle(player, {ClientMessage::EnterGame, {}});
   }
 }
 
 /// About whoever is ahead in the game, or about anyone.
 void Simulation::MakeSmallTalk() {
-  Character* speaker = AnyOnline();
-  if (speaker == nullptr) {
-    return;
-  }
+  Character& speaker = AnyOnline();
   const Game* game = world_.arena.game();
-  const bool plays = world_.arena.SeatOf(*speaker->account) != nullptr;
+  const bool plays = world_.arena.SeatOf(*speaker.account) != nullptr;
   const Occasion occasion = world_.arena.phase() == Arena::Phase::Resting ? Occasion::Ending
                             : !plays                                      ? Occasion::Lobby
                             : !game->IsOpen()                             ? Occasion::Closing
                                                                           : Occasion::Playing;
-  const Character* other = AnyOnline();
-  std::string_view name = other == speaker ? std::string_view() : other->account->name;
-  int most = -1;
+  const Character& other = AnyOnline();
+  std::string_view name = &other == &speaker ? std::string_view() : other.account->name;
   if (game != nullptr) {
-    for (const Contender& contender : game->contenders()) {
-      if (contender.account != speaker->account && contender.Progress() > most) {
-        most = contender.Progress();
-        name = contender.name();
-      }
-    }
+    const auto progress = [&](const Contender& contender) {
+      return contender.account == speaker.account ? -1 : contender.Progress();
+    };
+    const auto leader = std::ranges::max_element(game->contenders(), {}, progress);
+    name = progress(*leader) < 0 ? name : leader->name();
   }
-  Say(*speaker, occasion, name);
+  Say(speaker, occasion, name);
 }
 
 void Simulation::Hear(const Player& speaker, const Player* listener, std::string_view words) {
-  if (speaker.IsSimulated()) {
+  if (speaker.IsSimulated() || characters_.empty()) {
     return;
   }
   const auto meant = std::ranges::find_if(characters_, [&](const Character& character) {
@@ -160,7 +155,7 @@ void Simulation::Hear(const Player& speaker, const Player* listener, std::string
   Character* character = meant != characters_.end() ? &*meant : nullptr;
   if (character == nullptr && listener == nullptr && waiting_.empty() &&
       occasion != Occasion::Mention) {
-    character = AnyOnline();
+    character = &AnyOnline();
   }
   const bool is_busy = std::ranges::count(waiting_, character, &Line::speaker) > 0;
   const std::string command = listener == nullptr ? "/c " : "/tell " + speaker.name() + " ";
@@ -193,18 +188,14 @@ bool Simulation::Say(Character& speaker, Occasion occasion, std::string_view nam
   return true;
 }
 
-Simulation::Character* Simulation::AnyOnline() {
+Simulation::Character& Simulation::AnyOnline() {
   std::vector<Character*> online;
   for (Character& character : characters_) {
     if (character.player != nullptr) {
       online.push_back(&character);
     }
   }
-  return online.empty() ? nullptr : dice_.Pick(online);
-}
-
-bool Simulation::IsInTeam(const Character& character) const {
-  return world_.tournament.TeamOf(character.account->name) != nullptr;
+  return *dice_.Pick(online);
 }
 
 bool Simulation::IsDue(milliseconds& next, milliseconds least, milliseconds most) {

@@ -45,9 +45,8 @@ class Simulation {
   /// all of them have been said lately.
   bool Say(Character& speaker, Occasion occasion, std::string_view name,
            const std::string& command = "/c ");
-  /// Null when none is.
-  Character* AnyOnline();
-  bool IsInTeam(const Character& character) const;
+  /// One of them always is, unless there are none at all.
+  Character& AnyOnline();
   /// Whether it is time; then the next time is set to `least` to `most` from now.
   bool IsDue(std::chrono::milliseconds& next, std::chrono::milliseconds least,
              std::chrono::milliseconds most);

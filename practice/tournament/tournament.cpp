@@ -13,11 +13,6 @@ namespace {
 constexpr std::size_t kLongestTeamName = 20;
 constexpr int kHighestFee = 1'000'000;
 
-bool HasMember(const Team& team, std::string_view player) {
-  return std::any_of(team.members.begin(), team.members.end(),
-                     [&](const std::string& member) { return EqualIgnoringCase(member, player); });
-}
-
 /// -1 for a text that is no such number.
 int LimitOf(std::string_view text, int lowest, int highest) {
   return NumberWithin(TrimSpaces(text), lowest, highest).value_or(-1);
@@ -25,9 +20,9 @@ int LimitOf(std::string_view text, int lowest, int highest) {
 
 }  // namespace
 
-const Team* Tournament::TeamOf(std::string_view player) const {
-  const auto team = std::find_if(teams_.begin(), teams_.end(),
-                                 [&](const Team& known) { return HasMember(known, player); });
+const Team* Tournament::TeamOf(const Account& account) const {
+  const auto team = std::ranges::find_if(
+      teams_, [&](const Team& known) { return std::ranges::count(known.members, &account) > 0; });
   return team == teams_.end() ? nullptr : &*team;
 }
 
@@ -52,9 +47,9 @@ void Tournament::SendInfo(const Player& player) {
 void Tournament::SendTeamList(const Player& player) {
   std::vector<std::string> lines;
   for (const Team& team : teams_) {
-    lines.push_back("Team " + team.name + ", led by " + team.leader());
-    for (const std::string& member : team.members) {
-      lines.push_back("    " + member);
+    lines.push_back("Team " + team.name + ", led by " + team.leader().name);
+    for (const Account* member : team.members) {
+      lines.push_back("    " + member->name);
     }
   }
   players_.Send(player, BuildMessage(TagOf(ServerMessage::TeamList),
@@ -124,7 +119,7 @@ void Tournament::Join(const Player& player, std::string_view team_name, std::str
       CountPlayers() >= terms_.max_players || (is_new && std::ssize(teams_) >= terms_.max_teams);
   const bool is_name =
       !name.empty() && name.size() <= kLongestTeamName && name.find(':') == std::string_view::npos;
-  const Team* current = TeamOf(player.name());
+  const Team* current = TeamOf(*player.account);
   const std::int64_t score = player.account->figures.score;
   const Refusal refusal = score < terms_.entry_fee                ? Refusal::EntryFeeTooHigh
                           : is_full                               ? Refusal::NoRoomForTeam
@@ -138,49 +133,49 @@ void Tournament::Join(const Player& player, std::string_view team_name, std::str
     return;
   }
   if (is_new) {
-    teams_.push_back({std::string(name), std::string(password), {player.name()}});
+    teams_.push_back({std::string(name), std::string(password), {player.account}});
     players_.Say(player, sentences::kTeamMade);
   } else {
-    team->members.push_back(player.name());
+    team->members.push_back(player.account);
     SayToTeam(*team, player, sentences::kJoined);
   }
   SendBoth(player);
 }
 
 void Tournament::Disband(const Player& player) {
-  const Team* team = TeamOf(player.name());
-  const Refusal refusal = team == nullptr                   ? Refusal::NotInTeam
-                          : team->leader() != player.name() ? Refusal::OnlyLeaderDisbands
-                                                            : Refusal::None;
-  if (!players_.Refuse(player, refusal, team == nullptr ? "" : team->leader())) {
+  const Team* team = TeamOf(*player.account);
+  const Refusal refusal = team == nullptr                     ? Refusal::NotInTeam
+                          : &team->leader() != player.account ? Refusal::OnlyLeaderDisbands
+                                                              : Refusal::None;
+  if (!players_.Refuse(player, refusal, team == nullptr ? "" : team->leader().name)) {
     SayToTeam(*team, player, sentences::kDisbanded);
-    std::erase_if(teams_, [&](const Team& other) { return HasMember(other, player.name()); });
+    teams_.erase(teams_.begin() + (team - teams_.data()));
     SendBoth(player);
   }
 }
 
 void Tournament::Kick(const Player& player, std::string_view name) {
   const Account* account = accounts_.Find(TrimSpaces(name));
-  const Team* team = TeamOf(player.name());
-  const bool is_member = team != nullptr && account != nullptr && TeamOf(account->name) == team;
-  const bool leaves = is_member && account->name == player.name();
-  const Refusal refusal = !is_member                                   ? Refusal::NoTeamMember
-                          : !leaves && team->leader() != player.name() ? Refusal::OnlyLeaderKicks
-                                                                       : Refusal::None;
-  if (players_.Refuse(player, refusal, team == nullptr ? "" : team->leader())) {
+  const Team* team = TeamOf(*player.account);
+  const bool is_member = team != nullptr && account != nullptr && TeamOf(*account) == team;
+  const bool leaves = is_member && account == player.account;
+  const Refusal refusal = !is_member                                     ? Refusal::NoTeamMember
+                          : !leaves && &team->leader() != player.account ? Refusal::OnlyLeaderKicks
+                                                                         : Refusal::None;
+  if (players_.Refuse(player, refusal, team == nullptr ? "" : team->leader().name)) {
     return;
   }
   SayToTeam(*team, player,
             leaves ? std::string(sentences::kLeft) : Filled(sentences::kKicked, {account->name}));
   for (Team& other : teams_) {
-    std::erase(other.members, account->name);
+    std::erase(other.members, account);
   }
   std::erase_if(teams_, [](const Team& other) { return other.members.empty(); });
   SendBoth(player);
 }
 
 void Tournament::Say(const Player& player, std::string_view words) {
-  const Team* team = TeamOf(player.name());
+  const Team* team = TeamOf(*player.account);
   if (!players_.Refuse(player, team == nullptr ? Refusal::NotInTeam : Refusal::None)) {
     SayToTeam(*team, player, words);
   }
@@ -193,10 +188,8 @@ void Tournament::SendBoth(const Player& player) {
 
 void Tournament::SayToTeam(const Team& team, const Player& speaker, std::string_view words) {
   const std::string line = ChatLine(MessageKind::Team, team.name + " - " + speaker.name(), words);
-  for (const std::string& member : team.members) {
-    if (const Player* online = players_.Find(member)) {
-      players_.Send(*online, line);
-    }
+  for (const Account* member : team.members) {
+    players_.Send(*member, line);
   }
 }
 

@@ -15,14 +15,14 @@ namespace korvanta::practice {
 struct Team {
   std::string name;
   std::string password;
-  std::vector<std::string> members;  ///< names of accounts, the leader first; never empty
+  std::vector<const Account*> members;  ///< the leader first; never empty
 
-  const std::string& leader() const { return members.front(); }
+  const Account& leader() const { return *members.front(); }
 };
 
-/// Names of players and teams count as the same in any letter case. A team that is handed out is
-/// valid until the next change. Whoever asks for something is answered, if only by the reason why
-/// nothing was done.
+/// Names of teams count as the same in any letter case. A team that is handed out is valid until
+/// the next change. Whoever asks for something is answered, if only by the reason why nothing was
+/// done.
 class Tournament {
  public:
   struct Terms {
@@ -44,8 +44,8 @@ class Tournament {
   const Terms& terms() const { return terms_; }
   /// In the order in which they were made.
   const std::vector<Team>& teams() const { return teams_; }
-  /// The team that the player is in; null without one.
-  const Team* TeamOf(std::string_view player) const;
+  /// The team that it is in; null without one.
+  const Team* TeamOf(const Account& account) const;
 
   void SendInfo(const Player& player);
   void SendTeamList(const Player& player);

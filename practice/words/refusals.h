@@ -1,5 +1,5 @@
 // Why requests are refused, each reason with the sentence that the player reads. No header like the
-// others: sentences.h and sentences.cpp include it with a meaning of their own for REFUSAL.
+// others: sentences.h includes it twice, each time with another meaning of REFUSAL.
 
 REFUSAL(None, "")  // the request was carried out
 

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "protocol/message_kind.h"
+#include "practice/wire/server_messages.h"
 
 namespace korvanta::practice {
 
@@ -22,17 +22,6 @@ struct Sentence {
   std::string_view speaker;  ///< in front of the text, with the colon behind it
   std::string_view text;     ///< with "%1" to "%9" where its values belong
 };
-
-/// The text with its values in their places.
-std::string Filled(std::string_view text, const std::vector<std::string>& values);
-
-/// "1 point", "2 points".
-std::string Counted(std::int64_t count, std::string_view noun);
-
-/// A whole message: the sentence as a line of its kind.
-std::string LineOf(const Sentence& sentence, const std::vector<std::string>& values = {});
-/// What the player is told who asked for it.
-Sentence SentenceFor(Refusal refusal);
 
 namespace sentences {
 
@@ -111,6 +100,7 @@ constexpr Sentence kNextGameNeedsTwo = Answer("The next game begins when two pla
 constexpr Sentence kHelp = Answer("Commands, each typed with a slash in front:");
 constexpr Sentence kHoldView = Answer("Press Ctrl+K to hold these lines still.");
 constexpr Sentence kListenerAway = Answer("%1 is away and may not see it at once.");
+constexpr Sentence kActs = Comment("%1 %2");
 constexpr Sentence kRolls = Comment("%1 rolls %2 of %3");
 constexpr Sentence kAway = Answer("You are away. Type /away again when you are back.");
 constexpr Sentence kAwayAndOut =
@@ -142,4 +132,35 @@ constexpr Sentence kSetForNextGame = Answer(
 constexpr Sentence kTournamentOver = Announcement("The tournament is over.");
 
 }  // namespace sentences
+
+/// The text with its values in their places.
+inline std::string Filled(std::string_view text, const std::vector<std::string>& values) {
+  std::string filled;
+  for (std::size_t place = 0; (place = text.find('%')) != std::string_view::npos;) {
+    filled += text.substr(0, place);
+    filled += values.at(static_cast<std::size_t>(text.at(place + 1) - '1'));
+    text.remove_prefix(place + 2);
+  }
+  return filled.append(text);
+}
+
+/// "1 point", "2 points".
+inline std::string Counted(std::int64_t count, std::string_view noun) {
+  return std::to_string(count) + " " + std::string(noun) + (count == 1 ? "" : "s");
+}
+
+/// A whole message: the sentence as a line of its kind.
+inline std::string LineOf(const Sentence& sentence, const std::vector<std::string>& values = {}) {
+  return ChatLine(sentence.kind, std::string(sentence.speaker) + Filled(sentence.text, values));
+}
+
+/// What the player is told who asked for it.
+inline Sentence SentenceFor(Refusal refusal) {
+  static constexpr std::string_view kTexts[] = {
+#define REFUSAL(name, text) std::string_view(text),
+#include "practice/words/refusals.h"
+#undef REFUSAL
+  };
+  return sentences::Admin(kTexts[static_cast<std::size_t>(refusal)]);
+}
 }  // namespace korvanta::practice
