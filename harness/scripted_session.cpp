@@ -1,9 +1,13 @@
 /// Plays a short session against the practice server on a virtual display, tells what it sees and
 /// photographs each window. The exit status is zero only when all went as it should.
 ///
-/// korvanta-scripted-session [--game] FOLDER [COMMAND...]: where the pictures go. With --game there
-/// are simulated players, and a game with them is played until there is something to be seen on
-/// every window. A command takes the place of the built programs; it starts both.
+/// korvanta-scripted-session [OPTIONS] FOLDER [COMMAND...]: where the pictures go. A command takes
+/// the place of the built programs; it starts both. The options:
+///   --game           plays a game with simulated players, until there is something to be seen on
+///                    every window, and on until the board is cleared for the next game
+///   --saved          logs in with what an earlier session has saved
+///   --end COMMAND    has the shell end the program, in place of the menu
+#include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QDir>
@@ -19,66 +23,103 @@ namespace {
 
 void Report(const QString& what) { std::cout << what.toStdString() << std::endl; }
 
+constexpr const char* kName = "Rowan";
+
+/// In parts of the main window's width and height.
+constexpr QRectF kBoxes{0.14, 0.09, 0.46, 0.46};
+
+struct Options {
+  bool is_game = false;
+  bool is_saved = false;
+  QString end;  ///< a command; empty for the menu
+  QDir pictures;
+};
+
 /// One player's session, from the splash to the end of the program.
 class Session {
  public:
-  Session(const User& user, Program& program, qint64 owner, const QDir& pictures)
+  Session(const User& user, Program& program, qint64 owner, const Options& options)
       : user_(user),
         program_(program),
         owner_(owner),
         player_(user, program, owner),
-        pictures_(pictures) {}
+        options_(options) {}
 
   void Visit();
   void PlayGame();
 
  private:
   void Photograph(const Window& window, const QString& name) const {
-    const QString file = pictures_.filePath(name + ".png");
+    const QString file = options_.pictures.filePath(name + ".png");
     user_.Photograph(window, file);
     Report(QString("saw \"%1\": %2").arg(window.title, file));
   }
   void PhotographSideWindows() {
     for (const SideWindow& side : kSideWindows) {
-      Photograph(player_.Open(side), side.name);
+      const Window window = player_.Open(side);
+      Photograph(window, side.name);
+      user_.Press({"Escape"});
+      user_.WaitUntilGone(window);
     }
   }
-  void LogIn(const QString& name) {
-    player_.WaitForStart();
-    Photograph(player_.login_dialog(), "login");
-    player_.Login(name, "secret1");
-    player_.WaitForState("Connected");
-    player_.WaitForMessage("Connected as " + name);
-  }
-  void Leave() {
-    if (const int status = player_.Leave(); status != 0) {
-      throw HarnessError(QString("the program ended with status %1").arg(status));
-    }
-    if (!program_.Output().isEmpty()) {
-      throw HarnessError("the program said:\n" + program_.Output());
-    }
-    Report("left in order");
-  }
+  void LogIn();
+  void Leave();
   void OpenTournament();
   void Research();
   /// All levels of all topics together.
   int LevelsReached();
+  /// The boxes as they look while the message view has the keyboard.
+  QByteArray BoxesOfBoard() const { return user_.Pixels(player_.main_window(), kBoxes); }
+  void WaitForNextGame(const QByteArray& empty_board);
 
   const User& user_;
   Program& program_;
   qint64 owner_;
   Player player_;
-  QDir pictures_;
+  Options options_;
 };
+
+void Session::LogIn() {
+  player_.WaitForStart();
+  user_.Activate(player_.login_dialog());
+  Photograph(player_.login_dialog(), "login");
+  if (!options_.is_saved) {
+    user_.Type(kName);
+    user_.Press({"Tab"});
+    user_.Type("secret1");
+    user_.Press({"Tab", "Tab", "space"});  // "Save Password"
+  }
+  user_.Press({"Return"});
+  player_.WaitForState("Connected");
+  player_.WaitForMessage(QString("Connected as ") + kName);
+}
+
+void Session::Leave() {
+  int status = 0;
+  if (options_.end.isEmpty()) {
+    status = player_.Leave();
+  } else {
+    user_.RunCommand(options_.end);
+    status = program_.WaitForExit();
+  }
+  if (status != 0) {
+    throw HarnessError(QString("the program ended with status %1").arg(status));
+  }
+  if (!program_.Output().isEmpty()) {
+    throw HarnessError("the program said:\n" + program_.Output());
+  }
+  Report("left in order");
+}
 
 void Session::Visit() {
   Photograph(user_.WaitForWindow(owner_, "*"), "splash");
-  LogIn("Rowan");
+  LogIn();
   player_.Say("hello from the lobby");
   const QString messages = player_.WaitForMessage("Rowan: hello from the lobby");
   Photograph(player_.main_window(), "main");
   Report("the message view reads:\n" + messages);
   PhotographSideWindows();
+  player_.Choose("ctrl+f");  // no longer the default
   Leave();
 }
 
@@ -106,6 +147,8 @@ constexpr Box kResearched[] = {{3, 1}, {1, 1}, {2, 1}, {1, 2}, {0, 1},
                                {2, 2}, {3, 2}, {1, 3}, {0, 2}};
 constexpr int kFewestLevels = 6;
 constexpr int kMostRounds = 3;
+constexpr const char* kVictory = " has researched the Golden Knowledge!";
+constexpr std::chrono::minutes kLongestGame{5};
 
 void Session::Research() {
   for (const Box& box : kResearched) {
@@ -129,8 +172,25 @@ int Session::LevelsReached() {
   return levels;
 }
 
+void Session::WaitForNextGame(const QByteArray& empty_board) {
+  QString said = player_.WaitForMessage({});
+  if (BoxesOfBoard() == empty_board) {
+    throw HarnessError("nothing is to be seen on the board");
+  }
+  const auto known = said.size();
+  WaitUntil(
+      "somebody wins the game",
+      [&] {
+        said = player_.WaitForMessage(said);
+        return said.indexOf(kVictory, known) >= 0;
+      },
+      kLongestGame);
+  WaitUntil("the board is cleared", [&] { return BoxesOfBoard() == empty_board; });
+}
+
 void Session::PlayGame() {
-  LogIn("Rowan");
+  LogIn();
+  const QByteArray empty_board = BoxesOfBoard();
   player_.Choose("ctrl+e");
   player_.WaitForMessage("You enter the game in progress");
   player_.Choose("ctrl+m");  // the others may win before we have come far enough
@@ -144,17 +204,18 @@ void Session::PlayGame() {
     Photograph(player_.main_window(), "main-window");
   } while (LevelsReached() < kFewestLevels);
   PhotographSideWindows();
+  WaitForNextGame(empty_board);
+  player_.Choose("ctrl+m");  // off again, for the next session
   Leave();
 }
 
-void Play(const VirtualDisplay& display, Program& program, qint64 owner, bool is_game,
-          const QDir& pictures) {
+void Play(const VirtualDisplay& display, Program& program, qint64 owner, const Options& options) {
   const User user(display);
-  const QString failure = pictures.filePath("failure.png");
+  const QString failure = options.pictures.filePath("failure.png");
   QFile::remove(failure);
   try {
-    Session session(user, program, owner, pictures);
-    is_game ? session.PlayGame() : session.Visit();
+    Session session(user, program, owner, options);
+    options.is_game ? session.PlayGame() : session.Visit();
   } catch (const HarnessError&) {
     user.PhotographScreen(failure);
     Report("the screen as it was: " + failure);
@@ -162,19 +223,19 @@ void Play(const VirtualDisplay& display, Program& program, qint64 owner, bool is
   }
 }
 
-void Run(bool is_game, const QDir& pictures, const QStringList& command) {
+void Run(const Options& options, const QStringList& command) {
   const VirtualDisplay display;
   if (!command.isEmpty()) {
     Program program(command.front(), command.mid(1), display.environment());
-    Play(display, program, User::kAnyClient, is_game, pictures);
+    Play(display, program, User::kAnyClient, options);
     return;
   }
-  const PracticeServer server(
-      is_game ? QStringList{"--players", "6", "--seed", "7", "--pace", QString::number(kPace)}
-              : QStringList());
+  const PracticeServer server(options.is_game ? QStringList{"--players", "6", "--seed", "7",
+                                                            "--pace", QString::number(kPace)}
+                                              : QStringList());
   const Installation installation(server.address());
   Program program(installation, display);
-  Play(display, program, program.pid(), is_game, pictures);
+  Play(display, program, program.pid(), options);
 }
 
 }  // namespace
@@ -182,15 +243,22 @@ void Run(bool is_game, const QDir& pictures, const QStringList& command) {
 
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
-  QStringList arguments = QCoreApplication::arguments().mid(1);
-  const bool is_game = !arguments.isEmpty() && arguments.front() == "--game";
-  arguments = arguments.mid(is_game ? 1 : 0);
+  QCommandLineParser parser;
+  parser.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsPositionalArguments);
+  parser.addOptions({{"game", {}}, {"saved", {}}, {"end", {}, "command"}});
+  QStringList arguments;
+  if (parser.parse(QCoreApplication::arguments())) {
+    arguments = parser.positionalArguments();
+  }
   if (arguments.isEmpty()) {
-    std::cerr << "usage: korvanta-scripted-session [--game] FOLDER [COMMAND...]\n";
+    std::cerr << "usage: korvanta-scripted-session [--game] [--saved] [--end COMMAND] FOLDER "
+                 "[COMMAND...]\n";
     return 2;
   }
   try {
-    korvanta::harness::Run(is_game, QDir(arguments.front()), arguments.mid(1));
+    korvanta::harness::Run(
+        {parser.isSet("game"), parser.isSet("saved"), parser.value("end"), QDir(arguments.front())},
+        arguments.mid(1));
   } catch (const korvanta::harness::HarnessError& error) {
     std::cerr << "korvanta-scripted-session: " << error.what() << "\n";
     return 1;

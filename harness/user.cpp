@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSize>
 #include <cmath>
 
 namespace korvanta::harness {
@@ -68,7 +67,7 @@ void User::Press(const QStringList& chords) const {
   Do("xdotool", QStringList{"key", "--delay", "4", "--"} + chords);
 }
 
-void User::Click(const Window& window, QPointF place, int button) const {
+QSize User::SizeOf(const Window& window) const {
   QSize size;
   for (const QString& line :
        Do("xdotool", {"getwindowgeometry", "--shell", window.id}).split('\n')) {
@@ -79,6 +78,11 @@ void User::Click(const Window& window, QPointF place, int button) const {
       size.setHeight(value);
     }
   }
+  return size;
+}
+
+void User::Click(const Window& window, QPointF place, int button) const {
+  const QSize size = SizeOf(window);
   const auto x = std::lround(place.x() * size.width());
   const auto y = std::lround(place.y() * size.height());
   Do("xdotool", {"mousemove", "--window", window.id, QString::number(x), QString::number(y),
@@ -92,7 +96,9 @@ QString User::WaitForText(const Window& window, QPointF place, const QString& te
   try {
     WaitUntil(QString("the text shows \"%1\"").arg(text), [&] {
       Press({"ctrl+a", "ctrl+c"});
-      shown = RunTool("xclip", {"-selection", "clipboard", "-out", "-target", "UTF8_STRING"},
+      // It waits for ever for a program that gives the clipboard up before it has answered.
+      shown = RunTool("timeout",
+                      {"1", "xclip", "-selection", "clipboard", "-out", "-target", "UTF8_STRING"},
                       environment_)
                   .output;
       return shown.contains(text);
@@ -104,12 +110,21 @@ QString User::WaitForText(const Window& window, QPointF place, const QString& te
   return shown;
 }
 
+QByteArray User::Pixels(const Window& window, const QRectF& part) const {
+  const QSize size = SizeOf(window);
+  const QString crop = QString("%1x%2+%3+%4")
+                           .arg(std::lround(part.width() * size.width()))
+                           .arg(std::lround(part.height() * size.height()))
+                           .arg(std::lround(part.x() * size.width()))
+                           .arg(std::lround(part.y() * size.height()));
+  return RunTool("import", {"-window", window.id, "-crop", crop, "gray:-"}, environment_).output;
+}
+
 void User::Photograph(const Window& window, const QString& file) const {
   // A window that has just come is of one colour until it is drawn.
   WaitUntil(QString("the window \"%1\" is drawn").arg(window.title), [&] {
-    const ToolResult pixels = RunTool("import", {"-window", window.id, "gray:-"}, environment_);
-    return !pixels.output.isEmpty() &&
-           pixels.output.count(pixels.output.front()) < pixels.output.size();
+    const QByteArray pixels = Pixels(window);
+    return !pixels.isEmpty() && pixels.count(pixels.front()) < pixels.size();
   });
   Save(window.id, file);
 }

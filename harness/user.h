@@ -3,6 +3,8 @@
 
 #include <QList>
 #include <QPointF>
+#include <QRectF>
+#include <QSize>
 #include <QString>
 
 #include "harness/host.h"
@@ -41,13 +43,19 @@ class User {
   /// Copies the whole text at `place` until it contains `text`, and returns it. Leaves the focus
   /// there, with the caret at the end of the text.
   QString WaitForText(const Window& window, QPointF place, const QString& text) const;
+  /// The grey values of a part of a window, which is in fractions of its width and height.
+  QByteArray Pixels(const Window& window, const QRectF& part = {0, 0, 1, 1}) const;
   /// Saves a picture (PNG) of a window, or of the whole screen.
   void Photograph(const Window& window, const QString& file) const;
   /// So with what other windows show in front of it.
   void PhotographWithAllAbove(const Window& window, const QString& file) const;
   void PhotographScreen(const QString& file) const;
 
+  /// Runs a command by the shell on the display, and waits for its end.
+  void RunCommand(const QString& command) const { Do("sh", {"-c", command}); }
+
  private:
+  QSize SizeOf(const Window& window) const;
   void Save(const QString& window_id, const QString& file, const QStringList& options = {}) const;
   QString Do(const QString& program, const QStringList& arguments) const;
 
