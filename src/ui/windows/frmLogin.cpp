@@ -55,6 +55,7 @@ frmLogin::frmLogin(LoginDialog& dialog, QWidget* owner)
   setWindowTitle(ToQString(LoginDialog::kTitle));
   NameControl(*frmValues, "frmValues", frmValues->title());
   NameControl(*chkSave, "chkSave", chkSave->text());
+  cboServer->lineEdit()->setPlaceholderText(QStringLiteral("Any name; there is one server"));
   cboUsernames->setContextMenuPolicy(Qt::CustomContextMenu);
   cboUsernames->lineEdit()->setPlaceholderText(QStringLiteral("A new name makes a new player"));
   txtPassword->setPlaceholderText(QStringLiteral("Four or more letters or digits"));
