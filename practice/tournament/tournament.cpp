@@ -31,17 +31,18 @@ std::ptrdiff_t Tournament::CountPlayers() const {
                                [](const Team& team) { return std::ssize(team.members); });
 }
 
-void Tournament::SendInfo(const Player& player) {
+void Tournament::SendInfo(const Player& player, std::string_view remark) {
   const std::int64_t members = CountPlayers();
   std::vector<std::string_view> names;
   names.reserve(teams_.size());
   for (const Team& team : teams_) {
     names.emplace_back(team.name);
   }
-  players_.Send(player, Message<ServerMessage::TournamentInfo>(
-                            terms_.entry_fee, members * terms_.entry_fee, names.size(), members) +
-                            BuildMessage(TagOf(ServerMessage::TeamNames),
-                                         {Joined(names, {&kFieldSeparator, 1})}));
+  players_.Send(
+      player,
+      Message<ServerMessage::TournamentInfo>(terms_.entry_fee, members * terms_.entry_fee,
+                                             names.size(), std::to_string(members).append(remark)) +
+          BuildMessage(TagOf(ServerMessage::TeamNames), {Joined(names, {&kFieldSeparator, 1})}));
 }
 
 void Tournament::SendTeamList(const Player& player) {
@@ -130,6 +131,7 @@ void Tournament::Join(const Player& player, std::string_view team_name, std::str
                                                                   : Refusal::None;
   if (players_.Refuse(player, refusal, terms_.entry_fee, score,
                       current == nullptr ? "" : current->name)) {
+    SendInfo(player, refusal == Refusal::WrongTeamPassword ? ", wrong password" : ", not joined");
     return;
   }
   if (is_new) {

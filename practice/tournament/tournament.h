@@ -47,7 +47,8 @@ class Tournament {
   /// The team that it is in; null without one.
   const Team* TeamOf(const Account& account) const;
 
-  void SendInfo(const Player& player);
+  /// The remark stands behind the number of players, which the tournament window shows as text.
+  void SendInfo(const Player& player, std::string_view remark = {});
   void SendTeamList(const Player& player);
 
   // For administrators.

@@ -194,7 +194,7 @@ TEST_F(ArenaTest, ATournamentGameIsForTeamsAndItsPurseForTheWinners) {
   Send(bobby, "[tjo]Foxes|pass|");
   Send(anna, "[tcr]50|2|3|");
   EXPECT_THAT(Answers(LogIn("David"), "[tjo]Foxes|pass|"),
-              ElementsAre(HasSubstr("entry fee is 50 points of Total Score, and you have 0")));
+              Contains(HasSubstr("entry fee is 50 points of Total Score, and you have 0")));
   EXPECT_THAT(Answers(anna, "[tst]"), ElementsAre(HasSubstr("The next game will be the tournament"),
                                                   HasSubstr("is played to its end first")));
   Send(carol, "[jon]");
