@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "fuzz/input.h"
 #include "lobby/message_view.h"
@@ -138,11 +139,15 @@ class MessageViewOracle {
   /// Of a byte, a place in the text or a little behind it.
   std::size_t Scaled(std::size_t byte) const { return byte * (view_.size() + 3) / 255; }
 
-  /// Keeps the text as the widget does, by what it is told.
+  /// Keeps the text, the selection and Scroll Lock as the widget does, by what it is notified of.
   void Follow(const MessageView::Change& change) {
-    if (change.what == MessageView::Change::What::Cleared) {
+    using What = MessageView::Change::What;
+    followed_ends_ = {view_.anchor(), view_.caret()};
+    if (change.what == What::ScrollLock) {
+      followed_lock_ = options_.mnuScrollLock;
+    } else if (change.what == What::Cleared) {
       followed_.clear();
-    } else if (change.what == MessageView::Change::What::Inserted) {
+    } else if (change.what == What::Inserted) {
       const std::size_t end = change.offset + change.length;
       Check(end <= view_.size(), "new text lies inside the text");
       followed_.insert(change.offset, view_.text().Bytes(change.offset, end));
@@ -153,8 +158,9 @@ class MessageViewOracle {
     const ColouredText& text = view_.text();
     const std::size_t size = plain_.bytes.size();
     Check(view_.size() == size && followed_ == plain_.bytes, "the length, and every change");
-    Check(view_.anchor() == plain_.anchor && view_.caret() == plain_.caret, "the selection");
-    Check(view_.insertion_point() == std::max(plain_.anchor, plain_.caret), "the insertion point");
+    const std::pair<std::size_t, std::size_t> ends(plain_.anchor, plain_.caret);
+    Check(std::pair(view_.anchor(), view_.caret()) == ends, "the selection");
+    Check(followed_ends_ == ends && followed_lock_ == options_.mnuScrollLock, "every notice");
     Check(view_.SelectedText() == plain_.SelectedText(), "the copy of the selection");
     CheckPart(0, size);
     const auto [from, to] = std::minmax(plain_.anchor, plain_.caret);
@@ -201,6 +207,8 @@ class MessageViewOracle {
   MessageView view_;
   PlainMessageView plain_;
   std::string followed_;
+  std::pair<std::size_t, std::size_t> followed_ends_;
+  bool followed_lock_ = false;
   Excerpt part_;
 };
 
