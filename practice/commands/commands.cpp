@@ -136,6 +136,7 @@ void ShowNews(World& world, Player& player, Text /*arguments*/) {
   for (Text line : Split(kNewsText, '\n')) {
     world.players.Answer(player, line.substr(0, line.find('\r')));
   }
+  world.players.Say(player, sentences::kHoldView);
 }
 
 void ShowTime(World& world, Player& player, Text /*arguments*/) {

@@ -97,7 +97,9 @@ constexpr Sentence kNextGameIn = Answer("The next game begins in %1 at the earli
 constexpr Sentence kNextGameNeedsTwo = Answer("The next game begins when two players are ready.");
 
 // Lines and commands.
-constexpr Sentence kHelp = Answer("Commands, each typed with a slash in front:");
+constexpr Sentence kHelp =
+    Answer("Press Ctrl+K to hold these lines still. Commands, each typed with a slash in front:");
+/// Before and after more lines than the view shows at once.
 constexpr Sentence kHoldView = Answer("Press Ctrl+K to hold these lines still.");
 constexpr Sentence kListenerAway = Answer("%1 is away and may not see it at once.");
 constexpr Sentence kActs = Comment("%1 %2");
