@@ -8,19 +8,14 @@
 namespace korvanta::modData {
 namespace {
 
-constexpr int kLastFailureCode = 32;
-constexpr int kNoAssociation = 31;
-constexpr int kFileNotFound = 2;
-constexpr int kPathNotFound = 3;
-
 void ReportFailure(MessageBox& message_box, const std::string& address, int code) {
   const std::string quoted = "'" + address + "'";
-  if (code == kNoAssociation) {
+  if (code == WebOpener::NoAssociation) {
     message_box.Show(
         "No Association Found for HTTP Addresses. "
         "A Web Browser Should be Installed or Reinstalled.",
         kApplicationTitle, MessageIcon::Exclamation);
-  } else if (code == kFileNotFound || code == kPathNotFound) {
+  } else if (code == WebOpener::FileNotFound || code == WebOpener::PathNotFound) {
     message_box.Show("The " + quoted + " File or Path was Not Found.", kApplicationTitle,
                      MessageIcon::Exclamation);
   } else {
@@ -36,7 +31,7 @@ void OpenWebPage(WebOpener& web, MessageBox& message_box, std::string_view addre
                  std::weak_ptr<const void> requester) {
   web.Open(address, [&message_box, address = std::string(address),
                      requester = std::move(requester)](int code) {
-    if (code <= kLastFailureCode && !requester.expired()) {
+    if (code <= WebOpener::LastFailure && !requester.expired()) {
       ReportFailure(message_box, address, code);
     }
   });

@@ -9,17 +9,10 @@
 #include "ui/kit/text.h"
 
 namespace korvanta {
-namespace {
-
-constexpr int kNoSuchFile = 2;
-constexpr int kRefused = 5;
-
-}  // namespace
-
 void DesktopWebOpener::Open(std::string_view address, std::function<void(int code)> done) {
   const QString text = ToQString(address);
   if (!IsWebAddress(text)) {
-    return done(text.contains(QLatin1Char(':')) ? kRefused : kNoSuchFile);
+    return done(text.contains(QLatin1Char(':')) ? Refused : FileNotFound);
   }
   OpenWithDesktop(QUrl(text, QUrl::StrictMode).toString(QUrl::FullyEncoded), context_,
                   std::move(done));

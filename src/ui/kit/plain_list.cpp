@@ -47,19 +47,14 @@ QVariant PlainListModel::headerData(int section, Qt::Orientation orientation, in
 }
 
 PlainListView::PlainListView(const QString& heading, QWidget* parent)
-    : QTreeView(parent), model_(heading) {
+    : ListView(parent), model_(heading) {
   setModel(&model_);
   setItemDelegate(new OneLineDelegate(this));
   setAccessibleName(heading);
   verticalScrollBar()->setAccessibleName(QStringLiteral("Scroll ") + heading);
-  setRootIsDecorated(false);
-  setItemsExpandable(false);
-  setUniformRowHeights(true);
-  setSelectionMode(QAbstractItemView::SingleSelection);
   header()->setSectionsClickable(false);
   header()->setSectionResizeMode(QHeaderView::Stretch);
   connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
-    viewport()->update();  // single rows would not end on whole device pixels at 125 and 150 %
     if (on_selected) {
       on_selected(selected());
     }
@@ -83,15 +78,6 @@ std::optional<std::size_t> PlainListView::selected() const {
   const QModelIndexList rows = selectionModel()->selectedRows();
   return rows.isEmpty() ? std::nullopt
                         : std::optional(static_cast<std::size_t>(rows.first().row()));
-}
-
-void PlainListView::focusInEvent(QFocusEvent* event) {
-  QTreeView::focusInEvent(event);
-  // Taking the focus makes the first row current; without a selection the first arrow key would
-  // then skip it.
-  if (!selected()) {
-    selectionModel()->clearCurrentIndex();
-  }
 }
 
 }  // namespace korvanta

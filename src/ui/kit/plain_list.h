@@ -4,11 +4,12 @@
 #include <QAbstractListModel>
 #include <QStringList>
 #include <QStyledItemDelegate>
-#include <QTreeView>
 #include <cstddef>
 #include <functional>
 #include <optional>
 #include <utility>
+
+#include "ui/kit/list_view.h"
 
 namespace korvanta {
 
@@ -37,7 +38,7 @@ class PlainListModel : public QAbstractListModel {
 };
 
 /// Rows are one line high; a long text is elided, with all of it in the tool tip.
-class PlainListView : public QTreeView {
+class PlainListView : public ListView {
  public:
   explicit PlainListView(const QString& heading, QWidget* parent = nullptr);
 
@@ -48,9 +49,6 @@ class PlainListView : public QTreeView {
 
   /// The user selected another row or none.
   std::function<void(std::optional<std::size_t> row)> on_selected;
-
- protected:
-  void focusInEvent(QFocusEvent* event) override;
 
  private:
   PlainListModel model_;

@@ -36,18 +36,14 @@ class OwnColourDelegate : public QStyledItemDelegate {
 }  // namespace
 
 OnlineListView::OnlineListView(OnlineList& list, QWidget* parent)
-    : QTreeView(parent), list_(list), model_(new OnlineListModel(list, this)) {
+    : ListView(parent), list_(list), model_(new OnlineListModel(list, this)) {
   setObjectName(QStringLiteral("lstOnline"));
   setAccessibleName(QStringLiteral("Players online"));
   verticalScrollBar()->setAccessibleName(QStringLiteral("Scroll players"));
   setModel(model_);
   setItemDelegate(new OwnColourDelegate(this));
-  setUniformRowHeights(true);
   setIconSize({OnlineListModel::kMarkSize, OnlineListModel::kMarkSize});
-  setRootIsDecorated(false);
-  setItemsExpandable(false);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
-  setSelectionMode(QAbstractItemView::SingleSelection);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setTextElideMode(Qt::ElideRight);
   header()->setStretchLastSection(false);
@@ -84,7 +80,7 @@ bool OnlineListView::viewportEvent(QEvent* event) {
     default:
       break;
   }
-  return QTreeView::viewportEvent(event);
+  return ListView::viewportEvent(event);
 }
 
 void OnlineListView::keyPressEvent(QKeyEvent* event) {
@@ -92,16 +88,7 @@ void OnlineListView::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Menu || shift_f10) {
     Notify(on_menu, CurrentEntryPosition(), OpenedBy::Keyboard);
   } else {
-    QTreeView::keyPressEvent(event);
-  }
-}
-
-/// The toolkit makes the first row current; without a selection the first arrow key would then skip
-/// it.
-void OnlineListView::focusInEvent(QFocusEvent* event) {
-  QTreeView::focusInEvent(event);
-  if (!selectionModel()->hasSelection()) {
-    selectionModel()->clearCurrentIndex();
+    ListView::keyPressEvent(event);
   }
 }
 
@@ -117,8 +104,7 @@ void OnlineListView::SelectAt(QPoint point) {
 
 void OnlineListView::selectionChanged(const QItemSelection& selected,
                                       const QItemSelection& deselected) {
-  QTreeView::selectionChanged(selected, deselected);
-  viewport()->update();  // single rows would not end on whole device pixels at 125 and 150 %
+  ListView::selectionChanged(selected, deselected);
   const QModelIndexList rows = selectionModel()->selectedRows();
   list_.Select(rows.isEmpty() ? std::nullopt : std::optional(model_->EntryAt(rows.first().row())));
 }

@@ -2,16 +2,16 @@
 #pragma once
 
 #include <QPoint>
-#include <QTreeView>
 #include <functional>
 
 #include "lobby/online_list.h"
+#include "ui/kit/list_view.h"
 #include "ui/kit/popup_menu.h"
 #include "ui/online_list/online_list_model.h"
 
 namespace korvanta {
 
-class OnlineListView : public QTreeView {
+class OnlineListView : public ListView {
  public:
   /// Takes over the list's `on_changed`; the list must outlive the view.
   OnlineListView(OnlineList& list, QWidget* parent);
@@ -23,7 +23,6 @@ class OnlineListView : public QTreeView {
  protected:
   bool viewportEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  void focusInEvent(QFocusEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 

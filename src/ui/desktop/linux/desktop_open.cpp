@@ -8,29 +8,26 @@
 #include <unistd.h>
 #include <utility>
 
+#include "platform/web_opener.h"
+
 namespace korvanta {
 namespace {
-
-constexpr int kOpened = 33;
-constexpr int kNotFound = 2;
-constexpr int kNoAssociation = 31;
-constexpr int kOtherFailure = 5;
 
 /// Milliseconds. A process that ran for longer has found a browser, and its exit status does not
 /// concern the page.
 constexpr qint64 kLaunchTime = 60000;
 
 /// The code for the exit status of `xdg-open`.
-int OpenCode(int exit_status) {
+WebOpener::Code OpenCode(int exit_status) {
   switch (exit_status) {
     case 0:
-      return kOpened;
+      return WebOpener::Opened;
     case 2:  // no such file
-      return kNotFound;
+      return WebOpener::FileNotFound;
     case 3:  // no program to open it with
-      return kNoAssociation;
+      return WebOpener::NoAssociation;
     default:
-      return kOtherFailure;
+      return WebOpener::Refused;
   }
 }
 
@@ -60,14 +57,14 @@ void Start(const QString& program, const QString& address, QObject& context,
   running.start();
   QObject::connect(process, &QProcess::finished, &context,
                    [end, running](int exit_status, QProcess::ExitStatus way) {
-                     const int code =
-                         way == QProcess::NormalExit ? OpenCode(exit_status) : kOtherFailure;
-                     end(running.hasExpired(kLaunchTime) ? kOpened : code);
+                     const WebOpener::Code code =
+                         way == QProcess::NormalExit ? OpenCode(exit_status) : WebOpener::Refused;
+                     end(running.hasExpired(kLaunchTime) ? WebOpener::Opened : code);
                    });
   QObject::connect(process, &QProcess::errorOccurred, &context,
                    [end](QProcess::ProcessError error) {
                      if (error == QProcess::FailedToStart) {  // and so will never finish
-                       end(kOtherFailure);
+                       end(WebOpener::Refused);
                      }
                    });
   process->start(program, {address});
@@ -80,7 +77,8 @@ void Start(const QString& program, const QString& address, QObject& context,
 void OpenWithDesktop(const QString& address, QObject& context, std::function<void(int code)> done) {
   const QString program = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
   if (program.isEmpty()) {
-    return done(QDesktopServices::openUrl(QUrl(address)) ? kOpened : kNoAssociation);
+    return done(QDesktopServices::openUrl(QUrl(address)) ? WebOpener::Opened
+                                                         : WebOpener::NoAssociation);
   }
   Start(program, address, context, std::move(done));
 }
