@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QTest>
+#include <QWheelEvent>
 #include <gtest/gtest.h>
 #include <map>
 #include <stdexcept>
@@ -70,6 +71,14 @@ class MainWindowTest : public testing::Test {
   }
 
   void Click(const std::string& name) { QTest::mouseClick(&Get(name), Qt::LeftButton); }
+  static void TurnWheelUpAndDown(QWidget& control) {
+    const QPointF middle = control.rect().center();
+    for (const int angle : {120, -120}) {
+      QWheelEvent turn(middle, control.mapToGlobal(middle), {}, {0, angle}, {}, {},
+                       Qt::NoScrollPhase, false);
+      QApplication::sendEvent(&control, &turn);
+    }
+  }
   static void Type(QWidget& box, const char* text) {
     box.setFocus();
     QTest::keyClick(&box, Qt::Key_A, Qt::ControlModifier);
@@ -85,6 +94,18 @@ class MainWindowTest : public testing::Test {
       {"frmNews", &client.news.window()},
       {"frmStats", &client.statistics.window()},
       {"frmTournament", &client.tournament.window()}};
+};
+
+/// All windows, of an administrator.
+class AllWindowsTest : public MainWindowTest {
+ protected:
+  AllWindowsTest() {
+    LogIn("90");
+    for (const auto& [name, life] : side_windows) {
+      life->Show();
+    }
+    QApplication::processEvents();
+  }
 };
 
 }  // namespace korvanta

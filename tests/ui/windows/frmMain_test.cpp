@@ -1,74 +1,57 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QCloseEvent>
 #include <QComboBox>
 #include <QLabel>
-#include <QMenu>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QTreeView>
 #include <QWindow>
 #include <gmock/gmock.h>
 
 #include "tests/ui/main_window_test.h"
 #include "ui/board/board_layout.h"
+#include "ui/windows/frmSplash.h"
 
 namespace korvanta {
 namespace {
 
+using std::chrono_literals::operator""ms;
 using testing::ElementsAre;
-using testing::ElementsAreArray;
 
-class frmMainTest : public MainWindowTest {
- protected:
-  using MainWindowTest::Type;
-  void Type(const std::string& text) { QTest::keyClicks(&box, QString::fromStdString(text)); }
-
+struct frmMainTest : MainWindowTest {
   QComboBox& box = Get<QComboBox>("cboSend");
 };
 
 TEST_F(frmMainTest, TitleAndMenusFollowTheConnectionAndTheOptions) {
-  const auto expect = [this](const QString& connection, const char* item) {
-    EXPECT_EQ(window.windowTitle(), QStringLiteral("Korvanta - v1.6 - ") + connection);
-    EXPECT_EQ(Get<QAction>("mnuDisCon").text(), QLatin1String(item));
-  };
-  expect(QStringLiteral("Disconnected"), "&Connect");
+  const QAction& filter = Get<QAction>("mnuFilter");
+  EXPECT_TRUE(filter.isChecked());
+  client.main_window.Toggle(&Options::mnuFilter);
+  EXPECT_FALSE(filter.isChecked());
   LogIn();
-  expect(QStringLiteral("Connected"), "&Disconnect");
+  EXPECT_EQ(window.windowTitle(), QStringLiteral("Korvanta - v1.6 - Connected"));
+  EXPECT_EQ(Get<QAction>("mnuDisCon").text(), QStringLiteral("&Disconnect"));
   QTest::keyClick(&window, Qt::Key_F1);
   EXPECT_THAT(TakeSent(), ElementsAre(Message("[dis]")));
-  QAction& filter = Get<QAction>("mnuFilter");
-  for (const bool on : {true, false, true}) {
-    EXPECT_EQ(filter.isChecked(), on);
-    EXPECT_EQ(client.options.mnuFilter, on);
-    filter.trigger();
-  }
 }
 
 TEST_F(frmMainTest, TheChatLineIsSentUpToItsLimitWhichShowsInTime) {
   LogIn();
   EXPECT_EQ(QApplication::focusWidget(), &box);
   QPushButton& send = Get<QPushButton>("btnSend");
-  const std::function<void()> ways[] = {[&] { QTest::keyClick(&box, Qt::Key_Return); },
-                                        [&] { QTest::mouseClick(&send, Qt::LeftButton); },
-                                        [&] { QTest::keyClick(&send, Qt::Key_Return); }};
   const QLabel& remaining = Get<QLabel>("lblRemaining");
-  const struct {
-    std::size_t length;
-    const char* remaining;
-    bool is_sent;
-  } cases[] = {{199, "", true}, {200, "50", true}, {251, "-1", false}};
-  for (const auto& way : ways) {
-    for (const auto& c : cases) {
-      Type(box, "");
-      Type(std::string(c.length, 'x'));
-      EXPECT_EQ(remaining.isVisible() ? remaining.text() : QString(), QLatin1String(c.remaining));
-      EXPECT_EQ(send.isEnabled(), c.is_sent);
-      way();
-      EXPECT_EQ(TakeSent().size(), c.is_sent ? 1U : 0U);
-      EXPECT_EQ(box.currentText().isEmpty(), c.is_sent);
+  const std::tuple<std::size_t, const char*, bool> cases[] = {
+      {199, "", true}, {200, "50", true}, {251, "-1", false}};
+  for (QWidget* pressed : std::initializer_list<QWidget*>{&box, &send}) {
+    for (const auto& [length, shown, is_sent] : cases) {
+      Type(box, std::string(length, 'x').c_str());
+      EXPECT_EQ(remaining.isVisible() ? remaining.text() : QString(), QLatin1String(shown));
+      EXPECT_EQ(send.isEnabled(), is_sent);
+      QTest::keyClick(pressed, Qt::Key_Return);
+      EXPECT_EQ(TakeSent().size(), is_sent ? 1U : 0U);
+      EXPECT_EQ(box.currentText().isEmpty(), is_sent);
     }
   }
 }
@@ -76,12 +59,12 @@ TEST_F(frmMainTest, TheChatLineIsSentUpToItsLimitWhichShowsInTime) {
 TEST_F(frmMainTest, TheChatLineKeepsWhatIsTypedAndRecallsAndListsWhatWasSent) {
   LogIn();
   for (const char* line : {"chat", "chat", "/who"}) {
-    Type(line);
+    Type(box, line);
     QTest::keyClick(&box, Qt::Key_Return);
   }
   EXPECT_EQ(box.count(), 3);
   EXPECT_EQ(box.itemText(2), QStringLiteral("who"));
-  Type("c c");
+  Type(box, "c c");
   EXPECT_FALSE(box.lineEdit()->hasSelectedText());  // which a completion would be
   for (const Qt::KeyboardModifier pad : {Qt::NoModifier, Qt::KeypadModifier}) {
     QTest::keyClick(&box, Qt::Key_Up, pad);
@@ -97,69 +80,34 @@ TEST_F(frmMainTest, TheChatLineKeepsWhatIsTypedAndRecallsAndListsWhatWasSent) {
   EXPECT_EQ(box.currentText(), QStringLiteral(u"c c\u03a9"));
 }
 
-TEST_F(frmMainTest, OpenedByTheMouseAMenuHasNoItemChosenAndOpenedByTheKeyboardItsFirst) {
-  LogIn();
-  Receive("[onl]Bob\0011\0011\0010\002Cid\0011\0011\0010");
+TEST_F(frmMainTest, SmallerThanItsContentOnASmallScreenAloneWhereTheFocusScrollsIntoSight) {
+  auto& area = Get<QScrollArea>("fittingArea");
   auto& board = Get("ResearchBoard");
-  auto& list = Get<QTreeView>("lstOnline");
-  const QPoint box_three = board_layout::BoxRect(6).center();
-  const auto click_cid = [&list](Qt::MouseButton button) {
-    const QRect cid = list.visualRect(list.model()->index(1, 0));
-    QTest::mouseClick(list.viewport(), button, {}, cid.center());
-  };
-  const struct {
-    const char* menu;
-    std::function<void()> open;
-    std::vector<std::string> sent;
-  } cases[] = {
-      {"mPopMenu", [&] { QTest::mouseClick(&board, Qt::RightButton, {}, box_three); }, {}},
-      {"mPopMenu", [&] { QTest::keyClick(&board, Qt::Key_Menu); }, {Message("[upg]1\0011\001")}},
-      {"mnuWarMenu", [&] { click_cid(Qt::RightButton); }, {}},
-      {"mnuWarMenu",
-       [&] { click_cid(Qt::LeftButton), QTest::keyClick(&list, Qt::Key_F10, Qt::ShiftModifier); },
-       {Message("[att]Cid")}},
-  };
-  for (const auto& c : cases) {
-    auto& menu = Get<QMenu>(c.menu);
-    c.open();
-    ASSERT_TRUE(menu.isVisible()) << c.menu << c.sent.size();
-    Receive("[onl]Dan\0011\0011\0010\002Cid\0011\0011\0010");  // the menu stays with Cid
-    QTest::keyClick(&menu, Qt::Key_Return);
-    EXPECT_THAT(TakeSent(), ElementsAreArray(c.sent)) << c.menu;
-    menu.close();
-  }
-}
-
-TEST_F(frmMainTest, ItIsNoSmallerThanItsContentAndResizingMovesNothing) {
-  const QWidget& content = *Get<QScrollArea>("fittingArea").widget();
-  const QRect place = content.geometry();
   const QSize size = window.size();
-  window.resize(700, 400);
+  const QRect place = area.widget()->geometry();
+  const auto expect_bars = [&](QSize wanted, bool shown) {
+    window.resize(wanted);
+    for (const QScrollBar* bar : {area.horizontalScrollBar(), area.verticalScrollBar()}) {
+      EXPECT_EQ(bar->isVisible(), shown);
+      EXPECT_EQ(bar->maximum() > 0, shown);
+    }
+    EXPECT_EQ(area.widget()->geometry(), place);
+  };
+  expect_bars({1300, 730}, false);
+  expect_bars({700, 400}, false);
   EXPECT_EQ(window.size(), size);
-  window.resize(1300, 730);
-  EXPECT_EQ(content.geometry(), place);
-}
 
-TEST_F(frmMainTest, OnASmallScreenWhatHasTheKeyboardScrollsIntoSight) {
   QScreen* const small = QApplication::screens().back();
   window.windowHandle()->setScreen(small);
   window.move(small->geometry().topLeft());
-
-  auto& area = Get<QScrollArea>("fittingArea");
-  auto& board = Get("ResearchBoard");
   ASSERT_TRUE(QTest::qWaitFor([&] { return window.minimumHeight() < 600; }));
-  for (const bool is_small : {false, true}) {
-    window.resize(is_small ? QSize(700, 400) : QSize(1200, 700));
-    for (const QScrollBar* bar : {area.horizontalScrollBar(), area.verticalScrollBar()}) {
-      EXPECT_EQ(bar->isVisible(), is_small);
-      EXPECT_EQ(bar->maximum() > 0, is_small);
-    }
-  }
+  expect_bars({1200, 700}, false);
+  expect_bars({700, 400}, true);
   for (const char* name : {"btnSend", "lstOnline", "ResearchBoard"}) {
     auto& control = Get(name);
     control.setFocus();
-    const QRect place = &control == &board ? board_layout::BoxRect(0) : control.rect();
-    EXPECT_EQ(control.visibleRegion().intersected(place), QRegion(place)) << name;
+    const QRect seen = &control == &board ? board_layout::BoxRect(0) : control.rect();
+    EXPECT_EQ(control.visibleRegion().intersected(seen), QRegion(seen)) << name;
   }
   for (int i = 0; i < kTopLevel; ++i) {
     QTest::keyClick(&board, Qt::Key_Right);
@@ -176,6 +124,37 @@ TEST_F(frmMainTest, FindIsReachedFromTheChatLineAndLeavesTheMenusTheirKeys) {
   EXPECT_THAT(TakeSent(), ElementsAre(Message("[jon]")));
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
   EXPECT_EQ(QApplication::focusWidget(), &box);
+}
+
+TEST(Splash, ShowsHowLoadingGoesAndGivesWayToNobodyForFourSeconds) {
+  fakes::FakePlatform platform;
+  Client client(platform.platform(),
+                {.rights_notice = {"All rights reserved", "The Maker", "2002-2024"}});
+  frmSplash splash(client.splash);
+  client.splash.window().on_unload = [&] { splash.hide(); };
+  frmMain main_window(client);
+  ASSERT_TRUE(client.StartUp());
+  splash.show();
+  for (const char* dots : {"", ".", "..", "...", "....", "."}) {
+    QStringList shown;
+    for (const char* label :
+         {"Label1", "Label3", "Label4", "Label5(0)", "Label5(1)", "Label5(2)"}) {
+      shown.append(splash.findChild<QLabel*>(QLatin1String(label))->text());
+    }
+    EXPECT_EQ(shown.join(QLatin1Char('|')).toStdString(),
+              std::string("Korvanta|Version: 1.6|Now Loading") + dots +
+                  "|All rights reserved|The Maker|2002-2024");
+    platform.timers.Tick(200ms);
+  }
+
+  QCloseEvent by_the_user;
+  QSpontaneKeyEvent::setSpontaneous(&by_the_user);
+  qApp->notify(&splash, &by_the_user);
+  EXPECT_FALSE(by_the_user.isAccepted());
+  EXPECT_EQ(client.splash.window().state(), WindowLife::State::Shown);
+  EXPECT_TRUE(splash.isVisible() && !main_window.isVisible());
+  platform.timers.Tick(4000ms);
+  EXPECT_TRUE(!splash.isVisible() && main_window.isVisible());
 }
 
 }  // namespace

@@ -1,21 +1,18 @@
-/// Every place that shows what the server or a player wrote, against every kind of text that could
-/// be taken for something else than text.
+/// What is written into the boxes of the windows, and every place that shows what the server or a
+/// player wrote, against every kind of text that could be taken for something else than text.
+#include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QLabel>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QRegularExpression>
-#include <QScreen>
 #include <QTemporaryDir>
 #include <QTextDocumentFragment>
-#include <QTimer>
 #include <QToolTip>
 #include <QTreeView>
 #include <algorithm>
 
 #include "tests/ui/main_window_test.h"
-#include "ui/desktop/qt_message_box.h"
 #include "ui/kit/text.h"
 
 namespace korvanta {
@@ -34,21 +31,14 @@ bool IsBaitSeen() {
   });
 }
 
-/// Line ends and other control characters come in many forms; what else is there is compared.
-QString Printable(QString text) {
-  text.remove(QChar(0x200B));  // a place to break a long word, which nobody sees
-  std::replace_if(
-      text.begin(), text.end(),
-      [](QChar c) { return c.category() == QChar::Other_Control || c == QChar::Nbsp; },
-      QLatin1Char(' '));
-  return text;
-}
-
 enum Extent { Abridged, Whole, InToolTip };  // the first, where the toolkit lays it out
 
-void ExpectShown(const std::string& text, QString shown, Extent extent) {
-  const QString whole = Printable(ToQString(text));
-  shown = Printable(shown);
+void ExpectShown(const std::string& text, QString shown, Extent extent = Whole,
+                 const char* words = "%1") {
+  static const QRegularExpression control(QStringLiteral("[\\x01-\\x1f]"));  // in many forms
+  const QString blank(u' ');
+  const QString whole = QString::fromLatin1(words).arg(ToQString(text)).replace(control, blank);
+  shown.replace(control, blank);
   const qsizetype cut = shown.indexOf(QChar(0x2026));
   const bool is_abridged = shown.size() > 8 && shown.size() < 100'000 && cut >= 0 &&
                            whole.startsWith(shown.first(cut)) &&
@@ -58,62 +48,46 @@ void ExpectShown(const std::string& text, QString shown, Extent extent) {
       << shown.left(300).toStdString();
 }
 
-/// The main window with every window that it has.
-class PlainTextTest : public MainWindowTest {
+class PlainTextTest : public AllWindowsTest {
  protected:
-  /// A message that carries a text between `before` and `after`, and where the text is seen, with
-  /// words around it.
-  struct Place {
-    std::string before, after;
-    std::function<QString()> look;
-    Extent extent;
-    std::string words_before = {}, words_after = {};
-  };
-
   PlainTextTest() {
     QImage bait(8, 8, QImage::Format_RGB32);
     bait.fill(kBait);
     EXPECT_TRUE(bait.save(folder.filePath(QStringLiteral("bait.png"))));
-    LogIn("12");
-    for (const auto& [name, life] : side_windows) {
-      life->Show();
-    }
-    QApplication::processEvents();
   }
 
-  std::function<QString()> Property(std::string_view name,
-                                    const std::string& property = "text") const {
-    return [=, this, control = std::string(name)] {
-      QString text = Get(control).property(property.c_str()).toString();
+  /// What a control shows, in each of the ways that it has.
+  std::vector<std::pair<QString, Extent>> TextsOf(const std::string& name) const {
+    QWidget& control = Get(name);
+    std::vector<std::pair<QString, Extent>> texts;
+    if (auto* list = qobject_cast<QTreeView*>(&control)) {
+      const QAbstractItemModel& model = *list->model();
+      for (int column = 0; column < model.columnCount() && model.rowCount() > 0; ++column) {
+        const QModelIndex cell = model.index(0, column);
+        texts.emplace_back(cell.data(Qt::DisplayRole).toString(), Abridged);
+        texts.emplace_back(cell.data(Qt::AccessibleTextRole).toString(), Whole);
+        texts.emplace_back(cell.data(Qt::ToolTipRole).toString(), InToolTip);
+      }
+    } else if (auto* frame = qobject_cast<QGroupBox*>(&control)) {
       // Of two marks of a mnemonic the second is shown, of one none.
       static const QRegularExpression mark(QStringLiteral("&(&?)"));
-      return property == "title" ? text.replace(mark, QStringLiteral("\\1")) : text;
-    };
+      texts.emplace_back(frame->title().replace(mark, QStringLiteral("\\1")), Abridged);
+      texts.emplace_back(frame->accessibleName(), Whole);
+      texts.emplace_back(frame->toolTip(), InToolTip);
+    } else if (auto* box = qobject_cast<QLineEdit*>(&control)) {
+      texts.emplace_back(box->text(), Abridged);
+    } else {
+      auto* choice = qobject_cast<QComboBox*>(&control);
+      texts.emplace_back(choice ? choice->itemText(0) : ToQString(TextOf(name)), Whole);
+    }
+    return texts;
   }
-  std::function<QString()> List(const char* name, int role, int column = 0) const {
-    return [=, this] {
-      const QAbstractItemModel& model = *Get<QTreeView>(name).model();
-      return model.rowCount() > 0 ? model.index(0, column).data(role).toString() : QString();
-    };
-  }
-  /// Shows the tool tip too.
-  std::function<QString()> Tip(const std::function<QString()>& look) {
-    return [=, this] {
-      QToolTip::showText({9, 9}, look(), &window);
-      QApplication::processEvents();
-      EXPECT_TRUE(QToolTip::isVisible());
-      return QTextDocumentFragment::fromHtml(look()).toPlainText().remove(QLatin1Char('\n'));
-    };
-  }
-  std::vector<Place> Places();
-  /// Title or name, and place, of everything that has a name.
-  std::map<std::string, QRect> Layout() const {
-    std::map<std::string, QRect> layout;
-    for (const QWidget* widget : window.findChildren<QWidget*>()) {
-      const QString name = widget->objectName() + widget->windowTitle();
-      if (!name.startsWith(QLatin1String("qt_")) && !name.startsWith(QLatin1String("qtooltip"))) {
-        layout[name.toStdString()] = widget->geometry();
-      }
+  /// The places of everything but the toolkit's own parts.
+  std::map<QString, QRect> Layout() const {
+    std::map<QString, QRect> layout;
+    const QRegularExpression ours(QStringLiteral("^[^q]"));
+    for (const auto* widget : window.findChildren<QWidget*>(ours)) {
+      layout[widget->objectName() + widget->parent()->objectName()] = widget->geometry();
     }
     return layout;
   }
@@ -122,107 +96,104 @@ class PlainTextTest : public MainWindowTest {
     return "<img src='" + file + "'><b>b</b> <a href=\"file:" + file + "\">a</a><script>x</script>";
   }
   std::vector<std::pair<const char*, std::string>> Texts() const {
-    std::string bytes;
-    for (int byte = 3; byte < 256; ++byte) {
-      bytes += static_cast<char>(byte);
-    }
     return {{"a word without an end", std::string(1'000'000, 'W')},
             {"nothing", ""},
             {"markup", Markup()},
-            {"entities and mnemonics", "a &amp; &#x41; & &File  % %1 \\n &"},
-            {"every byte", bytes},
-            {"blanks and line ends", " a\n\nb\rc\n"}};
+            {"entities and mnemonics", "a &amp; &#x41; & &File  % %1 \\n \x80 &"},
+            {"blanks and line ends", " a\n\nb\rc\x03\n"}};
   }
 
   QTemporaryDir folder;
 };
 
-std::vector<PlainTextTest::Place> PlainTextTest::Places() {
-  const std::string figures = "\0017\0017\0017\0017\0017\0017\0017\0017\0017\0017\0017\0011";
-  const std::string player = "\0011\0011\0010";
-  const std::string long_name(200, 'W');
-  std::vector<Place> places = {
-      {"[msg]blk\001", "\001False", [this] { return ToQString(TextOf("rbMessages")); }, Whole, "",
-       "\r\n"},
-      {"[nws]", "", [this] { return ToQString(TextOf("rbNews")); }, Whole},
-      {"[onl]", player, List("lstOnline", Qt::DisplayRole), Abridged},
-      {"[onl]", player, List("lstOnline", Qt::AccessibleTextRole), Whole},
-      {"[onl]", player, Tip(List("lstOnline", Qt::ToolTipRole)), InToolTip},
-      {"[onl]Ann\0011\001", "\0010", List("lstOnline", Qt::DisplayRole, 1), Abridged},
-      {"[onl]Ann\0011\001", "\0010", Tip(List("lstOnline", Qt::ToolTipRole, 1)), InToolTip},
-      {"[bre]", figures, Property("frmUserData", "title"), Abridged, "Statistics for '", "'"},
-      {"[bre]", figures, Property("frmUserData", "accessibleName"), Whole, "Statistics for '", "'"},
-      {"[bre]" + long_name, figures, Tip(Property("frmUserData", "toolTip")), InToolTip},
-      {"[bre]", figures, Property("frmAward", "title"), Abridged, "Awards for '", "'"},
-      {"[tif]", "\0011\0012\0013", Property("iEntryFee"), Abridged},
-      {"[tif]1\001", "\0011\0012", Property("txtPurse"), Abridged},
-      {"[tif]1\0011\001", "\0012", Property("iMaxTeams"), Abridged},
-      {"[tif]1\0011\0012\001", "", Property("iMaxPlayers"), Abridged},
-      {"[ttm]", "", List("lstTeams", Qt::AccessibleTextRole), Whole},
-      {"[ttm]", "", Tip(List("lstTeams", Qt::ToolTipRole)), InToolTip},
-      {"[tdd]", "", [this] { return Get<QComboBox>("cmbTeam").itemText(0); }, Whole},
-  };
-  for (const StatisticsField& field : kStatisticsFields) {
-    const std::size_t behind = 2 * field.reply_field;
-    places.push_back({"[bre]Ann" + figures.substr(0, behind - 1), figures.substr(behind),
-                      Property(field.control), Abridged});
+TEST(PlainText, BytesShowTheCharactersOfTheirCodePageAndComeBackUnchanged) {
+  std::string all;
+  for (int byte = 0; byte < 256; ++byte) {
+    all += static_cast<char>(byte);
   }
-  return places;
+  EXPECT_EQ(ToBytes(ToQString(all)), all);
+  EXPECT_EQ(ToQString("caf\xe9 \x80\x99"), QStringLiteral(u"caf\u00e9 \u20ac\u2122"));
+  // One '?' for each character outside the set.
+  EXPECT_EQ(ToBytes(QStringLiteral(u"a\u03a9b\U0001F600c\u202ed")), "a?b?c?d");
+}
+
+/// Dictation, on-screen keyboards and switches write into boxes without a key being pressed.
+TEST_F(AllWindowsTest, WhatAnAssistiveProgramWritesIntoABoxCountsAsTyped) {
+  const LoginForm& login = client.login_dialog.form();
+  const TournamentTexts& texts = client.tournament.state().texts;
+  const std::tuple<const char*, const char*, const std::string&> boxes[] = {
+      {"fittingArea", "cboSend", client.chat_input.text()},
+      {"frmLogin", "cboServer", login.cboServer},
+      {"frmLogin", "cboUsernames", login.cboUsernames},
+      {"frmLogin", "txtPassword", login.txtPassword},
+      {"frmStats", "UserInput", client.statistics.state().UserInput},
+      {"frmTournament", "iEntryFee", texts.iEntryFee},
+      {"frmTournament", "txtPurse", texts.txtPurse},
+      {"frmTournament", "iMaxTeams", texts.iMaxTeams},
+      {"frmTournament", "iMaxPlayers", texts.iMaxPlayers},
+      {"frmTournament", "cmbTeam", texts.cmbTeam},
+      {"frmTournament", "txtPassword", texts.txtPassword},
+      {"frmTournament", "EntryFee", texts.EntryFee},
+      {"frmTournament", "MaxTeams", texts.MaxTeams},
+      {"frmTournament", "MaxPlayers", texts.MaxPlayers}};
+  for (const auto& [owner, name, presented] : boxes) {
+    auto* control = Get(owner).findChild<QWidget*>(QLatin1String(name));
+    auto* line = qobject_cast<QLineEdit*>(control);
+    line = line != nullptr ? line : control->findChild<QLineEdit*>();
+    QAccessible::queryAccessibleInterface(line)->editableTextInterface()->replaceText(
+        0, static_cast<int>(line->text().size()), QLatin1String(name));
+    EXPECT_EQ(presented, name) << owner;
+    EXPECT_EQ(line->text().toStdString(), name) << owner;
+  }
 }
 
 TEST_F(PlainTextTest, WhatTheServerSendsIsShownAsItIsAndMovesNothing) {
-  for (const Place& place : Places()) {
+  const std::string reply = "[bre]@\1@\1@\1@\1@\1@\1@\1@\1@\1@\1@\1@";
+  const struct {
+    std::string message;
+    const char* controls;
+    const char* words = "%1";
+  } cases[] = {
+      {"[msg]blk\1@\1False", "rbMessages", "%1\r\n"},
+      {"[nws]@", "rbNews"},
+      {"[onl]@\0011\1@\0010", "lstOnline"},
+      {reply, "frmUserData", "Statistics for '%1'"},
+      {reply, "frmAward", "Awards for '%1'"},
+      {reply,
+       "rbScore txtAlliance txtID txtWins txtAllianceWins txtPlayed txtResearch txtLost txtDestroy "
+       "txtBlocks txtScrew"},
+      {"[tif]@\1@\1@\1@", "iEntryFee txtPurse iMaxTeams iMaxPlayers"},
+      {"[ttm]@", "lstTeams"},
+      {"[tdd]@", "cmbTeam"},
+  };
+  for (const auto& [message, controls, words] : cases) {
     for (const auto& [name, text] : Texts()) {
-      if (place.extent == InToolTip && text != Markup()) {
-        continue;  // it is the one kind of text that a tool tip could take amiss
-      }
-      SCOPED_TRACE(std::string(name) + " in " + place.before);
+      SCOPED_TRACE(std::string(name) + " in " + controls);
       const auto layout = Layout();
       client.message_view.Clear();
-      Receive(place.before + text + place.after);
+      Receive(ToBytes(ToQString(message).replace(u'@', ToQString(text))));
       QApplication::processEvents();
       EXPECT_EQ(Layout(), layout);
-      ExpectShown(place.words_before + text + place.words_after, place.look(), place.extent);
-      EXPECT_TRUE(text != Markup() || !IsBaitSeen());
+      for (const QString& control : QString::fromLatin1(controls).split(u' ')) {
+        for (auto [shown, extent] : TextsOf(control.toStdString())) {
+          if (extent == InToolTip && text != Markup()) {
+            continue;  // it is the one kind of text that a tool tip could take amiss
+          }
+          if (extent == InToolTip) {
+            QToolTip::showText({9, 9}, shown, &window);
+            QApplication::processEvents();
+            EXPECT_TRUE(QToolTip::isVisible());
+            shown = QTextDocumentFragment::fromHtml(shown).toPlainText().remove(u'\n');
+          }
+          ExpectShown(text, shown, extent, words);
+          EXPECT_FALSE(text == Markup() && IsBaitSeen());
+        }
+      }
     }
-  }
-  for (const QLabel* label : window.findChildren<QLabel*>()) {
-    EXPECT_TRUE(label->textFormat() == Qt::PlainText || label->buddy() != nullptr ||
-                label->inherits("QTipLabel"))
-        << label->text().toStdString();
   }
   QLabel rich(ToQString(Markup()));  // in which it is seen
   rich.show();
   EXPECT_TRUE(IsBaitSeen());
-}
-
-TEST_F(PlainTextTest, TheUsersOwnAreShownWhole) {
-  for (const auto& [name, text] : Texts()) {
-    SCOPED_TRACE(name);
-    client.saved_logins.Add({text, ""});
-    client.saved_logins.LastUser = text;
-    client.login_dialog.window().Unload();
-    Open("frmLogin");
-    ExpectShown(text, Get<QComboBox>("cboUsernames").currentText(), Whole);
-  }
-}
-
-/// The box fits the screen with its button.
-TEST_F(PlainTextTest, MessageBoxesShowEveryText) {
-  for (const auto& [name, text] : Texts()) {
-    SCOPED_TRACE(name);
-    QTimer::singleShot(0, qApp, [text = text] {
-      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-      ASSERT_NE(box, nullptr);
-      EXPECT_TRUE(box->screen()->geometry().contains(QRect({}, box->size()))) << box->height();
-      const QWidget& button = *box->button(QMessageBox::Ok);
-      EXPECT_TRUE(box->rect().contains({button.mapTo(box, QPoint()), button.size()}));
-      EXPECT_FALSE(IsBaitSeen());
-      ExpectShown(text, box->text(), Abridged);
-      box->close();
-    });
-    QtMessageBox().Show(text, "Korvanta", MessageIcon::None);
-  }
 }
 
 }  // namespace
