@@ -1,5 +1,6 @@
 #include "ui/desktop/deployment_file.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QHostAddress>
@@ -95,7 +96,8 @@ DeploymentResult ReadDeploymentFile(const QString& file) {
   DeploymentResult reading;
   const QString fault = Read(file, reading.values);
   if (!fault.isEmpty()) {
-    reading.error = ToBytes(QStringLiteral("The file \"%1\" %2").arg(file, fault));
+    reading.error =
+        ToBytes(QStringLiteral("The file \"%1\" %2").arg(QDir::toNativeSeparators(file), fault));
   }
   return reading;
 }

@@ -50,8 +50,8 @@ bool MakePrivateFile(QFile& file) {
 }
 
 std::string Failure(const QString& file, const QString& reason) {
-  return ToBytes(
-      QStringLiteral("The settings could not be saved in \"%1\": %2.").arg(file, reason));
+  return ToBytes(QStringLiteral("The settings could not be saved in \"%1\": %2.")
+                     .arg(QDir::toNativeSeparators(file), reason));
 }
 
 }  // namespace
