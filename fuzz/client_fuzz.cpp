@@ -49,7 +49,7 @@ void Call(WatchedClient& watched, Event event) {
   }
 }
 
-/// Likewise, where the control shows already what the user does.
+/// Likewise, where the control already shows what the user did.
 template <auto part, auto method>
 void Enter(WatchedClient& watched, Event event) {
   Call<part, method>(watched, event);
