@@ -149,7 +149,7 @@ inline constexpr auto kServerMessages = [] {
       {ChatLine, "[msg]", {Code, Text, Boolean}},
       {News, "[nws]", {Text}},
       {OnlineList, "[onl]", {Text, Number, Number, Number}, Layout::Records},
-      {TournamentInfo, "[tif]", {Number, Number, Number, Number}},
+      {TournamentInfo, "[tif]", {Number, Number, Number, Text}},
       {TeamList, "[ttm]", {Text}, Layout::Records},
       {TeamNames, "[tdd]", {Text}, Layout::Repeated},
   });

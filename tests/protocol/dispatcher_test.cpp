@@ -36,7 +36,7 @@ TEST(MessageTable, HasTheServersMessagesInTestOrder) {
       {"[end]", "i", Fields},    {"[upg]", "ii", Fields}, {"[clr]", "", Ignored},
       {"[clt]", "", Ignored},    {"[poi]", "n", Fields},  {"[att]", "ii", Fields},
       {"[msg]", "ctb", Fields},  {"[nws]", "t", Fields},  {"[onl]", "tnnn", Records},
-      {"[tif]", "nnnn", Fields}, {"[ttm]", "t", Records}, {"[tdd]", "t", Repeated},
+      {"[tif]", "nnnt", Fields}, {"[ttm]", "t", Records}, {"[tdd]", "t", Repeated},
   };
   ASSERT_EQ(std::size(messages), kServerMessages.size());
   for (std::size_t i = 0; i < kServerMessages.size(); ++i) {
