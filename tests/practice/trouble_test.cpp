@@ -132,22 +132,13 @@ TEST(Mischief, EachKindDoesWhatItsLineSaysAndNothingElse) {
       spared += is_spared ? 1 : 0;
       pauses += heard.pauses;
       EXPECT_TRUE(is_spared || cases[i].is_done(heard)) << seed;
+      EXPECT_EQ(Heard({*kinds, seed}).sends, heard.sends) << "a seed replays the same bytes";
     }
     EXPECT_LT(spared, 95);
     EXPECT_TRUE(i > 0 || pauses > 0) << "pieces come after a while";
     EXPECT_EQ(spared == 0, MischiefTable()[i].one_in == 1);
   }
-}
-
-TEST(Mischief, TheSameSeedReplaysTheSameBytes) {
-  const MischiefKinds all = *ReadMischiefKinds("all");
-  std::set<std::vector<std::string>> evenings;
-  for (std::uint64_t seed = 0; seed < 20; ++seed) {
-    const Heard first({all, seed});
-    EXPECT_EQ(first.sends, Heard({all, seed}).sends);
-    evenings.insert(first.sends);
-  }
-  EXPECT_GT(evenings.size(), 8U);
+  EXPECT_THAT(ReadMischiefKinds("all"), Optional(SizeIs(std::size(cases))));
   EXPECT_EQ(Heard({}).sends, kSession) << "without a kind everything passes as it is";
 }
 
