@@ -165,7 +165,10 @@ TEST_F(IniFileTest, DeploymentValuesReplaceTheBuiltInOnes) {
 
 TEST_F(IniFileTest, WhatIsMalformedIsNamedWithFileKeyAndValue) {
   const QByteArray long_line(121, 'x');
-  std::vector<std::pair<QByteArray, std::string>> cases = {
+  const std::pair<QByteArray, std::string> cases[] = {
+      {"ServerAddress=", " ServerAddress the value \"\""},
+      {"ServerAddress=1.2.3", " ServerAddress the value \"1.2.3\""},
+      {"ServerAddress=::1", " ServerAddress the value \"::1\""},
       {"HomepageAddress=http:///", " HomepageAddress the value \"http:///\""},
       {"RightsLine=" + long_line, " RightsLine the value \"xxx"},
       {"MakerName=" + long_line, " MakerName the value \"xxx"},
@@ -173,10 +176,6 @@ TEST_F(IniFileTest, WhatIsMalformedIsNamedWithFileKeyAndValue) {
       {"Years=20\x01", "not an entry"},
       {QByteArray(65537, '\n'), "65536"},
       {"ServerAddress=" + QByteArray(5000, '9'), "999\x85\""}};
-  for (const char* address : {"", "1.2.3", "256.0.0.1", "127.0.0.1 x", "::1"}) {
-    cases.emplace_back(QByteArray("ServerAddress=") + address,
-                       std::string(" ServerAddress the value \"") + address + "\"");
-  }
   for (const auto& [line, named] : cases) {
     Write("[Deployment]\n" + line + "\n");
     EXPECT_THAT(Deployment(), AllOf(HasSubstr(path.toStdString()), HasSubstr(named)));

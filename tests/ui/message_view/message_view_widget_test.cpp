@@ -36,7 +36,6 @@ struct MessageViewWidgetTest : testing::Test {
   /// Lets the frame come that shows what changed.
   void Frame() const {
     const auto* const pending = widget.findChild<QTimer*>(QStringLiteral("frame"));
-    ASSERT_NE(pending, nullptr);
     ASSERT_TRUE(QTest::qWaitFor([pending] { return !pending->isActive(); }));
   }
 
@@ -179,7 +178,6 @@ TEST_F(MessageViewWidgetTest, CopyGivesPlainTextAndTheMenuKnowsWhetherItCan) {
   for (const bool can_copy : {false, true}) {
     Key(Qt::Key_F10, kShift);
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    ASSERT_NE(menu, nullptr);
     EXPECT_EQ(menu->actions()[0]->isEnabled(), can_copy);
     menu->actions()[can_copy ? 0 : 1]->trigger();  // Copy, Select All
     menu->close();

@@ -36,6 +36,7 @@ class FrmLoginTest : public MainWindowTest {
 
 TEST_F(FrmLoginTest, ATypedNameTakesOverItsSavedFormAndKeepsTheCaret) {
   Open("frmLogin");
+  EXPECT_TRUE(Names().hasFocus());
   Type(Names(), "lngname");
   QTest::keyClick(&Names(), Qt::Key_Home);
   QTest::keyClick(&Names(), Qt::Key_Right);
@@ -61,7 +62,6 @@ TEST_F(FrmLoginTest, OnlyTheListsKeysChooseASavedUser) {
   Names().setFocus();
   QTest::keyClick(&Names(), Qt::Key_Down);
   ExpectForm("Korvanta Beta Server|Anna|pass|on");
-  Type(Names(), "longname");
   Type(Names(), "longname");
   Password().setText(QStringLiteral("typed"));  // as an assistive program does
   TurnWheelUpAndDown(Names());

