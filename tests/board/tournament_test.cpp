@@ -14,12 +14,6 @@ using testing::IsEmpty;
 struct TournamentTest : testing::Test, fakes::LoggedInPlayer {
   const TournamentState& state() const { return tournament.state(); }
 
-  /// Opens the window anew; forgets what loading it sent.
-  void Open() {
-    tournament.window().Unload();
-    tournament.ShowTournamentWindow();
-    Sent();
-  }
   Tournament tournament{connection, values, message_box};
 };
 
@@ -97,7 +91,6 @@ TEST_F(TournamentTest, ListsSkipEmptyRecords) {
 }
 
 TEST_F(TournamentTest, CreateJoinWantsANameAndAPassword) {
-  Open();
   const struct {
     const char *name, *password, *box, *sent, *password_after;
   } cases[] = {{"   ", "  ", "Korvanta: Please Enter a Team Name or Choose one!", "", "  "},
@@ -126,7 +119,8 @@ TEST_F(TournamentTest, KickingAndDisbandingNeedASelectionAndAYes) {
                {3, {nobody}, ""},
                {2, {nobody, disband}, "[tdb];"},
                {1, {kick, disband}, "[tkp]Ann;[tdb];"}};
-  Open();
+  tournament.ShowTournamentWindow();
+  Sent();
   // A list that arrives while the question stands does not change whom it is about.
   message_box.meanwhile = [this] { tournament.ShowTeamList("Bob\002Bob\002Bob"); };
   for (const auto& [selected, boxes, sent] : cases) {
@@ -146,7 +140,6 @@ TEST_F(TournamentTest, KickingAndDisbandingNeedASelectionAndAYes) {
 }
 
 TEST_F(TournamentTest, AdministratorsSendWhatTheyTypedAsLongAsTheSocketIsConnected) {
-  Open();
   tournament.Typed(&TournamentTexts::EntryFee, " 50");
   tournament.Typed(&TournamentTexts::MaxTeams, "four");
   tournament.Typed(&TournamentTexts::MaxPlayers, "3");

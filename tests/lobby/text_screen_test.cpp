@@ -95,7 +95,6 @@ using Unit = CaretMover::Unit;
 /// A view on a screen of four rows of ten bytes, each one wide.
 struct TextScreen : testing::Test {
   TextScreen() {
-    advances.fill(1);
     SetWidth(10);
     view.on_changed = [this](const MessageView::Change& change) { position.TextChanged(change); };
   }
@@ -118,7 +117,7 @@ struct TextScreen : testing::Test {
 
   Options options;
   MessageView view{options, 64};
-  Advances advances;
+  Advances advances = TestAdvances();
   TextRows rows{view.text(), advances};
   ScrollPosition position{view, rows};
 };

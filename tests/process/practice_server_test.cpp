@@ -30,33 +30,25 @@ bool IsServerThere() {
 }
 
 /// The launcher between the real server and a client that stays or ends with status 7.
-struct PracticeLauncher : testing::Test {
-  void SetUp() override {
-    if (QFile::exists("/etc/korvanta/deployment.ini") || IsServerThere()) {
-      GTEST_SKIP() << "the game is installed on this machine, or a server is running";
-    }
-    QFile client(folder_.filePath("korvanta"));
-    ASSERT_TRUE(client.open(QIODevice::WriteOnly));
-    client.write(
-        "#!/bin/bash\nexec 4<>/dev/tcp/127.0.0.1/7678 || exit 1\necho connected\n"
-        "[ -z \"$STAYS\" ] || exec sleep 60\nexit 7\n");
-    client.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
-    QFile::link(PracticeServerProgram(), folder_.filePath("korvanta-practice-server"));
+TEST(PracticeLauncher, EndsTheServerWithTheClientAndBothWhenItIsEnded) {
+  if (QFile::exists("/etc/korvanta/deployment.ini") || IsServerThere()) {
+    GTEST_SKIP() << "the game is installed on this machine, or a server is running";
   }
+  const QTemporaryDir folder;
+  QFile client(folder.filePath("korvanta"));
+  ASSERT_TRUE(client.open(QIODevice::WriteOnly));
+  client.write(
+      "#!/bin/bash\nexec 4<>/dev/tcp/127.0.0.1/7678 || exit 1\necho connected\n"
+      "[ -z \"$STAYS\" ] || exec sleep 60\nexit 7\n");
+  client.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+  client.close();
+  QFile::link(PracticeServerProgram(), folder.filePath("korvanta-practice-server"));
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert("PATH", folder.path() + QDir::listSeparator() + environment.value("PATH"));
 
-  QProcessEnvironment Environment(const QString& stays) const {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("PATH", folder_.path() + QDir::listSeparator() + environment.value("PATH"));
-    environment.insert("STAYS", stays);
-    return environment;
-  }
-
-  QTemporaryDir folder_;
-};
-
-TEST_F(PracticeLauncher, EndsTheServerWithTheClientAndBothWhenItIsEnded) {
   for (const bool stays : {false, true}) {
-    Program launcher(KORVANTA_PRACTICE_LAUNCHER, {}, Environment(stays ? "yes" : ""));
+    environment.insert("STAYS", stays ? "yes" : "");
+    Program launcher(KORVANTA_PRACTICE_LAUNCHER, {}, environment);
     WaitUntil("the client is connected", [&] { return launcher.Output().contains("connected"); });
     if (stays) {
       ::kill(static_cast<pid_t>(launcher.pid()), SIGTERM);
