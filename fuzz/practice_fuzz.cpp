@@ -23,7 +23,7 @@ void CheckField(FieldRole role, std::string_view field) {
       ToInt16(ReadNumber(field));
       break;
     case FieldRole::Number:
-      ReadNumber(field.substr(0, field.find(',')));  // a remark may stand behind it
+      ReadNumber(field);
       break;
     case FieldRole::Numbers:
       for (std::string_view number : Split(field, kRecordSeparator)) {
