@@ -62,7 +62,7 @@ TEST_F(ArenaTest, MovesAreAnsweredToTheirPlayerAlone) {
   ExpectRefusals(
       {{anna, "[jon]", "You are in the game already."},
        {anna, "[upg]1|1|", "You have reached Military level 1 already."},
-       {anna, "[upg]1|4|", "Levels are researched one by one: next is Military level 2."},
+       {anna, "[upg]1|3|", "Levels are researched one by one: next is Military level 2."},
        {anna, "[upg]1|2|", "level 2 costs 8 points and you have 2. You get 3 with each tick."},
        {anna, "[upg]2|5|", "There is no such topic or level."},
        {anna, "[upg]5|5|", "The Golden Knowledge needs two topics at level 4 first."},
@@ -192,8 +192,8 @@ TEST_F(ArenaTest, ATournamentGameIsForTeamsAndItsPurseForTheWinners) {
   Send(anna, "[tjo]Cats|pass|");
   Send(bobby, "[tjo]Foxes|pass|");
   Send(anna, "[tcr]50|2|3|");
-  EXPECT_THAT(Answers(LogIn("David"), "[tjo]Foxes|pass|"),
-              Contains(HasSubstr("entry fee is 50 points of Total Score, and you have 0")));
+  ExpectRefusals(
+      {{LogIn("David"), "[tjo]Foxes|pass|", "50 points of Total Score, and you have 0"}});
   EXPECT_THAT(Answers(anna, "[tst]"), ElementsAre(HasSubstr("The next game will be the tournament"),
                                                   HasSubstr("is played to its end first")));
   Send(carol, "[jon]");

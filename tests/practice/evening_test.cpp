@@ -113,7 +113,7 @@ TEST_F(CompanyTest, APersonFindsAGameTalkAndAnswers) {
 TEST_F(CompanyTest, SimulatedPlayersFillTheTeamsOfATournament) {
   Send(anna, "[tcr]0|8|16|");
   HeardWithin(120s);
-  Send(anna, "[tjo]Mine|pass|");
+  EXPECT_THAT(Answers(anna, "[tif]"), Contains("[tif]0|0|3|6"));
   EXPECT_THAT(Answers(anna, "[tst]"), Contains(HasSubstr("will be the tournament game")));
   EXPECT_THAT(HeardWithin(900s), Contains(HasSubstr("Tournament game")));
 }

@@ -37,6 +37,8 @@ TEST_F(TeamsTest, OnlyAnAdministratorManagesThemWithinTheirTerms) {
   EXPECT_THAT(Heard(bobby), Contains(HasSubstr("Foxes - Anna: the tournament is over; your team")));
   Send(carol, "[tjo]Cats|pass|");
   ExpectRefusals({{anna, "[tcr]0|2|2|", "more teams, or players"}});
+  Send(anna, "[tcr]0|2|3|");
+  EXPECT_THAT(Answers(anna, "[tst]"), Contains(HasSubstr("will be the tournament game")));
 }
 
 TEST_F(TeamsTest, TeamsAreMadeJoinedAndTalkAmongThemselves) {
