@@ -166,10 +166,13 @@ TEST_F(AllWindowsTest, CaptionsAreReadAloud) {
       EXPECT_EQ(found->accessibleName(), parts[1]);
     }
   }
+  Receive("[bre]Ann\0011\0012\0013\0014\0015\0016\0017\0018\0019\00110\00111\00111\00224");
   for (const StatisticsField& field : kStatisticsFields) {
-    EXPECT_TRUE(Get<QLineEdit>(field.control.data()).isReadOnly());
+    const auto& box = Get<QLineEdit>(field.control.data());
+    EXPECT_TRUE(box.isReadOnly());
+    EXPECT_EQ(box.text(), QString::number(field.reply_field));
+    EXPECT_EQ(box.cursorPosition(), 0);
   }
-  Receive("[bre]Ann\0017\0017\0017\0017\0017\0017\0017\0017\0017\0017\0017\00111\00224");
   EXPECT_EQ(Get<QTreeView>("lstAwards").model()->rowCount(), 2);
   const QAbstractItemModel& players = *Get<QTreeView>("lstOnline").model();
   EXPECT_EQ(players.headerData(0, Qt::Horizontal), QStringLiteral("Name"));
@@ -228,10 +231,11 @@ TEST_F(AllWindowsTest, SideWindowsComeForwardWhenShownAgainAndCloseByEscOrTheirF
     SCOPED_TRACE(name);
     QWidget* const dialog = &Get(name);
     EXPECT_EQ(dialog->windowHandle()->transientParent(), window.windowHandle());
-    EXPECT_FALSE(dialog->isModal());
     window.activateWindow();
     EXPECT_TRUE(ComesForward(window));
-    EXPECT_EQ(&Open(name), dialog);
+    life->Show();
+    EXPECT_TRUE(ComesForward(*dialog));
+    EXPECT_EQ(&Get(name), dialog);
     QTest::keyClick(dialog, Qt::Key_Escape);
     EXPECT_FALSE(IsOpen(name));
     window.hide();

@@ -9,7 +9,6 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QWindow>
-#include <gmock/gmock.h>
 
 #include "tests/ui/main_window_test.h"
 #include "ui/board/board_layout.h"
@@ -20,7 +19,6 @@ namespace korvanta {
 namespace {
 
 using std::chrono_literals::operator""ms;
-using testing::ElementsAre;
 
 struct frmMainTest : MainWindowTest {
   QComboBox& box = Get<QComboBox>("cboSend");
@@ -34,8 +32,6 @@ TEST_F(frmMainTest, TitleAndMenusFollowTheConnectionAndTheOptions) {
   LogIn();
   EXPECT_EQ(window.windowTitle(), QStringLiteral("Korvanta - v1.6 - Connected"));
   EXPECT_EQ(Get<QAction>("mnuDisCon").text(), QStringLiteral("&Disconnect"));
-  QTest::keyClick(&window, Qt::Key_F1);
-  EXPECT_THAT(TakeSent(), ElementsAre(Message("[dis]")));
 }
 
 TEST_F(frmMainTest, TheChatLineIsSentUpToItsLimitWhichShowsInTime) {
@@ -115,6 +111,7 @@ TEST_F(frmMainTest, SmallerThanItsContentOnASmallScreenAloneWhereTheFocusScrolls
     const QRect seen = &control == &board ? board_layout::BoxRect(0) : control.rect();
     EXPECT_EQ(control.visibleRegion().intersected(seen), QRegion(seen)) << name;
   }
+  area.horizontalScrollBar()->setValue(0);
   for (int i = 0; i < kTopLevel; ++i) {
     QTest::keyClick(&board, Qt::Key_Right);
   }
