@@ -184,8 +184,8 @@ TEST_F(AllWindowsTest, TabGoesInTheOrderThatPlayersKnow) {
   for (const char* order :
        {"ResearchBoard rbMessages txtFind btnOlder btnNewer btnCloseFind cboSend btnSend lstOnline",
         "cboServer cboUsernames txtPassword btnLogin chkSave btnClear btnCancel", "rbNews btnClose",
-        "UserInput btnLoad rbScore txtAlliance txtID txtWins txtAllianceWins txtPlayed txtResearch "
-        "txtLost txtDestroy txtBlocks txtScrew lstAwards",
+        ("UserInput btnLoad rbScore txtAlliance txtID txtWins txtAllianceWins txtPlayed "
+         "txtResearch txtLost txtDestroy txtBlocks txtScrew lstAwards"),
         "TStrip iEntryFee txtPurse iMaxTeams iMaxPlayers cmbTeam txtPassword Command4"}) {
     const QStringList names = QString::fromLatin1(order).split(u' ');
     QWidget& first = Get(names[0].toStdString());
