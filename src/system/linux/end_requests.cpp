@@ -11,7 +11,7 @@
 namespace korvanta {
 namespace {
 
-/// The signal handler writes one byte into the first; the event loop watches the second. Global,
+/// The signal handler writes into the first; the event loop watches the second. Global,
 /// since a signal handler has no other context.
 std::array<int, 2> sockets;
 
@@ -29,11 +29,11 @@ void OnEndRequest(QObject& context, std::function<void()> end) {
     return;
   }
   auto* const signalled = new QSocketNotifier(sockets[1], QSocketNotifier::Read, &context);
-  QObject::connect(signalled, &QSocketNotifier::activated, &context, [end = std::move(end)] {
-    char byte = 0;
-    [[maybe_unused]] const auto taken = ::read(sockets[1], &byte, 1);
-    end();
-  });
+  QObject::connect(signalled, &QSocketNotifier::activated, &context,
+                   [signalled, end = std::move(end)] {
+                     signalled->setEnabled(false);
+                     end();
+                   });
   struct sigaction action = {};
   action.sa_handler = WakeEventLoop;
   action.sa_flags = SA_RESTART | SA_RESETHAND;
