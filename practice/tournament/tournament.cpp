@@ -131,7 +131,7 @@ void Tournament::Join(const Player& player, std::string_view team_name, std::str
                                                                   : Refusal::None;
   if (players_.Refuse(player, refusal, terms_.entry_fee, score,
                       current == nullptr ? "" : current->name)) {
-    SendInfo(player, refusal == Refusal::WrongTeamPassword ? ", wrong password" : ", not joined");
+    SendInfo(player, refusal == Refusal::WrongTeamPassword ? "; wrong password" : "; join refused");
     return;
   }
   if (is_new) {

@@ -47,7 +47,7 @@ TEST_F(TeamsTest, TeamsAreMadeJoinedAndTalkAmongThemselves) {
               ElementsAre(HasSubstr("You lead the new team"), "[tif]0|0|1|1", "[tdd]Foxes",
                           "[ttm]Team Foxes, led by Bobby&    Bobby"));
   EXPECT_THAT(Answers(carol, "[tjo]foxes|wrong|"),
-              ElementsAre(HasSubstr("password is a different one"), "[tif]0|0|1|1, wrong password",
+              ElementsAre(HasSubstr("password is a different one"), "[tif]0|0|1|1; wrong password",
                           "[tdd]Foxes"));
   ExpectRefusals({{carol, "[tjo]a:b|pass|", "no colon"},
                   {carol, "[tjo]a name that is too long|pass|", "1 to 20"},
