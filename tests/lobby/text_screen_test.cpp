@@ -187,9 +187,9 @@ TEST_F(ScrollPositionTest, ScrollLockHoldsWhatIsSeenAndCountsWhatIsNot) {
       {"a long one", [&] { Write("one long line in rows"); }, "line 18", 1},
       {"all of it", [&] { position.ShowUnseen(); }, "line 27"},
       {"none left", [&] { position.ScrollTo(0), position.ShowUnseen(); }, "line 0"},
-      {"unseen once more", [&] { write_at(view.size()); }, "line 0", 2},
+      {"unseen in the middle", [&] { write_at(64); }, "line 0", 2},
       {"unlocked", [&] { Lock(false); }, "line 0", 2},
-      {"the next line", [&] { WriteLines(1); }, "rows"},
+      {"the next line", [&] { WriteLines(1); }, "one long "},
       {"locked and emptied", [&] { Lock(true), view.Clear(), WriteLines(9); }, "line 31", 5},
       {"emptied for good", [&] { view.Clear(), position.Settle(); }, ""},
   });

@@ -194,22 +194,25 @@ TEST_F(ArenaTest, ATournamentGameIsForTeamsAndItsPurseForTheWinners) {
   Send(anna, "[tcr]50|2|3|");
   ExpectRefusals(
       {{LogIn("David"), "[tjo]Foxes|pass|", "50 points of Total Score, and you have 0"}});
+  Begin();
   EXPECT_THAT(Answers(anna, "[tst]"), ElementsAre(HasSubstr("The next game will be the tournament"),
                                                   HasSubstr("is played to its end first")));
-  Send(carol, "[jon]");
-  Begin();
+  EXPECT_THAT(Answers(carol, "[jon]"), ElementsAre(HasSubstr("one is being played now")));
+  NearlyWin(anna);
+  Win(anna);
+  Pass(20s + 15s);  // members of teams need not ask again
   ExpectRefusals({{carol, "[att]Anna", "Anna is on your team."},
                   {carol, "[aly]Bobby", "In a tournament game your team is your alliance."}});
   NearlyWin(carol);
   Win(carol);
-  EXPECT_THAT(journal, Contains("Tournament game 4 begins: Anna, Bobby and Carol"));
-  EXPECT_THAT(Heard(bobby), Contains(HasSubstr("Anna and Carol win game 4 after")));
+  EXPECT_THAT(journal, Contains("Tournament game 5 begins: Anna, Bobby and Carol"));
+  EXPECT_THAT(Heard(bobby), Contains(HasSubstr("Anna and Carol win game 5 after")));
   Pass(20s);
   EXPECT_THAT(Heard(bobby), Contains("[clt]"));
-  // Twice 550 as for any win, less 50, and half the purse of 150; 200 for an ally's win.
+  // 550 for each win, less 50, and half the purse of 150; 200 for an ally's win.
   EXPECT_THAT(Answers(anna, "[bre]Carol"),
               ElementsAre(AllOf(StartsWith("[bre]Carol|None|3|2|"), HasSubstr("|1125|"))));
-  EXPECT_THAT(Answers(bobby, "[bre]Anna"), ElementsAre(HasSubstr("|775|")));
+  EXPECT_THAT(Answers(bobby, "[bre]Anna"), ElementsAre(HasSubstr("|1325|")));
 }
 
 }  // namespace

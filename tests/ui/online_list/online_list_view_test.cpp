@@ -94,6 +94,7 @@ TEST_F(OnlineListViewTest, TheFirstArrowKeySelectsTheFirstEntryOnAGroundThatLeav
   const QImage plain = view.viewport()->grab(row).toImage();
   const QModelIndex bob = view.indexAt(row.center());
   EXPECT_EQ(bob.data(Qt::AccessibleTextRole), QStringLiteral("bob, marked"));
+  EXPECT_TRUE(bob.data(Qt::ToolTipRole).toString().contains(u"Right click"));
   EXPECT_EQ(bob.data(Qt::ForegroundRole).value<QColor>(), QColor(0, 192, 0));
   const QPoint mark(4 + OnlineListModel::kMarkSize / 2, row.height() / 2);
   EXPECT_EQ(selected.pixelColor(mark), plain.pixelColor(mark));

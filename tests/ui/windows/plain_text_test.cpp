@@ -6,6 +6,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QRegularExpression>
+#include <QStringDecoder>
 #include <QTemporaryDir>
 #include <QTextDocumentFragment>
 #include <QToolTip>
@@ -103,7 +104,7 @@ TEST(PlainText, BytesShowTheCharactersOfTheirCodePageAndComeBackUnchanged) {
     all += static_cast<char>(byte);
   }
   EXPECT_EQ(ToBytes(ToQString(all)), all);
-  EXPECT_EQ(ToQString("caf\xe9 \x80\x99"), QStringLiteral(u"caf\u00e9 \u20ac\u2122"));
+  EXPECT_EQ(ToQString(all), QString(QStringDecoder("windows-1252")(all)));
   // One '?' for each character outside the set.
   EXPECT_EQ(ToBytes(QStringLiteral(u"a\u03a9b\U0001F600c\u202ed")), "a?b?c?d");
 }
