@@ -5,11 +5,13 @@
 #include <QFile>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <chrono>
 #include <csignal>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <set>
 #include <sys/resource.h>
+#include <thread>
 #include <vector>
 
 #include "harness/program.h"
@@ -126,10 +128,16 @@ TEST(PracticeServerLoad, OneWhoDoesNotReadIsCutOffWhenTooMuchWaits) {
     const PracticeServer server(options);
     const ScriptedClient deaf(server);
     deaf.LogIn("Deafened");
-    WaitUntil("the one who does not read is cut off", [&] {
-      deaf.Send("[ctc]away\0"sv);  // changes the online list
-      return deaf.HasEnded();
-    });
+    const auto between_two_lists = [] {
+      std::this_thread::sleep_for(std::chrono::milliseconds(110));
+    };
+    WaitUntil(
+        "the one who does not read is cut off",
+        [&] {
+          deaf.Send("[ctc]away\0"sv);  // changes the online list, and the next time back again
+          return deaf.HasEnded();
+        },
+        kPatience, between_two_lists);
     ScriptedClient next(server);
     next.LogIn("Deafened");
     next.WaitFor("[con]Deafened\001");
