@@ -81,8 +81,9 @@ void Load::Send(ConnectionId connection, std::string_view messages) {
 void Load::Tick(std::chrono::milliseconds now) {
   const std::chrono::duration<double> passed = now - last_tick_;
   last_tick_ = now;
-  // A server that was held up does not make up for more than a second.
-  lines_due_ += options_.lines_per_second * std::min(passed.count(), 1.0);
+  // A server that was held up does not make up for more than a quarter of a second: at the highest
+  // rate, all lines of a second are more than may wait for one player.
+  lines_due_ += options_.lines_per_second * std::min(passed.count(), 0.25);
   std::string lines;
   for (; lines_due_ >= 1; --lines_due_) {
     lines += ChatterLine(dice_);
