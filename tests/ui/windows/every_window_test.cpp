@@ -226,6 +226,10 @@ TEST_F(AllWindowsTest, EnterPressesTheFocusedButtonOrElseTheDefaultOne) {
 }
 
 TEST_F(AllWindowsTest, SideWindowsComeForwardWhenShownAgainAndCloseByEscOrTheirFrame) {
+  const std::map<std::string, const char*> first_controls{{"frmLogin", "cboUsernames"},
+                                                          {"frmNews", "rbNews"},
+                                                          {"frmStats", "UserInput"},
+                                                          {"frmTournament", "cmbTeam"}};
   window.move(window.pos() + QPoint(90, 70));
   for (const auto& [name, life] : side_windows) {
     SCOPED_TRACE(name);
@@ -247,6 +251,7 @@ TEST_F(AllWindowsTest, SideWindowsComeForwardWhenShownAgainAndCloseByEscOrTheirF
     EXPECT_FALSE(Get(name).isVisible()) << "its place is not known yet";
     window.show();
     const QWidget& anew = Open(name);
+    EXPECT_EQ(anew.focusWidget()->objectName(), QLatin1String(first_controls.at(name)));
     const QPoint off = anew.frameGeometry().center() - window.frameGeometry().center();
     EXPECT_LE(off.manhattanLength(), 8) << "not centred";
     if (name == "frmTournament") {

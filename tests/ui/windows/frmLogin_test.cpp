@@ -34,9 +34,17 @@ class FrmLoginTest : public MainWindowTest {
   }
 };
 
+TEST_F(FrmLoginTest, TheKeyboardIsWhereSomethingIsNeeded) {
+  for (const auto& [user, control] :
+       {std::pair{"", "cboUsernames"}, {"Bert", "txtPassword"}, {"Anna", "btnLogin"}}) {
+    client.saved_logins.LastUser = user;
+    EXPECT_EQ(Open("frmLogin").focusWidget()->objectName(), QLatin1String(control));
+    client.login_dialog.window().Unload();
+  }
+}
+
 TEST_F(FrmLoginTest, ATypedNameTakesOverItsSavedFormAndKeepsTheCaret) {
   Open("frmLogin");
-  EXPECT_TRUE(Names().hasFocus());
   Type(Names(), "lngname");
   QTest::keyClick(&Names(), Qt::Key_Home);
   QTest::keyClick(&Names(), Qt::Key_Right);
