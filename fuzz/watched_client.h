@@ -50,7 +50,7 @@ class WatchedClient {
     std::function<bool()> is_up_to_date;
   };
 
-  /// Has `read` drawn; the answer draws it anew.
+  /// Draws what `read` returns; calling the result draws it anew.
   template <typename Read>
   Redraw Draw(std::string_view name, Read read);
   /// Likewise what a side window shows, as long as it is shown.

@@ -5,7 +5,7 @@ namespace {
 
 constexpr const char* kTitle = "Korvanta - v1.6 - ";
 
-// In parts of the main window's width and height.
+// In fractions of the main window's width and height.
 constexpr QPointF kMessageView{0.35, 0.75};
 constexpr QPointF kChatInput{0.20, 0.955};
 

@@ -1,10 +1,10 @@
-/// Plays a short session against the practice server on a virtual display, tells what it sees and
+/// Plays a short session against the practice server on a virtual display, reports what it sees and
 /// photographs each window. The exit status is zero only when all went as it should.
 ///
 /// korvanta-scripted-session [OPTIONS] FOLDER [COMMAND...]: where the pictures go. A command takes
 /// the place of the built programs; it starts both. The options:
-///   --game           plays a game with simulated players, until there is something to be seen on
-///                    every window, and on until the board is cleared for the next game
+///   --game           plays a game with simulated players until every window has something to show,
+///                    and on until the board is cleared for the next game
 ///   --saved          logs in with what an earlier session has saved
 ///   --end COMMAND    has the shell end the program, in place of the menu
 #include <QCommandLineParser>
@@ -25,7 +25,7 @@ void Report(const QString& what) { std::cout << what.toStdString() << std::endl;
 
 constexpr const char* kName = "Rowan";
 
-/// In parts of the main window's width and height.
+/// In fractions of the main window's width and height.
 constexpr QRectF kBoxes{0.14, 0.09, 0.46, 0.46};
 
 struct Options {
@@ -175,7 +175,7 @@ int Session::LevelsReached() {
 void Session::WaitForNextGame(const QByteArray& empty_board) {
   QString said = player_.WaitForMessage({});
   if (BoxesOfBoard() == empty_board) {
-    throw HarnessError("nothing is to be seen on the board");
+    throw HarnessError("no box of the board is lit");
   }
   const auto known = said.size();
   WaitUntil(

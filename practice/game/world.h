@@ -1,4 +1,4 @@
-/// What one run of the server consists of, its connections and its simulated players left out.
+/// Everything that one run of the server consists of, except its connections and simulated players.
 #pragma once
 
 #include <chrono>

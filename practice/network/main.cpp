@@ -125,7 +125,7 @@ void Print(const QString& line) {
 
 /// Chooses and prints one, so that the run can be repeated.
 std::uint64_t RandomSeed(const QString& line) {
-  const std::uint64_t seed = std::random_device{}();  // of 32 bits, which are quickly typed again
+  const std::uint64_t seed = std::random_device{}();  // of 32 bits, to be quick to type
   Print(line.arg(seed));
   return seed;
 }

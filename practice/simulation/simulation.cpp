@@ -94,7 +94,7 @@ void Simulation::FormTeam() {
   for (std::size_t number = 0; number < kMostSimulatedTeams; ++number) {
     const std::string name = SimulatedTeamName(number);
     const auto team = std::ranges::find(teams, name, &Team::name);
-    if (team == teams.end() || team->members.size() < kTeamSize) {  // who is in a team is refused
+    if (team == teams.end() || team->members.size() < kTeamSize) {  // members of a team are refused
       lobby_.Handle(player, {ClientMessage::JoinTeam, {name, kTeamPassword}});
     }
   }

@@ -53,7 +53,7 @@ struct ProgramTest : testing::Test {
   std::unique_ptr<Player> player_;
 };
 
-/// In parts of the main window's width and height.
+/// In fractions of the main window's width and height.
 constexpr QPointF kFirstPlayer{0.76, 0.652};
 
 TEST_F(ProgramTest, LogsInChatsPlaysAndLeavesWithEveryWindow) {

@@ -11,8 +11,8 @@
 namespace korvanta {
 namespace {
 
-/// The signal handler writes into the first; the event loop watches the second. Global,
-/// since a signal handler has no other context.
+/// The signal handler writes into the first; the event loop watches the second. Global, since a
+/// signal handler has no other context.
 std::array<int, 2> sockets;
 
 extern "C" void WakeEventLoop(int /*signal*/) {
