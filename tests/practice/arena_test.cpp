@@ -54,35 +54,6 @@ TEST_F(ArenaTest, AGameBeginsWhenTwoHaveGathered) {
   EXPECT_THAT(Heard(anna), ElementsAre("[cap]Game 1, tick 1", "[tim]15", "[sou]2", "[poi]9"));
 }
 
-TEST_F(ArenaTest, MovesAreAnsweredToTheirPlayerAlone) {
-  EXPECT_THAT(Answers(anna, "[upg]1|1|"), ElementsAre(HasSubstr("No game is being played")));
-  Begin();
-  EXPECT_THAT(Answers(LogIn("Carol"), "[att]Anna"), ElementsAre(HasSubstr("You are not in the")));
-  EXPECT_THAT(Answers(anna, "[upg]1|1|"), ElementsAre("[upg]1|1", "[poi]2", "[sou]5"));
-  ExpectRefusals(
-      {{anna, "[jon]", "You are in the game already."},
-       {anna, "[upg]1|1|", "You have reached Military level 1 already."},
-       {anna, "[upg]1|3|", "Levels are researched one by one: next is Military level 2."},
-       {anna, "[upg]1|2|", "level 2 costs 8 points and you have 2. You get 3 with each tick."},
-       {anna, "[upg]2|5|", "There is no such topic or level."},
-       {anna, "[upg]5|5|", "The Golden Knowledge needs two topics at level 4 first."},
-       {anna, "[inf]7", "There is no such topic."},
-       {anna, "[att]Anna", "That is you."},
-       {anna, "[att]Nobody", "That player is not online."},
-       {anna, "[att]Carol", "Carol is not in the game."},
-       {anna, "[att]Bobby", "Bobby has researched nothing that you could destroy."},
-       {anna, "[ctc]/break", "You have no ally."},
-       {anna, "[ctc]/start", "A game is being played."}});
-  EXPECT_THAT(Answers(anna, "[inf]1"),
-              ElementsAre("[msg]blk|Military: Level 1 lets you attack, and each level makes your "
-                          "attacks harder to block. Level 2 costs 8 points. You have 2 points and "
-                          "get 3 with each tick.|False"));
-  EXPECT_THAT(Answers(anna, "[ctc]/game"),
-              ElementsAre(_, HasSubstr("  Anna: Military 1, Industry 0, Population 0, Defense 0"),
-                          HasSubstr("  Bobby: "), HasSubstr("You have 2 points")));
-  EXPECT_THAT(Heard(bobby), ElementsAre(HasSubstr("Carol logged in")));
-}
-
 TEST_F(ArenaTest, AttacksAndAlliancesReachBothSidesAndTheOneHitIsAlerted) {
   const auto carol = LogIn("Carol");
   Send(carol, "[jon]");

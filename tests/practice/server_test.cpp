@@ -4,21 +4,6 @@
 namespace korvanta::practice {
 namespace {
 
-TEST_F(PracticeServerTest, FirstLoginMakesAnAdministratorAndTellsANewcomerWhatToDo) {
-  const auto anna = Connect();
-  Send(anna, "[con]1.6|Anna|secret");
-  EXPECT_THAT(
-      Heard(anna),
-      ElementsAre("[con]Anna|90", StartsWith("[msg]ann|Korvanta: Welcome, Anna!"),
-                  HasSubstr("Ctrl+K"), StartsWith("[msg]adm|Server: You are the admin"), "[upg]1|0",
-                  "[upg]2|0", "[upg]3|0", "[upg]4|0", "[poi]0", "[tim]0", "[onl]Anna|1|1|0"));
-
-  const auto bobby = Connect();
-  Send(bobby, "[con]|bobby|x");
-  EXPECT_THAT(Heard(bobby), Contains("[con]bobby|1"));
-  EXPECT_THAT(journal, ElementsAre("Anna logged in", "bobby logged in"));
-}
-
 TEST_F(PracticeServerTest, RefusedLoginsAreToldWhyAndEnd) {
   LogIn("Anna");
   Send(LogIn("Gone"), "[dis]");
