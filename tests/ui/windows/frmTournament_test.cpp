@@ -67,6 +67,9 @@ TEST_F(FrmTournamentTest, NewTeamNamesLeaveWhatIsTypedAlone) {
     EXPECT_EQ(box.selectedText(), QLatin1String(c.selected));
     EXPECT_EQ(box.cursorPosition(), c.caret);
   }
+  Receive("[tdd]Teams\001Owls\001Team\001Foxes");
+  ASSERT_EQ(Names().count(), 4);
+  EXPECT_EQ(Names().itemText(0) + Names().itemText(1), QStringLiteral("TeamsOwls"));
 }
 
 TEST_F(FrmTournamentTest, EveryButtonSendsItsRequest) {
