@@ -80,6 +80,23 @@ TEST_F(MessageViewTest, WordsAreFoundInsideLines) {
   EXPECT_THAT(walk(PreviousWord, 26, 0), ElementsAre(24, 23, 21, 19, 18, 14, 7, 5, 0));
 }
 
+TEST_F(MessageViewTest, WordsAreOfLettersDigitsUnderscoresAndApostrophes) {
+  const struct {
+    std::string bytes;
+    std::size_t word_end, next_word;  // in "x", the byte, "/"
+  } cases[] = {{"09AZaz_'\x83\x8A\x8C\x8E\x92\x9A\x9C\x9E\x9F\xC0\xD6\xD8\xF6\xF8\xFF", 2, 2},
+               {"/:@[`{\x82\x84\x91\x93\xBF\xD7\xF7", 1, 1},
+               {" \t\xA0", 1, 2}};
+  for (const auto& [bytes, word_end, next_word] : cases) {
+    for (const char byte : bytes) {
+      ColouredText text;
+      text.Insert(0, std::string{'x', byte, '/'}, ColourRole::Black);
+      EXPECT_EQ(WordAt(text, 0), (TextRange{0, word_end})) << byte;
+      EXPECT_EQ(NextWord(text, 0), next_word) << byte;
+    }
+  }
+}
+
 using Direction = MessageSearch::Direction;
 using Outcome = MessageSearch::Outcome;
 
