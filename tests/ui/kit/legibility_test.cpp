@@ -1,5 +1,7 @@
-#include <QDir>
+#include <QApplication>
+#include <QDirIterator>
 #include <QImage>
+#include <QRegularExpression>
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -21,7 +23,8 @@ TEST(Legibility, EveryColourStandsOutFromEachOfItsGrounds) {
       {kInkMuted, {kPaper, kPaperHeader}, 4.5},
       {kWarning, {kPaper}, 4.5},
       {kGold, {kChrome, kChromeRaised, Qt::black}, 3},
-      {kHandle, {kPaperHeader, kChrome}, 3}};
+      {kHandle, {kPaperHeader, kChrome}, 3},
+      {qApp->palette().color(QPalette::WindowText), {qApp->palette().window().color()}, 4.5}};
   for (const auto& [colour, grounds, least] : cases) {
     for (const QColor& ground : grounds) {
       EXPECT_GE(Contrast(colour, ground), least) << colour.name().toStdString();
@@ -45,6 +48,23 @@ TEST(Legibility, EveryPictureStandsOutFromItsGroundFromSixteenPixelsUp) {
       }
       EXPECT_GT(legible, side * side / 100) << file.toStdString() << ' ' << side;
     }
+  }
+}
+
+TEST(Pictures, ThoseNamedInTheStyleSheetAndTheSourcesAreThere) {
+  QString text = qApp->styleSheet();
+  EXPECT_FALSE(text.contains(QRegularExpression(QStringLiteral("@|#[0-9a-f]{6}\\w")))) << "a name";
+  QDirIterator sources(QStringLiteral(KORVANTA_SOURCE_FOLDER "/src/ui"), QDir::Files,
+                       QDirIterator::Subdirectories);
+  while (sources.hasNext()) {
+    QFile file(sources.next());
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    text += QString::fromUtf8(file.readAll());
+  }
+  const QRegularExpression named(
+      QStringLiteral("(?:url\\(:/pictures/|Picture(?:File)?\\(QStringLiteral\\(.)(\\w+)"));
+  for (const auto& match : named.globalMatch(text)) {
+    EXPECT_GT(QFile(PictureFile(match.captured(1))).size(), 0) << match.captured().toStdString();
   }
 }
 

@@ -1,5 +1,8 @@
 #include "ui/online_list/online_list_view.h"
 
+#include <QHeaderView>
+#include <QLabel>
+#include <QMouseEvent>
 #include <gmock/gmock.h>
 
 #include "tests/ui/main_window_test.h"
@@ -50,6 +53,26 @@ TEST_F(OnlineListViewTest, TheOrderReceivedIsTheDefaultAndHeadersSort) {
       "elisabetH10\0011\0011\0010\002\xC9VA\0011\0011\0010\002ELISABETH\0011\0011\0010");
   EXPECT_THAT(Names(OnlineListModel::Name),
               ElementsAre("ELISABETH", "elisabetH10", "Elisabeth2", "\u00E9va", "\u00C9VA"));
+}
+
+TEST_F(OnlineListViewTest, ClicksOnAHeaderTurnTheOrderRoundAndDraggingMovesNoColumn) {
+  const QHeaderView& header = *view.header();
+  QWidget& area = *header.viewport();
+  const int y = area.height() / 2;
+  for (const char* first : {"Ann", "Cid", "bob"}) {
+    QTest::mouseClick(&area, Qt::LeftButton, {}, {20, y});
+    EXPECT_EQ(view.model()->index(0, 0).data(), QLatin1String(first));
+  }
+  const int edge = header.sectionPosition(OnlineListModel::Level);
+  for (const int from : {edge + 20, area.width() - 2}) {
+    const QPoint to(from - 60, y);
+    QMouseEvent move(QEvent::MouseMove, to, area.mapToGlobal(to), {}, Qt::LeftButton, {});
+    QTest::mousePress(&area, Qt::LeftButton, {}, {from, y});
+    QApplication::sendEvent(&area, &move);
+    QTest::mouseRelease(&area, Qt::LeftButton, {}, to);
+    EXPECT_EQ(area.findChild<QLabel*>(), nullptr) << "a column at the pointer";
+    EXPECT_EQ(header.sectionPosition(OnlineListModel::Level), edge);
+  }
 }
 
 TEST_F(OnlineListViewTest, ARightClickSelectsTheEntryAndAsksForTheMenuAsTheMenuKeyDoes) {

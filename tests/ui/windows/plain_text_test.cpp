@@ -1,5 +1,7 @@
 /// What is written into the boxes of the windows, and every place that shows what the server or a
 /// player wrote, against every kind of text that could be taken for something else than text.
+#include "ui/kit/plain_text.h"
+
 #include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
@@ -107,6 +109,15 @@ TEST(PlainText, BytesShowTheCharactersOfTheirCodePageAndComeBackUnchanged) {
   EXPECT_EQ(ToQString(all), QString(QStringDecoder("windows-1252")(all)));
   // One '?' for each character outside the set.
   EXPECT_EQ(ToBytes(QStringLiteral(u"a\u03a9b\U0001F600c\u202ed")), "a?b?c?d");
+}
+
+TEST(PlainText, AToolTipHasUpToTwentyLinesOfEightyCharacters) {
+  for (const auto& [length, cut] : {std::pair(1600, ""), std::pair(1601, "\n\u2026")}) {
+    const QString text(length, u'x');
+    const QString shown = QTextDocumentFragment::fromHtml(PlainToolTip(text)).toPlainText();
+    const QString line = QString(80, u'x') + u'\n';
+    EXPECT_EQ(shown, line.repeated(20).chopped(1) + QString::fromUtf8(cut)) << length;
+  }
 }
 
 /// Dictation, on-screen keyboards and switches write into boxes without a key being pressed.
