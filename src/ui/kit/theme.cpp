@@ -8,23 +8,12 @@
 namespace korvanta::theme {
 namespace {
 
+/// Only what the style sheet leaves to the palette.
 QPalette MakePalette() {
   QPalette palette;
   palette.setColor(QPalette::Window, kChrome);
   palette.setColor(QPalette::WindowText, kChromeText);
-  palette.setColor(QPalette::Base, kPaper);
-  palette.setColor(QPalette::AlternateBase, kPaper);
-  palette.setColor(QPalette::Text, kInk);
-  palette.setColor(QPalette::PlaceholderText, kInkMuted);
-  palette.setColor(QPalette::Button, kChromeRaised);
-  palette.setColor(QPalette::ButtonText, kChromeText);
-  palette.setColor(QPalette::Highlight, kSelection);
-  palette.setColor(QPalette::HighlightedText, kInk);
-  palette.setColor(QPalette::ToolTipBase, kChromeRaised);
-  palette.setColor(QPalette::ToolTipText, kChromeText);
   palette.setColor(QPalette::Disabled, QPalette::WindowText, kMutedText);
-  palette.setColor(QPalette::Disabled, QPalette::ButtonText, kMutedText);
-  palette.setColor(QPalette::Disabled, QPalette::Text, kInkMuted);
   return palette;
 }
 
