@@ -81,12 +81,11 @@ TEST_F(MessageViewTest, WordsAreFoundInsideLines) {
 }
 
 TEST_F(MessageViewTest, WordsAreOfLettersDigitsUnderscoresAndApostrophes) {
-  const struct {
-    std::string bytes;
-    std::size_t word_end, next_word;  // in "x", the byte, "/"
-  } cases[] = {{"09AZaz_'\x83\x8A\x8C\x8E\x92\x9A\x9C\x9E\x9F\xC0\xD6\xD8\xF6\xF8\xFF", 2, 2},
-               {"/:@[`{\x82\x84\x91\x93\xBF\xD7\xF7", 1, 1},
-               {" \t\xA0", 1, 2}};
+  // Where the word ends and the next begins in "x", the byte, "/".
+  const std::tuple<std::string, std::size_t, std::size_t> cases[] = {
+      {"09AZaz_'\x83\x8A\x8C\x8E\x92\x9A\x9C\x9E\x9F\xC0\xD6\xD8\xF6\xF8\xFF", 2, 2},
+      {"/:@[`{\x82\x84\x91\x93\xBF\xD7\xF7", 1, 1},
+      {" \t\xA0", 1, 2}};
   for (const auto& [bytes, word_end, next_word] : cases) {
     for (const char byte : bytes) {
       ColouredText text;
