@@ -171,7 +171,7 @@ TEST_F(IniFileTest, WhatIsMalformedIsNamedWithFileKeyAndValue) {
       {"HomepageAddress=http:///", " HomepageAddress the value \"http:///\""},
       {"RightsLine=" + long_line, " RightsLine the value \"xxx"},
       {"MakerName=" + long_line, " MakerName the value \"xxx"},
-      {"ServerAddress 127.0.0.1", "\"ServerAddress 127.0.0.1\""},
+      {"ServerAddress 127.0.0.1", "has the line \"ServerAddress 127.0.0.1\", which is not an"},
       {"Years=20\x01", "not an entry"},
       {QByteArray(65537, '\n'), "65536"},
       {"ServerAddress=" + QByteArray(5000, '9'), "999\x85\""}};

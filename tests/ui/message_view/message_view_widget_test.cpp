@@ -179,6 +179,13 @@ TEST_F(MessageViewWidgetTest, CopyGivesPlainTextAndTheMenuKnowsWhetherItCan) {
     Key(Qt::Key_F10, kShift);
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     EXPECT_EQ(menu->actions()[0]->isEnabled(), can_copy);
+    QStringList captions;
+    for (const QAction* action : menu->actions()) {
+      captions += action->text().remove(QLatin1Char('&'));
+    }
+    EXPECT_EQ(ToBytes(captions.join(QLatin1Char('/'))),
+              "Copy/Select All//Find/Find Older/Find Newer/Show New Lines/Larger Text/Smaller Text/"
+              "Normal Size");
     menu->actions()[can_copy ? 0 : 1]->trigger();  // Copy, Select All
     menu->close();
   }
