@@ -221,6 +221,11 @@ TEST_F(MessageViewWidgetTest, FindShowsTheMatchAndMovesNoCaret) {
   auto* const outcome = widget.findChild<QLabel*>(QStringLiteral("lblOutcome"));
   ASSERT_EQ(QApplication::focusWidget(), box);
   EXPECT_LT(port->height(), box->mapTo(&widget, QPoint(0, box->height())).y());
+  QString captions;
+  for (const auto* button : box->parentWidget()->findChildren<QToolButton*>()) {
+    captions += button->text() + QLatin1Char('/');
+  }
+  EXPECT_EQ(captions, QStringLiteral("Older/Newer/Close/"));
   const struct {
     const char* typed;
     Qt::Key key;
