@@ -14,6 +14,7 @@
 #include <QFile>
 #include <QRegularExpression>
 #include <iostream>
+#include <utility>
 
 #include "harness/player.h"
 #include "harness/practice_server.h"
@@ -38,12 +39,12 @@ struct Options {
 /// One player's session, from the splash to the end of the program.
 class Session {
  public:
-  Session(const User& user, Program& program, qint64 owner, const Options& options)
+  Session(const User& user, Program& program, qint64 owner, Options options)
       : user_(user),
         program_(program),
         owner_(owner),
         player_(user, program, owner),
-        options_(options) {}
+        options_(std::move(options)) {}
 
   void Visit();
   void PlayGame();
