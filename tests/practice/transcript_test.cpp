@@ -36,7 +36,9 @@ TEST_F(PracticeServerTest, SaysWhatTheTranscriptSays) {
     }
     for (const auto& [name, connection] : connections) {
       for (const std::string& message : Heard(connection)) {
-        said += who == "skip" ? "" : std::string(kHeard) + name + " < " + message + '\n';
+        if (who != "skip") {
+          said.append(kHeard).append(name).append(" < ").append(message).append("\n");
+        }
       }
     }
   }
